@@ -1,0 +1,85 @@
+// The one Model object: every table of the system in one place, passed by reference to each
+// routine that needs it. No globals anywhere, so two models can live side by side.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "model/network.h"
+#include "model/settings.h"
+#include "model/units.h"
+
+namespace karvane {
+
+inline constexpr std::uint8_t Yes255 = 255;
+inline constexpr std::uint8_t No0 = 0;
+
+// One line of the network error list: the airway's lasting number and the fault's text.
+struct NetworkError {
+    std::int32_t AirwayNo = 0;
+    std::string Text;
+};
+
+struct Model {
+    // Airway table, rows 1..AirwayCount in use; row 0 unused (the display keeps the rotation
+    // centre in its own row 0).
+    std::vector<Airway> Airways;
+    std::int32_t AirwayCount = 0;
+
+    // Level list, rows 1..250; [0] unused.
+    std::vector<LevelRecord> Levels;
+    std::int32_t CurrentRLMin = 0;
+    std::int32_t CurrentRLMax = 0;
+
+    // Layers: PrimaryLayers(1..16), SecondaryLayers(1..48); [0] unused.
+    std::vector<LayerRecord> PrimaryLayers;
+    std::vector<LayerRecord> SecondaryLayers;
+
+    // Floating text slots 1..MaxText; [0] unused.
+    std::vector<FloatingText> FloatingTexts;
+
+    // Saved view slots 0..110.
+    std::vector<SavedView> SavedViews;
+
+    // Fan database rows 1..MaxFans; [0] unused.
+    std::vector<FanRecord> Fans;
+    std::int32_t FanStamp = 0;
+    std::uint8_t FansSaved = Yes255;
+
+    Settings Set;     // the settings record in memory
+    Presets Preset;   // WallNames/WallPreset, ResNames/ResPreset, ShockNames/ShockPreset
+    UnitTable Units;  // the unit table
+
+    // Network-wide values.
+    std::string FileName;
+    std::string FileComment;
+    std::string FileNote;
+    bool MasterFile = false;
+    std::uint8_t NetworkSaved = Yes255;
+    std::uint8_t DefaultsSaved = Yes255;
+    std::int16_t SgnX = 1;
+    std::int16_t SgnY = 1;
+    std::int32_t FirstLoadRow = 1;
+
+    // Run state of the simulations.
+    std::int16_t SimMode = 0;
+    std::int16_t SimFail = 0;
+    std::uint8_t StopFlag = 255;
+    std::int16_t SimValid = 0;
+    std::int16_t GasActive = 0;
+
+    // The network error list (shown by the error window of a run).
+    std::vector<NetworkError> ErrorList;
+
+    // Recent files 1..9; [0] unused.
+    std::vector<std::string> RecentFiles = std::vector<std::string>(RecentFileCount + 1);
+
+    // Whether a view window is open: a save needs one (the command line counts as one).
+    bool ViewWindowOpen = true;
+
+    Model();
+};
+
+} // namespace karvane
