@@ -23,7 +23,8 @@ std::string ExecutableFolder() {
 }
 
 ConsoleUserInterface::ConsoleUserInterface(std::ostream& err, std::string appPath)
-    : err_(err), appPath_(appPath.empty() ? ExecutableFolder() : std::move(appPath)) {
+    : err_(err),
+      appPath_(appPath.empty() ? ExecutableFolder() : std::move(appPath)) {
     while (appPath_.size() > 1 && appPath_.back() == '/') appPath_.pop_back();
 }
 
@@ -108,8 +109,8 @@ std::optional<std::string> ConsoleUserInterface::NextPath(const char* kind, cons
         FilePaths.pop_front();
     }
     Transcript.push_back({kind, request.Title, request.Filter, result ? *result : "Cancel"});
-    Print(OneLine(request.Title.empty() ? std::string(kind) + " file" : request.Title, request.Filter) +
-          " -> " + (result ? *result : std::string("Cancel")));
+    Print(OneLine(request.Title.empty() ? std::string(kind) + " file" : request.Title, request.Filter) + " -> " +
+          (result ? *result : std::string("Cancel")));
     return result;
 }
 
@@ -121,8 +122,8 @@ std::optional<std::string> ConsoleUserInterface::SaveFileDialog(const FileDialog
     return NextPath("Save", request);
 }
 
-std::string ConsoleUserInterface::GetSetting(const std::string& app, const std::string& section,
-                                             const std::string& key, const std::string& defaultValue) {
+std::string ConsoleUserInterface::GetSetting(const std::string& app, const std::string& section, const std::string& key,
+                                             const std::string& defaultValue) {
     auto it = store_.find(app + '\n' + section + '\n' + key);
     return it == store_.end() ? defaultValue : it->second;
 }

@@ -16,7 +16,7 @@ namespace karvane::ui {
 
 // One thing that reached the user, kept so that a front end can report it (e.g. as JSON).
 struct ConsoleEntry {
-    std::string Kind;   // "Message", "Ask", "Input", "Notice", "Open", "Save"
+    std::string Kind; // "Message", "Ask", "Input", "Notice", "Open", "Save"
     std::string Title;
     std::string Text;
     std::string Answer; // "Yes", "No", "OK", "Cancel", the text given to an input; empty for a message
