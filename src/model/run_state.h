@@ -1,0 +1,77 @@
+// The work columns of an airflow run: node numbers, the spanning forest, the mesh lists, the
+// working fan curves and the neighbour lists that the contaminant simulations read afterwards.
+// Allocated once at the full capacity of the airway table, so that a run allocates nothing.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+#include "model/network.h"
+
+namespace karvane {
+
+// Capacities of the mesh store and the neighbour lists (signed 16-bit row numbers throughout).
+inline constexpr std::int32_t MeshListCapacity = 20 * MaxAirways; // MeshList(1..)
+inline constexpr std::int32_t MeshCapacity = MaxAirways / 2;      // MeshStart(1..)
+inline constexpr std::int32_t NodeLinkCapacity = 4 * MaxAirways;  // NodeLinkList(1..)
+// The fan database never holds more than this many rows ("Max Number of Fan Types (1000)").
+inline constexpr std::int32_t FanSlotCapacity = 1000;
+
+// One slot of the working curve table: a curve of the fan database scaled for the number of
+// fans on the airways that share it. Points 1..11; [0] unused.
+struct WorkFanCurve {
+    std::int16_t FanNumber = 0;
+    std::int32_t Code = 0; // 100 x flow multiplier + pressure multiplier
+    std::array<float, FanPoints + 1> Q{};       // WorkFanQ(s, p)
+    std::array<float, FanPoints + 1> PStatic{}; // WorkFanP(s, p, 1)
+    std::array<float, FanPoints + 1> PTotal{};  // WorkFanP(s, p, 2)
+};
+
+// Positions of one airway's ranges in NodeLinkList.
+enum NodeLinkEnd { UpFirst = 0, UpLast = 1, DownFirst = 2, DownLast = 3 };
+
+struct RunState {
+    // Per airway, rows 1..MaxAirways ([0] unused).
+    std::vector<std::int16_t> EntryNodeNo; // node of the From end; negative for a chord
+    std::vector<std::int16_t> ExitNodeNo;  // node of the To end; negative for a fixed chord
+    std::vector<float> FanLink;            // working curve slot, -1, 0; the operating pressure after balancing
+    std::vector<float> Work;               // mesh weight; chord flows and closing pressures while balancing
+    std::vector<std::int16_t> SortOrder;   // positions 1..N: rows by descending weight
+
+    // Per node, 1..NumNodes ([0] unused).
+    std::int32_t NumNodes = 0;
+    std::vector<std::int16_t> NodeParent; // signed airway one step towards the root; 0 at a root
+    std::vector<std::int16_t> NodeComp;   // tree of the node; 0 not yet in a tree
+
+    // Meshes: mesh m holds MeshList(MeshStart(m) .. MeshStart(m + 1) - 1).
+    std::int16_t NumMeshes = 0;
+    std::vector<std::int32_t> MeshStart; // 1..NumMeshes + 1
+    std::vector<std::int16_t> MeshList;  // signed rows; a negative first entry marks a fixed mesh
+
+    // Working fan curves, slots 1..WorkFanCount.
+    std::int32_t WorkFanCount = 0;
+    std::vector<WorkFanCurve> WorkFans;
+
+    // Neighbour lists, for the contaminant simulations and simplification. NodeLinkList holds
+    // every upstream range before every downstream range; NodeLink(4 x row + end) is the first
+    // or last position of a range (last = first - 1 for an empty range).
+    std::vector<std::int16_t> NodeLinkList; // 1..
+    std::vector<std::int32_t> NodeLink;     // 4 per row
+    bool NeighboursValid = false;
+
+    // Scratch arrays of the engine's own methods, sized with the rest so that no stage
+    // allocates: set links and labels of the forest, mesh marks, row orders and a queue.
+    std::vector<std::int32_t> ScratchA, ScratchB, ScratchC, ScratchD;
+    std::vector<std::int64_t> ScratchQueue;
+
+    RunState()
+        : EntryNodeNo(MaxAirways + 1), ExitNodeNo(MaxAirways + 1), FanLink(MaxAirways + 1), Work(MaxAirways + 1),
+          SortOrder(MaxAirways + 1), NodeParent(MaxAirways + 2), NodeComp(MaxAirways + 2),
+          MeshStart(MeshCapacity + 2), MeshList(MeshListCapacity + 1), WorkFans(FanSlotCapacity + 1),
+          NodeLinkList(NodeLinkCapacity + 1), NodeLink(4 * (MaxAirways + 1)), ScratchA(MaxAirways + 2),
+          ScratchB(MaxAirways + 2), ScratchC(MaxAirways + 2), ScratchD(MaxAirways + 2),
+          ScratchQueue(MaxAirways + 2) {}
+};
+
+} // namespace karvane
