@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/network.h"
+#include "model/run_state.h"
 #include "model/settings.h"
 #include "model/units.h"
 
@@ -69,6 +70,10 @@ struct Model {
     std::uint8_t StopFlag = 255;
     std::int16_t SimValid = 0;
     std::int16_t GasActive = 0;
+    std::int16_t ShowProgress = 1;  // 1 show the progress window; 0 run silently
+    bool RestrictionFlag = false;   // a troubleshooting run found what it looked for
+    bool AirwaysTurned = false;     // the last run turned airways to match their flow (undo reads it)
+    RunState Run;                   // work columns of the airflow run
 
     // The network error list (shown by the error window of a run).
     std::vector<NetworkError> ErrorList;
