@@ -32,7 +32,9 @@ inline constexpr int RecentFileCount = 9;
 inline constexpr int FanPoints = 11; // points 1..10 stored, 11 = free delivery (computed)
 
 // The one surface key shared by every end at or above the surface: the atmosphere is a node.
-inline constexpr Fixed4 SurfaceKey = 900000000000000LL;
+// Its value is 900000000000000, held like every key with 4 decimals (times kFixedScale), which
+// puts it above every key that a coordinate can make.
+inline constexpr Fixed4 SurfaceKey = 900000000000000LL * kFixedScale;
 
 // Widths of the fixed-width text fields of the airway record.
 inline constexpr std::size_t NameWidth = 40;
