@@ -202,7 +202,7 @@ float ToSingle(double v) {
     return static_cast<float>(v);
 }
 
-void SplitLine(double version, std::string_view text, Fields& fields, char localSep) {
+void SplitFields(double version, std::string_view text, Fields& fields) {
     for (auto& f : fields) f.clear();
     std::size_t field = 1;
     if (version > 2.4) {
@@ -211,15 +211,21 @@ void SplitLine(double version, std::string_view text, Fields& fields, char local
                 ++field;
                 continue;
             }
-            fields[field] += (c == ',' || c == '.') ? localSep : c;
+            fields[field] += c;
         }
         return;
     }
-    // Comma-separated items; an item in quotes keeps its commas and loses its quotes.
-    std::size_t i = 0, n = text.size();
-    while (i <= n && field <= 100) {
+    // Comma-separated items; an item in quotes keeps its commas and loses its quotes. The
+    // 100th item takes the rest of the line as it stands.
+    std::size_t i = 0;
+    const std::size_t n = text.size();
+    for (;;) {
+        if (field == 100) {
+            fields[field] = std::string(text.substr(i));
+            break;
+        }
         std::string item;
-        while (i < n && (text[i] == ' ')) ++i;
+        while (i < n && text[i] == ' ') ++i;
         if (i < n && text[i] == '"') {
             ++i;
             while (i < n && text[i] != '"') item += text[i++];
@@ -228,15 +234,21 @@ void SplitLine(double version, std::string_view text, Fields& fields, char local
         } else {
             while (i < n && text[i] != ',') item += text[i++];
         }
-        if (localSep != '.')
-            for (char& c : item)
-                if (c == '.') c = localSep;
-        fields[field] = item;
+        fields[field] = std::move(item);
         if (i >= n) break;
         ++i; // past the comma
         ++field;
     }
     if (fields[field].size() > 30) fields[field].resize(30);
+}
+
+void SplitLine(double version, std::string_view text, Fields& fields, char localSep) {
+    SplitFields(version, text, fields);
+    for (auto& f : fields) {
+        for (char& c : f) {
+            if (version > 2.4 ? (c == ',' || c == '.') : (c == '.' && localSep != '.')) c = localSep;
+        }
+    }
 }
 
 } // namespace karvane::files

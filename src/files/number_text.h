@@ -57,6 +57,9 @@ using Fields = std::array<std::string, 101>;
 // line is cut at commas, the last field is held to 30 characters, and in each field a "."
 // becomes the local separator when that is not ".".
 void SplitLine(double version, std::string_view text, Fields& fields, char localSep);
+// The same cut into fields with every byte kept: no separator is replaced, so that names keep
+// their commas and full stops. Numbers read through ParseNumber accept either separator.
+void SplitFields(double version, std::string_view text, Fields& fields);
 
 // The decimal separator as the plain text of 1.2 shows it: its second character.
 inline char LocalSeparator(char machineSeparator) { return machineSeparator; }

@@ -83,6 +83,7 @@ int TextFileWriter::Open(const std::string& path) {
         file_ = nullptr;
     }
     failed_ = false;
+    failErrno_ = 0;
     if (path.empty()) return err::FileNotFound;
     if (!FolderExists(path)) return err::PathNotFound;
     std::error_code ec;
@@ -97,7 +98,10 @@ int TextFileWriter::Open(const std::string& path) {
 
 void TextFileWriter::Write(std::string_view text) {
     if (!file_ || failed_) return;
-    if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) failed_ = true;
+    if (std::fwrite(text.data(), 1, text.size(), file_) != text.size()) {
+        failed_ = true;
+        failErrno_ = errno;
+    }
 }
 
 void TextFileWriter::WriteLine(std::string_view line) {
@@ -107,9 +111,13 @@ void TextFileWriter::WriteLine(std::string_view line) {
 
 int TextFileWriter::Commit() {
     if (!file_) return err::BadFileMode;
-    bool bad = failed_ || std::fflush(file_) != 0 || std::ferror(file_) != 0;
-    int code = bad ? (errno == ENOSPC ? err::DiskFull : err::DeviceIo) : err::None;
-    std::fclose(file_);
+    bool bad = failed_;
+    if (!bad && (std::fflush(file_) != 0 || std::ferror(file_) != 0)) {
+        bad = true;
+        failErrno_ = errno;
+    }
+    int code = bad ? (failErrno_ == ENOSPC ? err::DiskFull : err::DeviceIo) : err::None;
+    if (std::fclose(file_) != 0 && code == err::None) code = errno == ENOSPC ? err::DiskFull : err::DeviceIo;
     file_ = nullptr;
     if (code != err::None) {
         std::remove(temp_.c_str());

@@ -3,6 +3,7 @@
 // over the target only when complete, so a failed save never destroys the file that was there.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <string>
@@ -43,6 +44,17 @@ public:
     bool AtEnd() const { return pos_ >= data_.size(); }
     std::size_t LineNumber() const { return lineNo_; }
 
+    // A place in the text, to come back to when a step of a reader is tried again.
+    struct Mark {
+        std::size_t Pos = 0;
+        std::size_t LineNo = 0;
+    };
+    Mark Tell() const { return {pos_, lineNo_}; }
+    void Seek(const Mark& mark) {
+        pos_ = std::min(mark.Pos, data_.size());
+        lineNo_ = mark.LineNo;
+    }
+
 private:
     std::string data_;
     std::size_t pos_ = 0;
@@ -71,6 +83,7 @@ private:
     std::string target_;
     std::string temp_;
     bool failed_ = false;
+    int failErrno_ = 0; // errno of the first failed write
 };
 
 // The bytes of a file, or an error code.
