@@ -42,7 +42,10 @@ public:
     // A notice that needs no answer and closes by itself after ms milliseconds.
     virtual void Notice(const std::string& text, int ms) = 0;
 
-    // Progress of a long run.
+    // Progress of a long run: the progress window opens, shows its caption, bar and labels,
+    // and closes at the end of the run.
+    virtual void ProgressOpen() {}
+    virtual void ProgressClose() {}
     virtual void ProgressCaption(const std::string& /*caption*/) {}
     virtual void ProgressPercent(int /*percent*/) {}
     virtual void ProgressAttempt(const std::string& /*text*/) {}
