@@ -14,6 +14,9 @@
 
 namespace karvane {
 
+// The bare program name: the title of a new network's window and of plain message boxes.
+inline constexpr const char* ProgramName = "Karvane";
+
 inline constexpr std::uint8_t Yes255 = 255;
 inline constexpr std::uint8_t No0 = 0;
 
@@ -54,6 +57,7 @@ struct Model {
     UnitTable Units;  // the unit table
 
     // Network-wide values.
+    std::string WindowTitle = ProgramName; // the main window's title bar
     std::string FileName;
     std::string FileComment;
     std::string FileNote;

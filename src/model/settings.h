@@ -59,8 +59,9 @@ struct Settings {
     std::array<std::int16_t, FontCount + 1> FontBold{};
     std::array<std::int16_t, FontCount + 1> FontSize{0, 6, 6, 6, 6};
     // 46..59: IconSize(k), IconScaled(k) in the file order k = 0, 1, 4, 3, 2, 6, 5.
-    std::array<std::int16_t, IconCount> IconSize{};
-    std::array<std::int16_t, IconCount> IconScaled{};
+    // k: 0 lines, 1 arrows, 2 smoke, 3 fans, 4 nodes, 5 obstruction, 6 bulkhead; all scaled.
+    std::array<std::int16_t, IconCount> IconSize{1, 2, 5, 5, 5, 5, 5};
+    std::array<std::int16_t, IconCount> IconScaled{1, 1, 1, 1, 1, 1, 1};
     // 60..67
     std::array<std::int32_t, ColourCount> Colours{Rgb(0, 255, 0),   Rgb(255, 0, 0),     Rgb(0, 255, 255),
                                                   Rgb(0, 0, 0),     Rgb(255, 255, 255), Rgb(255, 255, 0),

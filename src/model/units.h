@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 namespace karvane {
 
@@ -27,5 +28,26 @@ struct UnitTable {
     std::array<std::string, 6> Headings{}; // row 0: the six column headings of the file
     std::array<UnitRow, UnitClassCount + 1> Rows{}; // classes 1..15, [0] unused
 };
+
+struct Model;
+
+// The built-in table: SI factors 1, the British factors as Singles, the labels and formats of
+// both systems; class names and headings empty (they come only from Conversion.dat).
+void SetBuiltInUnits(UnitTable& units);
+
+// The unit class of a data type of the views; 0 when the type has none.
+int DataUnit(int dataType);
+
+// A stored SI value in the current unit system (UnitSys 2 British, anything else SI), rounded
+// to a Single. Class 0 or a class outside the table leaves the value as it is.
+float ToDisplay(const Model& model, double value, int unitClass);
+
+// A typed entry back to SI: its leading number divided by the factor of the class. An empty or
+// non-numeric entry is 0; a factor of 0 (a damaged table) leaves the entry undivided.
+double FromDisplay(const Model& model, std::string_view text, int unitClass);
+
+// The label and the number format of a class in the current unit system; empty for class 0.
+const std::string& UnitLabel(const Model& model, int unitClass);
+const std::string& UnitFormat(const Model& model, int unitClass);
 
 } // namespace karvane
