@@ -1,0 +1,240 @@
+// Node keys from coordinates, the sort of the airway table by keys, and the duplicate and
+// zero-length checks. The sort works on an index of keys and then moves each row once, so a
+// network of 30,000 airways sorts in n log n with no copy of the table.
+#include "model/node_keys.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace karvane {
+
+namespace {
+
+// One term of the packing: the shifted value of a negative coordinate, its absolute value,
+// modulo the term's period.
+std::int64_t Wrapped(std::int32_t value, std::int64_t shift, std::int64_t period) {
+    std::int64_t v = value;
+    if (v < 0) v += shift;
+    if (v < 0) v = -v;
+    return v % period;
+}
+
+bool SameKeys(const Airway& a, const Airway& b) { return a.EntryKey == b.EntryKey && a.ExitKey == b.ExitKey; }
+
+// Removes the marked rows 1..AirwayCount: the others close up in order, the freed rows at the
+// end are cleared, and AirwayCount falls.
+void RemoveMarkedRows(Model& model, const std::vector<std::uint8_t>& marked) {
+    const std::int32_t n = CheckedAirwayCount(model);
+    std::int32_t write = 0;
+    for (std::int32_t read = 1; read <= n; ++read) {
+        if (marked[read]) continue;
+        ++write;
+        if (write != read) model.Airways[write] = std::move(model.Airways[read]);
+    }
+    for (std::int32_t row = write + 1; row <= n; ++row) model.Airways[row] = Airway{};
+    model.AirwayCount = write;
+}
+
+// The answer to one of the deletion questions; the duplicate search asks nothing and keeps
+// every row.
+bool AgreesToDelete(const Model& model, ui::UserInterface& ui, const char* text, const char* title) {
+    if (model.SimMode == 4) return false;
+    return ui.Ask(text, title, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
+}
+
+} // namespace
+
+std::int32_t CheckedAirwayCount(const Model& model) {
+    const auto rows = static_cast<std::int32_t>(model.Airways.size()) - 1;
+    return std::clamp<std::int32_t>(model.AirwayCount, 0, std::min(rows, MaxAirways));
+}
+
+Fixed4 NodeKey(std::int32_t x, std::int32_t y, std::int32_t z) {
+    // Level part times 10^10, Y part times 10^4, X part over 100; in units of 0.0001.
+    const Fixed4 level = Wrapped(z, 9999, 10000) * 100000000000000LL;
+    const Fixed4 north = Wrapped(y, 99999, 1000000) * 100000000LL;
+    const Fixed4 east = Wrapped(x, 9999, 1000000) * 100LL;
+    return level + north + east;
+}
+
+std::int32_t SurfaceLevel(const Model& model) {
+    return model.Levels.size() > 1 ? model.Levels[1].RLMin : 0;
+}
+
+Fixed4 EndKey(const Model& model, std::int32_t x, std::int32_t y, std::int32_t z, bool forcedToSurface) {
+    if (forcedToSurface || z >= SurfaceLevel(model)) return SurfaceKey;
+    const Fixed4 key = NodeKey(x, y, z);
+    return key == 0 ? OriginKey : key;
+}
+
+void ReportAirwayFault(Model& model, std::int32_t row, const char* line, const char* comment) {
+    Airway& a = model.Airways[row];
+    model.ErrorList.push_back({a.AirwayNo, line});
+    a.Comment = FitText(comment, CommentWidth);
+    a.BranchCode |= bc::ErrorMark;
+}
+
+void BuildNodeKeys(Model& model, ui::UserInterface& ui) {
+    const std::int32_t n = CheckedAirwayCount(model);
+    const std::int32_t surface = SurfaceLevel(model);
+    std::vector<std::uint8_t> blank(static_cast<std::size_t>(n) + 1, 0);
+    bool anyBlank = false;
+    bool bothOnSurface = false;
+
+    for (std::int32_t row = 1; row <= n; ++row) {
+        Airway& a = model.Airways[row];
+        a.EntryKey = NodeKey(a.X1, a.Y1, a.Z1);
+        a.ExitKey = NodeKey(a.X2, a.Y2, a.Z2);
+        if (a.BranchCode == 0 && a.EntryKey == 0 && a.ExitKey == 0) {
+            // A cleared row goes whatever the surface level, never reported as a surface
+            // airway when the surface lies at or below the origin.
+            blank[row] = 1;
+            anyBlank = true;
+            continue;
+        }
+        if (a.Z1 >= surface || a.Has(bc::EntryAtSurface)) a.EntryKey = SurfaceKey;
+        if (a.Z2 >= surface || a.Has(bc::ExitAtSurface)) a.ExitKey = SurfaceKey;
+
+        if (a.EntryKey == 0 || a.ExitKey == 0) {
+            // A key of 0 marks an empty row. A live airway (one with a shape, so BranchCode
+            // is never 0) standing at a point that packs to 0 keeps its place under OriginKey.
+            if (a.BranchCode == 0) {
+                blank[row] = 1;
+                anyBlank = true;
+                continue;
+            }
+            if (a.EntryKey == 0) a.EntryKey = OriginKey;
+            if (a.ExitKey == 0) a.ExitKey = OriginKey;
+        }
+
+        if (static_cast<double>(a.Resistance) >= static_cast<double>(model.Set.BlockedRes)) a.Quantity = 0;
+
+        if (a.AirwayNo == 0) {
+            ++model.Set.LastAirwayNo;
+            a.AirwayNo = model.Set.LastAirwayNo;
+        }
+
+        // Reported once the row has its number, so that the list line leads to the airway.
+        if (a.EntryKey == SurfaceKey && a.ExitKey == SurfaceKey) {
+            ReportAirwayFault(model, row, "both ends on surface", "ends on surface");
+            model.SimFail = 1;
+            bothOnSurface = true;
+        }
+    }
+
+    if (anyBlank) RemoveMarkedRows(model, blank);
+
+    if (bothOnSurface) {
+        ui.Message("Karvane has detected that one or more of your airways has both ends on or above the surface\n\n"
+                   "Please check your surface RL values or the airway data as the network will not simulate "
+                   "properly with the current settings.",
+                   ProgramName, ui::Icon::None);
+    }
+}
+
+void SortAirwayRows(Model& model) {
+    const std::int32_t n = CheckedAirwayCount(model);
+    if (n < 2) return;
+    auto& rows = model.Airways;
+    const auto before = [](const Airway& a, const Airway& b) {
+        if (a.EntryKey != b.EntryKey) return a.EntryKey > b.EntryKey;
+        return a.ExitKey > b.ExitKey;
+    };
+    if (std::is_sorted(rows.begin() + 1, rows.begin() + n + 1, before)) return;
+
+    struct Keyed {
+        Fixed4 Entry;
+        Fixed4 Exit;
+        std::int32_t Row;
+    };
+    std::vector<Keyed> order(static_cast<std::size_t>(n));
+    for (std::int32_t row = 1; row <= n; ++row) order[row - 1] = {rows[row].EntryKey, rows[row].ExitKey, row};
+    std::stable_sort(order.begin(), order.end(), [](const Keyed& a, const Keyed& b) {
+        if (a.Entry != b.Entry) return a.Entry > b.Entry;
+        return a.Exit > b.Exit;
+    });
+
+    // Position p takes the row that stood at order[p - 1].Row. Follow each cycle of the
+    // permutation, so that every row is moved once.
+    std::vector<std::uint8_t> placed(static_cast<std::size_t>(n) + 1, 0);
+    for (std::int32_t start = 1; start <= n; ++start) {
+        if (placed[start]) continue;
+        if (order[start - 1].Row == start) {
+            placed[start] = 1;
+            continue;
+        }
+        Airway held = std::move(rows[start]);
+        std::int32_t to = start;
+        for (;;) {
+            placed[to] = 1;
+            const std::int32_t from = order[to - 1].Row;
+            if (from == start) {
+                rows[to] = std::move(held);
+                break;
+            }
+            rows[to] = std::move(rows[from]);
+            to = from;
+        }
+    }
+}
+
+void CheckDuplicates(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh) {
+    std::int32_t n = CheckedAirwayCount(model);
+    std::vector<std::uint8_t> doomed(static_cast<std::size_t>(n) + 1, 0);
+
+    // Duplicates stand next to each other in key order. Of each run of equal rows the last
+    // one stays.
+    bool asked = false;
+    bool remove = false;
+    for (std::int32_t row = 1; row < n; ++row) {
+        if (!SameKeys(model.Airways[row], model.Airways[row + 1])) continue;
+        if (!asked) {
+            asked = true;
+            remove = AgreesToDelete(model, ui, "Duplicate branches exist - delete them ?", "Duplicate branches");
+            if (!remove) model.SimFail = 1;
+        }
+        if (remove) {
+            doomed[row] = 1;
+        } else {
+            ReportAirwayFault(model, row, "Duplicate airway", "Duplicate branch");
+        }
+    }
+    if (remove) RemoveMarkedRows(model, doomed);
+
+    // An airway whose two ends are one node has no length (the surface node excepted: an
+    // airway with both ends there was reported when the keys were built).
+    n = CheckedAirwayCount(model);
+    std::fill(doomed.begin(), doomed.end(), std::uint8_t{0});
+    asked = false;
+    remove = false;
+    for (std::int32_t row = 1; row <= n; ++row) {
+        const Airway& a = model.Airways[row];
+        if (a.EntryKey != a.ExitKey || a.EntryKey == SurfaceKey || a.EntryKey == 0) continue;
+        if (!asked) {
+            asked = true;
+            remove = AgreesToDelete(model, ui, "Branches with identical start/end points detected - delete them ?",
+                                    "Zero length branches");
+            if (!remove) model.SimFail = 1;
+        }
+        if (remove) {
+            doomed[row] = 1;
+        } else {
+            ReportAirwayFault(model, row, "Same start/end", "Same start/end");
+        }
+    }
+    if (remove) RemoveMarkedRows(model, doomed);
+
+    if (refresh) refresh(model);
+}
+
+void SortAirways(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh) {
+    if (CheckedAirwayCount(model) < 2) {
+        ui.Message("No Data to sort", ProgramName, ui::Icon::Information);
+        return;
+    }
+    SortAirwayRows(model);
+    CheckDuplicates(model, ui, refresh);
+    SortAirwayRows(model);
+}
+
+} // namespace karvane
