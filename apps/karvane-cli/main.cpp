@@ -1,10 +1,13 @@
-// karvane-cli: the batch command line of Karvane.
-#include <CLI/CLI.hpp>
-#include <iostream>
+// karvane-cli: the batch command line of Karvane. Messages of the program go to standard error,
+// one per line as "title: text"; results go to standard output.
+#include "command_line.h"
+#include "commands.h"
 
 int main(int argc, char** argv) {
-    CLI::App app{"Karvane - mine ventilation network simulation, command line"};
-    app.set_version_flag("--version", std::string("karvane-cli ") + KARVANE_VERSION);
-    CLI11_PARSE(app, argc, argv);
-    return 0;
+    using namespace karvane::cli;
+    CommandLine cl;
+    AddInfoCommand(cl);
+    AddConvertCommand(cl);
+    AddGenerateCommand(cl);
+    return cl.Run(argc, argv);
 }

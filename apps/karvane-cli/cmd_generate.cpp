@@ -1,0 +1,50 @@
+// generate OUT [--airways N] [--seed S] [--levels L] ...: writes a synthetic mine, the same
+// for the same seed and size, for trials, benchmarks and demonstrations.
+#include <memory>
+
+#include "bench/mine_generator.h"
+#include "commands.h"
+#include "session.h"
+
+namespace karvane::cli {
+
+namespace {
+
+struct GenerateOptions {
+    std::string Out;
+    minegen::MineSpec Spec;
+    std::string Comment;
+};
+
+} // namespace
+
+void AddGenerateCommand(CommandLine& cl) {
+    auto o = std::make_shared<GenerateOptions>();
+    CLI::App* sub = cl.Add("generate", "Write a synthetic mine (the same one for the same seed and size)", [&cl, o] {
+        Session s(cl);
+        if (!s.ok()) return ExitUsage;
+        s.StartProgram();
+        minegen::GenerateMine(s.model(), o->Spec);
+        if (!o->Comment.empty()) s.model().FileComment = o->Comment;
+        return s.Save(o->Out) ? ExitOk : ExitFailure;
+    });
+    sub->add_option("OUT", o->Out, "Network file to write")->required();
+    // A file of more rows than MaxAirways - 2 could not be read back whole.
+    sub->add_option("--airways", o->Spec.Airways, "Number of airways (20 to 29998, default 1000)")
+        ->check(CLI::Range(minegen::MinAirways, MaxAirways - 2));
+    sub->add_option("--seed", o->Spec.Seed, "Seed of the layout (default 1)");
+    sub->add_option("--levels", o->Spec.Levels, "Levels below the surface (default: by size)")
+        ->check(CLI::Range(1, 40));
+    sub->add_option("--intake-shafts", o->Spec.IntakeShafts, "Intake shafts (default: by size)")
+        ->check(CLI::Range(1, 6));
+    sub->add_option("--exhaust-shafts", o->Spec.ExhaustShafts,
+                    "Exhaust shafts, each with a main fan (default: by size)")
+        ->check(CLI::Range(1, 8));
+    sub->add_option("--boosters", o->Spec.Boosters, "Booster fans in the deepest exhaust accesses (default 0)")
+        ->check(CLI::Range(0, 40));
+    sub->add_option("--doors", o->Spec.Doors, "Doors in crosscuts (default: about one crosscut in 200)")
+        ->check(CLI::NonNegativeNumber);
+    sub->add_option("--comment", o->Comment, "Comment of the file (default: a description of the mine)");
+}
+
+} // namespace karvane::cli

@@ -1,0 +1,14 @@
+// The subcommands of karvane-cli. Each lives in its own file and adds itself to the command
+// line; main.cpp calls every Add... function below. A new subcommand: write cmd_NAME.cpp with
+// its Add function, declare it here and call it from main.cpp.
+#pragma once
+
+#include "command_line.h"
+
+namespace karvane::cli {
+
+void AddInfoCommand(CommandLine& cl);     // info FILE [--json]
+void AddConvertCommand(CommandLine& cl);  // convert IN OUT
+void AddGenerateCommand(CommandLine& cl); // generate OUT [--airways N] [--seed S] [--levels L] ...
+
+} // namespace karvane::cli

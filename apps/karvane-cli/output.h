@@ -1,0 +1,26 @@
+// What commands print: texts of the network (8-bit, Windows-1252 unless they already are
+// UTF-8) made fit for a terminal and for JSON, single-precision values in their shortest form,
+// and the messages a command met.
+#pragma once
+
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "ui/console_ui.h"
+
+namespace karvane::cli {
+
+// A text of a network file as UTF-8: kept as it is when it is valid UTF-8 already, otherwise
+// read as Windows-1252.
+std::string ToUtf8(const std::string& text);
+
+// A single-precision value as the JSON number of its shortest text (1.2f gives 1.2).
+nlohmann::json JsonSingle(float value);
+
+// The shortest text of a single-precision value ("1.2", "99999", "1e+09").
+std::string SingleText(float value);
+
+// Every message, question and answer of a command: [{"kind", "title", "text", "answer"}].
+nlohmann::json MessagesJson(const ui::ConsoleUserInterface& ui);
+
+} // namespace karvane::cli
