@@ -1,0 +1,277 @@
+// Values of airways and nodes as text, by data type, with the decorations that mark fans,
+// fixed airways and parallel airways.
+#include "display/data_format.h"
+
+#include <cmath>
+
+#include "engineering/resistance.h"
+#include "model/number_format.h"
+#include "model/units.h"
+#include "simulate/fan_model.h"
+
+namespace karvane::display {
+
+namespace {
+
+constexpr const char* kFullPrecision = "0.0########";
+constexpr double kGravity = 9.81;
+constexpr double kHoursPerYear = 24.0 * 365.0;
+// Seconds of a day as the spread times are shown.
+constexpr double kSpreadDay = 86404.0;
+
+std::string Whole(std::int64_t v) { return std::to_string(v); }
+
+// Through the 4-decimal fixed-point type, as costs are held.
+double Currency(double v) {
+    if (!std::isfinite(v) || std::fabs(v) > 9e14) return v;
+    return std::nearbyint(v * static_cast<double>(kFixedScale)) / static_cast<double>(kFixedScale);
+}
+
+const FanRecord* FanOfAirway(const Model& model, const Airway& a) {
+    if (a.FanNumber <= 0) return nullptr;
+    return simulate::FanOf(model, a.FanNumber);
+}
+
+// Pressure of a fan's curve point, times the number of fans when they stand in series.
+double FanPointPressure(const Airway& a, const FanRecord& fan, int point) {
+    double p = fan.FanPStatic[static_cast<std::size_t>(point)];
+    if (a.Has(bc::FansInSeries)) p *= a.NoOfFans;
+    return p;
+}
+
+std::string ResPresetName(const Model& model, std::int16_t resType) {
+    if (resType < 0 || resType > PresetRows) return {};
+    return model.Preset.ResNames[static_cast<std::size_t>(resType)];
+}
+
+// Air power of a fan or fixed airway and what drives it: the operating pressure with the
+// useful part of the velocity pressure, times the flow.
+struct FanPowerParts {
+    double Drive = 0;      // ((1 - CurveFraction/100) v + p) Q / 1000, kW of air
+    double Efficiency = 0; // percent
+};
+
+bool HasInputPower(const Airway& a) {
+    return a.FanNumber != 0 || (a.Has(bc::FixedFlow) && a.Pressure > 0);
+}
+
+FanPowerParts FanPower(const Model& model, std::int32_t row) {
+    const Airway& a = model.Airways[static_cast<std::size_t>(row)];
+    FanPowerParts parts;
+    parts.Efficiency = simulate::FanEfficiencyAt(model, row);
+    const FanRecord* fan = FanOfAirway(model, a);
+    double p = a.Pressure;
+    if (a.Pressure == StalledFanPressure) p = fan ? fan->FanPStatic[1] : 0.0;
+    if (a.Pressure == NegatedFanPressure) p = 0;
+    const double q = a.Quantity;
+    double v = 0;
+    if (fan && fan->FanDiam > 0) {
+        const double d = fan->FanDiam;
+        const double outlet = Pi * d * d / 4 * a.NoOfFans;
+        if (outlet != 0) v = std::pow(q / outlet, 2) * model.Set.Density / 2;
+    }
+    parts.Drive = ((1 - a.CurveFraction / 100.0) * v + p) * q / 1000;
+    return parts;
+}
+
+std::string Decorate(const Airway& a, std::string text, bool withUnit) {
+    if (!withUnit && a.FanNumber > 0) {
+        std::string fan = "Fan" + Whole(a.FanNumber) + ":";
+        if (a.NoOfFans > 1) fan = Whole(a.NoOfFans) + "x" + fan;
+        text = fan + text;
+    }
+    if (a.FanNumber == -1) text = "FixP " + text;
+    if (a.Has(bc::FixedFlow)) text = "FixQ " + text;
+    if (a.NoAirways > 1) text = "[" + Whole(a.NoAirways) + "] " + text;
+    return text;
+}
+
+} // namespace
+
+std::string FormatValue(const Model& model, double value, int unitClass, bool withUnit, bool fullPrecision,
+                        char decimalSep) {
+    const float shown = ToDisplay(model, value, unitClass);
+    const std::string& format = UnitFormat(model, unitClass);
+    std::string text = FormatNumber(shown, fullPrecision ? std::string_view(kFullPrecision) : std::string_view(format),
+                                    decimalSep);
+    if (withUnit) {
+        const std::string& label = UnitLabel(model, unitClass);
+        if (unitClass == uc::Currency) {
+            text = label + " " + text;
+        } else {
+            text += " " + label;
+        }
+    }
+    return text;
+}
+
+bool IsNodeDataType(int dataType) {
+    return dataType == 26 || dataType == 27 || dataType == 28 || dataType == 37;
+}
+
+double AirwayArea(const Airway& a) {
+    if (a.Has(bc::AreaEntry)) return a.Width;
+    if (a.Has(bc::Rectangular)) return static_cast<double>(a.Width) * a.Height;
+    if (a.Has(bc::Circular)) return static_cast<double>(a.Width) * a.Width / 4 * 3.1415927;
+    return 0;
+}
+
+AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row,
+                                  bool withUnit) {
+    AirwayValueText out;
+    if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return out;
+    if (IsNodeDataType(dataType)) return out;
+    const char sep = ds.DecimalSeparator;
+    auto value = [&](double v, int unitClass) { return FormatValue(model, v, unitClass, withUnit, false, sep); };
+    const Airway& a = model.Airways[static_cast<std::size_t>(row)];
+    const double q = a.Quantity;
+    const double r = a.Resistance;
+    const bool fanOrFixedPressure = a.FanNumber != 0;
+    const FanRecord* fan = FanOfAirway(model, a);
+    std::string& text = out.Text;
+
+    switch (dataType) {
+    case 12:
+        text = value(q, uc::Flow);
+        if (a.Has(bc::InView) && a.ResType != 0 && (ds.View.DisplayOptions & opt::ShowResistance) != 0) {
+            out.ExtraLine = ResPresetName(model, a.ResType);
+        }
+        break;
+    case 13: {
+        const double parallel = a.NoAirways;
+        text = value(q / AirwayArea(a) / parallel, uc::Velocity);
+        break;
+    }
+    case 22:
+        text = value(fanOrFixedPressure ? q * q * r : static_cast<double>(a.FromNodeP) - a.ToNodeP, uc::Pressure);
+        break;
+    case 23:
+        text = value(q * q * FrictionResistance(model, row), uc::Pressure);
+        break;
+    case 24:
+        if (!fanOrFixedPressure && !a.Has(bc::FixedFlow)) break;
+        text = value(a.Pressure, uc::Pressure);
+        if (fan && a.Pressure == StalledFanPressure) {
+            out.ExtraLine = "Stall @" + value(FanPointPressure(a, *fan, 1), uc::Pressure);
+        } else if (fan && a.Pressure == NegatedFanPressure) {
+            out.ExtraLine = "Negate @" + value(FanPointPressure(a, *fan, 10), uc::Pressure);
+        }
+        break;
+    case 25: {
+        double load;
+        if (!fanOrFixedPressure && !a.Has(bc::FixedFlow)) {
+            load = std::fabs((static_cast<double>(a.FromNodeP) - a.ToNodeP) - q * q * FrictionResistance(model, row));
+        } else {
+            load = -static_cast<double>(a.Pressure);
+        }
+        if (std::fabs(load) == 9999) {
+            text = "N/A";
+        } else {
+            text = value(AirwayArea(a) * load / kGravity, uc::Mass);
+        }
+        break;
+    }
+    case 32:
+        text = value(r, uc::Resistance);
+        if (a.ResType != 0) out.ExtraLine = ResPresetName(model, a.ResType);
+        break;
+    case 33:
+        text = value(a.ShockFactor, uc::Length);
+        break;
+    case 34:
+        text = value(a.WallFactor, uc::Friction);
+        break;
+    case 35:
+        if (a.Has(bc::AreaEntry)) {
+            text = "Area " + value(a.Width, uc::Area) + "  P " + value(a.Height, uc::Length);
+        } else if (a.Has(bc::Rectangular)) {
+            text = value(a.Height, uc::Length) + " x " + value(a.Width, uc::Length);
+        } else if (a.Has(bc::Circular)) {
+            text = "Diam " + value(a.Width, uc::Length);
+        }
+        break;
+    case 36:
+        text = value(a.Length, uc::LongLength);
+        break;
+    case 42:
+        text = value(q * q * q * r / 1000, uc::Power);
+        break;
+    case 44:
+        text = value(Currency(q * q * q * r / 1000 * model.Set.PowerCost * kHoursPerYear / model.Set.AirEfficiency),
+                     uc::Currency);
+        break;
+    case 43:
+    case 45: {
+        if (!HasInputPower(a)) break;
+        const FanPowerParts p = FanPower(model, row);
+        if (dataType == 43) {
+            text = value(p.Drive / (p.Efficiency / 100), uc::Power);
+        } else {
+            text = value(Currency(p.Drive * model.Set.PowerCost * kHoursPerYear / (p.Efficiency / 100)), uc::Currency);
+        }
+        break;
+    }
+    case 52:
+        text = Whole(a.AirwayNo);
+        break;
+    case 53:
+        text = Whole(a.PrimaryLayer) + "," + Whole(a.SecondLayer);
+        break;
+    case 54: {
+        auto name = [](const std::vector<LayerRecord>& list, std::int16_t k) -> std::string {
+            if (k < 1 || static_cast<std::size_t>(k) >= list.size()) return {};
+            return list[static_cast<std::size_t>(k)].Name;
+        };
+        text = name(model.PrimaryLayers, a.PrimaryLayer) + "," + name(model.SecondaryLayers, a.SecondLayer);
+        break;
+    }
+    case 55:
+        if (model.GasActive == 1 && a.Gas2 != 0) {
+            text = FormatNumber(a.Gas2 + 0.2, "0", sep);
+        } else if (a.Contaminant != 0) {
+            text = FormatNumber(static_cast<double>(a.Contaminant) + 0.2, "0", sep);
+        }
+        break;
+    case 56: {
+        const float t = ds.Contaminant ? ds.Contaminant->SpreadTime(row) : NeverReached;
+        if (t != NeverReached) text = value(t / kSpreadDay, uc::Time);
+        break;
+    }
+    default:
+        break;
+    }
+    if (!text.empty()) text = Decorate(a, std::move(text), withUnit);
+    return out;
+}
+
+std::string FormatNodeValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row,
+                            AirwayEnd end, bool withUnit) {
+    if (!IsNodeDataType(dataType)) return {};
+    if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return {};
+    const Airway& a = model.Airways[static_cast<std::size_t>(row)];
+    const bool to = end == AirwayEnd::To;
+    const double p = to ? a.ToNodeP : a.FromNodeP;
+    const std::int32_t x = to ? a.X2 : a.X1, y = to ? a.Y2 : a.Y1, z = to ? a.Z2 : a.Z1;
+    const char sep = ds.DecimalSeparator;
+    if (dataType == 37) {
+        return FormatValue(model, x, uc::LongLength, false, false, sep) + "," +
+               FormatValue(model, y, uc::LongLength, false, false, sep) + "," +
+               FormatValue(model, z, uc::LongLength, withUnit, false, sep);
+    }
+    if (static_cast<float>(p) == NodeNotReached) return {};
+    const double absolute = p / 1000 + model.Set.SurfaceBaro;
+    switch (dataType) {
+    case 26:
+        return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
+    case 27:
+        return FormatValue(model, absolute, uc::AbsPressure, withUnit, false, sep);
+    default: {
+        double surfaceRL = model.Set.SurfaceRL;
+        if (surfaceRL == 99999 && model.Airways.size() > 1) surfaceRL = model.Airways[1].Z1;
+        const double barometric = absolute + (surfaceRL - z) * model.Set.Density * kGravity / 1000;
+        return FormatValue(model, barometric, uc::AbsPressure, withUnit, false, sep);
+    }
+    }
+}
+
+} // namespace karvane::display
