@@ -1,0 +1,490 @@
+// The checking stage: duplicate and zero-length questions, node numbers, the connection
+// checks with their exact list lines, and the whole stage against a plain row-by-row version
+// of the same checks on generated networks.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "engineering/resistance.h"
+#include "simulate/validation.h"
+#include "ui/scripted_ui.h"
+
+namespace karvane::simulate {
+namespace {
+
+using ui::Answer;
+
+void PrepareModel(Model& model) {
+    model.Levels[1] = {"SURFACE", 1000, 1000};
+    model.Levels[2] = {"U/Ground", 500, 480};
+    model.Preset.WallPreset[4] = 0.01f;
+}
+
+std::int32_t AddAirway(Model& model, std::int32_t x1, std::int32_t y1, std::int32_t z1, std::int32_t x2,
+                       std::int32_t y2, std::int32_t z2, std::int32_t extraBits = 0) {
+    const std::int32_t row = ++model.AirwayCount;
+    Airway& a = model.Airways[row];
+    a = Airway{};
+    a.X1 = x1, a.Y1 = y1, a.Z1 = z1, a.X2 = x2, a.Y2 = y2, a.Z2 = z2;
+    a.BranchCode = bc::Rectangular | extraBits;
+    a.Height = 4;
+    a.Width = 4;
+    a.WallType = 4;
+    a.BranchName = "A";
+    a.BranchName += std::to_string(row);
+    a.AirwayNo = row;
+    return row;
+}
+
+std::vector<std::string> Lines(const Model& model) {
+    std::vector<std::string> lines;
+    for (const auto& e : model.ErrorList) lines.push_back(ErrorListLine(e));
+    return lines;
+}
+
+std::vector<std::string> Names(const Model& model) {
+    std::vector<std::string> names;
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) names.push_back(model.Airways[row].BranchName);
+    return names;
+}
+
+// ---------------------------------------------------------------------------------------------
+// The checks as a plain row-by-row procedure: a simple stable sort, adjacent duplicates, a
+// binary search per exit that marks the row it lands on, a scan of all rows for each unmarked
+// entry, and a scan of every other row for each forced surface end.
+
+void OracleSort(Model& model) {
+    auto& r = model.Airways;
+    for (std::int32_t i = 2; i <= model.AirwayCount; ++i) {
+        for (std::int32_t j = i; j > 1; --j) {
+            const bool after = r[j - 1].EntryKey < r[j].EntryKey ||
+                               (r[j - 1].EntryKey == r[j].EntryKey && r[j - 1].ExitKey < r[j].ExitKey);
+            if (!after) break;
+            std::swap(r[j - 1], r[j]);
+        }
+    }
+}
+
+void OracleRemove(Model& model, const std::vector<bool>& doomed) {
+    std::vector<Airway> kept;
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+        if (!doomed[row]) kept.push_back(model.Airways[row]);
+    }
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) model.Airways[row] = Airway{};
+    model.AirwayCount = static_cast<std::int32_t>(kept.size());
+    for (std::size_t i = 0; i < kept.size(); ++i) model.Airways[i + 1] = kept[i];
+}
+
+void OracleMark(Model& model, std::int32_t row, const char* line, const char* comment) {
+    model.ErrorList.push_back({model.Airways[row].AirwayNo, line});
+    model.Airways[row].Comment = std::string(comment).substr(0, 12);
+    model.Airways[row].BranchCode |= bc::ErrorMark;
+}
+
+void OracleDuplicates(Model& model, ui::UserInterface& ui) {
+    auto& r = model.Airways;
+    std::vector<bool> doomed(model.AirwayCount + 1);
+    bool asked = false, yes = false;
+    for (std::int32_t i = 1; i <= model.AirwayCount - 1; ++i) {
+        if (r[i].EntryKey != r[i + 1].EntryKey || r[i].ExitKey != r[i + 1].ExitKey) continue;
+        if (!asked) {
+            asked = true;
+            if (model.SimMode != 4) {
+                yes = ui.Ask("Duplicate branches exist - delete them ?", "Duplicate branches", ui::Buttons::YesNo,
+                             ui::Icon::Question) == Answer::Yes;
+            }
+            if (!yes) model.SimFail = 1;
+        }
+        if (yes) doomed[i] = true;
+        else OracleMark(model, i, "Duplicate airway", "Duplicate branch");
+    }
+    OracleRemove(model, doomed);
+    doomed.assign(model.AirwayCount + 1, false);
+    asked = yes = false;
+    for (std::int32_t i = 1; i <= model.AirwayCount; ++i) {
+        if (r[i].EntryKey != r[i].ExitKey || r[i].EntryKey == SurfaceKey || r[i].EntryKey == 0) continue;
+        if (!asked) {
+            asked = true;
+            if (model.SimMode != 4) {
+                yes = ui.Ask("Branches with identical start/end points detected - delete them ?",
+                             "Zero length branches", ui::Buttons::YesNo, ui::Icon::Question) == Answer::Yes;
+            }
+            if (!yes) model.SimFail = 1;
+        }
+        if (yes) doomed[i] = true;
+        else OracleMark(model, i, "Same start/end", "Same start/end");
+    }
+    OracleRemove(model, doomed);
+    RecalcAllAirways(model);
+}
+
+void OracleConnections(Model& model) {
+    auto& r = model.Airways;
+    RunState& run = model.Run;
+    const std::int32_t n = model.AirwayCount;
+    for (std::int32_t i = 1; i <= n; ++i) {
+        r[i].Comment.clear();
+        r[i].BranchCode &= ~bc::ErrorMark;
+    }
+    run.EntryNodeNo[1] = 1;
+    for (std::int32_t i = 2; i <= n; ++i) {
+        run.EntryNodeNo[i] = static_cast<std::int16_t>(run.EntryNodeNo[i - 1] + (r[i].EntryKey != r[i - 1].EntryKey));
+    }
+    run.NumNodes = run.EntryNodeNo[n];
+    std::vector<bool> reached(n + 1);
+    for (std::int32_t i = 1; i <= n; ++i) {
+        std::int32_t lo = 1, hi = n, found = 0;
+        while (lo <= hi) {
+            const std::int32_t mid = (lo + hi) / 2;
+            if (r[mid].EntryKey == r[i].ExitKey) {
+                found = mid;
+                break;
+            }
+            if (r[mid].EntryKey > r[i].ExitKey) lo = mid + 1;
+            else hi = mid - 1;
+        }
+        if (found) {
+            run.ExitNodeNo[i] = run.EntryNodeNo[found];
+            reached[found] = true;
+        } else {
+            run.ExitNodeNo[i] = 0;
+            OracleMark(model, i, "No exit from branch", "No Exit");
+            model.SimFail = 1;
+        }
+    }
+    for (std::int32_t i = 1; i <= n; ++i) {
+        if (reached[i]) continue;
+        bool any = false;
+        for (std::int32_t j = 1; j <= n; ++j) any = any || r[j].ExitKey == r[i].EntryKey;
+        if (!any) {
+            OracleMark(model, i, "No entry into branch", "No Entry");
+            model.SimFail = 1;
+        }
+    }
+    for (int end = 1; end <= 2; ++end) {
+        for (std::int32_t i = 1; i <= n; ++i) {
+            if (!r[i].Has(end == 1 ? bc::EntryAtSurface : bc::ExitAtSurface)) continue;
+            const std::int32_t x = end == 1 ? r[i].X1 : r[i].X2;
+            const std::int32_t y = end == 1 ? r[i].Y1 : r[i].Y2;
+            const std::int32_t z = end == 1 ? r[i].Z1 : r[i].Z2;
+            for (std::int32_t j = 1; j <= n; ++j) {
+                if (j == i) continue;
+                if ((r[j].X1 == x && r[j].Y1 == y && r[j].Z1 == z) || (r[j].X2 == x && r[j].Y2 == y && r[j].Z2 == z)) {
+                    if (end == 1) OracleMark(model, i, "Airway into surface entry", "Bad Entry");
+                    else OracleMark(model, i, "Airway into surface exit", "Bad Exit");
+                    model.SimFail = 1;
+                    break;
+                }
+            }
+        }
+    }
+    for (std::int32_t i = 1; i <= n; ++i) {
+        if (std::abs(r[i].Quantity) > 9994) r[i].Quantity = 0;
+        if (i > 1 && r[i].EntryKey == r[i - 1].EntryKey && r[i].ExitKey == r[i - 1].ExitKey) {
+            OracleMark(model, i, "Duplicate branch", "Error-Duplicate");
+            model.SimFail = 1;
+        }
+    }
+}
+
+// A random mine: a lattice of junctions on a few levels, airways between neighbours in either
+// direction, shafts to the surface, and the faults the checks look for: duplicates (some
+// several times over), reversed twins, dead ends, zero-length airways, forced surface ends on
+// free ends and on junctions, airways at the origin, and sentinel flows.
+void GenerateNetwork(Model& model, std::mt19937& random) {
+    std::uniform_int_distribution<int> pick(0, 99);
+    std::uniform_int_distribution<int> cell(0, 4);
+    const auto level = [](int k) { return 400 - 100 * k; };
+    const int rows = 40 + pick(random) * 3;
+    for (int i = 0; i < rows; ++i) {
+        const int x = cell(random) * 50, y = cell(random) * 50, k = cell(random) % 3;
+        const int kind = pick(random);
+        std::int32_t row;
+        if (kind < 8) {
+            row = AddAirway(model, x, y, 1000, x, y, level(k)); // intake shaft
+        } else if (kind < 16) {
+            row = AddAirway(model, x, y, level(k), x, y, 1000 + pick(random)); // upcast shaft
+        } else if (kind < 20 && model.AirwayCount > 0) {
+            const Airway copy = model.Airways[1 + pick(random) % model.AirwayCount];
+            row = AddAirway(model, 0, 0, 0, 0, 0, 0);
+            const std::string name = model.Airways[row].BranchName;
+            model.Airways[row] = copy;
+            model.Airways[row].BranchName = name;
+            model.Airways[row].AirwayNo = row;
+            if (kind == 19) std::swap(model.Airways[row].X1, model.Airways[row].X2);
+        } else if (kind < 23) {
+            row = AddAirway(model, x, y, level(k), x + 7, y + 3, level(k)); // dead end
+        } else if (kind < 25) {
+            row = AddAirway(model, x, y, level(k), x, y, level(k)); // no length
+        } else if (kind < 28) {
+            const int bit = kind == 25 ? bc::EntryAtSurface : bc::ExitAtSurface;
+            row = AddAirway(model, x, y, level(k), x + 50, y, level(k), bit);
+        } else if (kind < 30) {
+            row = AddAirway(model, 0, 0, 0, x, y, level(k)); // from the origin
+        } else {
+            const bool alongX = pick(random) < 50;
+            const bool reverse = pick(random) < 50;
+            const int x2 = alongX ? x + 50 : x, y2 = alongX ? y : y + 50;
+            row = reverse ? AddAirway(model, x2, y2, level(k), x, y, level(k))
+                          : AddAirway(model, x, y, level(k), x2, y2, level(k));
+        }
+        Airway& a = model.Airways[row];
+        const int q = pick(random);
+        a.Quantity = q < 5 ? 9999.0f : q < 8 ? -9994.5f : q < 10 ? 9994.0f : static_cast<float>(q);
+        if (pick(random) < 20) a.AirwayNo = 0;
+    }
+}
+
+struct Outcome {
+    std::vector<std::string> Names, Lines, Comments, Asked;
+    std::vector<std::int32_t> Codes, ExitNodes, EntryNodes;
+    std::vector<float> Quantities, Resistances;
+    std::int32_t NumNodes = 0;
+    std::int16_t SimFail = 0;
+    bool operator==(const Outcome&) const = default;
+};
+
+Outcome Collect(const Model& model, const ui::ScriptedUserInterface& ui) {
+    Outcome o;
+    o.Names = Names(model);
+    o.Lines = Lines(model);
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+        const Airway& a = model.Airways[row];
+        o.Comments.push_back(a.Comment);
+        o.Codes.push_back(a.BranchCode);
+        o.EntryNodes.push_back(model.Run.EntryNodeNo[row]);
+        o.ExitNodes.push_back(model.Run.ExitNodeNo[row]);
+        o.Quantities.push_back(a.Quantity);
+        o.Resistances.push_back(a.Resistance);
+    }
+    for (const auto& t : ui.Transcript) o.Asked.push_back(t.Title + ": " + t.Text);
+    o.NumNodes = model.Run.NumNodes;
+    o.SimFail = model.SimFail;
+    return o;
+}
+
+TEST(ValidationOracleTest, StageAgreesWithRowByRowChecksOnGeneratedNetworks) {
+    std::mt19937 random(2024);
+    auto fast = std::make_unique<Model>();
+    auto slow = std::make_unique<Model>();
+    for (int round = 0; round < 60; ++round) {
+        *fast = Model{};
+        PrepareModel(*fast);
+        GenerateNetwork(*fast, random);
+        fast->SimMode = round % 10 == 9 ? 4 : 0;
+        ui::ScriptedUserInterface fastUi, slowUi;
+        const Answer first = round % 3 == 0 ? Answer::Yes : Answer::No;
+        const Answer second = round % 4 == 0 ? Answer::Yes : Answer::No;
+        fastUi.Answers = {first, second};
+        slowUi.Answers = {first, second};
+
+        *slow = *fast;
+        const bool passed = CheckNetwork(*fast, fastUi);
+        BuildNodeKeys(*slow, slowUi);
+        OracleSort(*slow);
+        OracleDuplicates(*slow, slowUi);
+        OracleSort(*slow);
+        OracleConnections(*slow);
+
+        const Outcome expected = Collect(*slow, slowUi);
+        const Outcome got = Collect(*fast, fastUi);
+        ASSERT_EQ(got.Names, expected.Names) << "round " << round;
+        ASSERT_EQ(got.Lines, expected.Lines) << "round " << round;
+        ASSERT_EQ(got.Asked, expected.Asked) << "round " << round;
+        ASSERT_TRUE(got == expected) << "round " << round;
+        EXPECT_EQ(passed, expected.SimFail != 1);
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
+
+class ValidationTest : public ::testing::Test {
+protected:
+    Model model;
+    ui::ScriptedUserInterface ui;
+
+    void SetUp() override { PrepareModel(model); }
+
+    std::int32_t Add(std::int32_t x1, std::int32_t y1, std::int32_t z1, std::int32_t x2, std::int32_t y2,
+                     std::int32_t z2, std::int32_t bits = 0) {
+        return AddAirway(model, x1, y1, z1, x2, y2, z2, bits);
+    }
+
+    // Intake shaft, two parallel drives, upcast shaft: a network that balances.
+    void Loop() {
+        Add(0, 0, 1000, 0, 0, 400);
+        Add(0, 0, 400, 100, 0, 400);
+        Add(0, 0, 400, 0, 100, 400);
+        Add(0, 100, 400, 100, 0, 400);
+        Add(100, 0, 400, 100, 0, 1000);
+    }
+
+    bool Check() { return CheckNetwork(model, ui); }
+};
+
+TEST_F(ValidationTest, CleanNetworkPassesWithNodesNumbered) {
+    Loop();
+    std::vector<int> shown;
+    EXPECT_TRUE(CheckNetwork(model, ui, [&](int p) { shown.push_back(p); }));
+    EXPECT_EQ(shown, (std::vector<int>{10, 20, 30}));
+    EXPECT_TRUE(model.ErrorList.empty());
+    EXPECT_TRUE(ui.Transcript.empty());
+    // Keys descend: the surface, (0,100,400), (100,0,400), (0,0,400) twice.
+    EXPECT_EQ(Names(model), (std::vector<std::string>{"A1", "A4", "A5", "A3", "A2"}));
+    const auto& run = model.Run;
+    EXPECT_EQ(run.NumNodes, 4);
+    EXPECT_EQ(std::vector<int>(run.EntryNodeNo.begin() + 1, run.EntryNodeNo.begin() + 6),
+              (std::vector<int>{1, 2, 3, 4, 4}));
+    EXPECT_EQ(std::vector<int>(run.ExitNodeNo.begin() + 1, run.ExitNodeNo.begin() + 6),
+              (std::vector<int>{4, 3, 1, 2, 3}));
+    EXPECT_GT(model.Airways[1].Resistance, 0.0f); // resistances worked out on the way
+}
+
+TEST_F(ValidationTest, DeadEndsAndSurfaceFaults) {
+    Loop();
+    Add(100, 0, 400, 150, 0, 400);                        // 6: leads nowhere
+    Add(20, 20, 300, 0, 0, 400);                          // 7: comes from nowhere
+    Add(0, 100, 400, 0, 200, 300, bc::ExitAtSurface);     // 8: forced exit on a free end: fine
+    Add(0, 0, 400, 50, 50, 400, bc::EntryAtSurface);      // 9: forced entry on a junction
+    Add(0, 0, 250, 100, 0, 400, bc::ExitAtSurface);       // 10: forced exit onto (100,0,400)
+    model.Airways[6].Comment = "old reason";
+    model.Airways[6].BranchCode |= bc::ErrorMark;
+    model.Airways[3].BranchCode |= bc::ErrorMark;
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(model.SimFail, 1);
+
+    EXPECT_EQ(Lines(model), (std::vector<std::string>{
+                                "9\tNo exit from branch", // from the surface: first in key order
+                                "6\tNo exit from branch",
+                                "7\tNo entry into branch",
+                                "10\tNo entry into branch",
+                                "9\tAirway into surface entry",
+                                "10\tAirway into surface exit",
+                            }));
+    const auto comment = [&](std::int32_t no) {
+        for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+            if (model.Airways[row].AirwayNo == no) return model.Airways[row].Comment;
+        }
+        return std::string("?");
+    };
+    EXPECT_EQ(comment(6), "No Exit");
+    EXPECT_EQ(comment(7), "No Entry");
+    EXPECT_EQ(comment(9), "Bad Entry"); // the later fault's reason stands
+    EXPECT_EQ(comment(10), "Bad Exit");
+    EXPECT_EQ(comment(8), "");
+    EXPECT_EQ(comment(3), "");
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+        const bool faulty = !model.Airways[row].Comment.empty();
+        EXPECT_EQ(model.Airways[row].Has(bc::ErrorMark), faulty) << model.Airways[row].BranchName;
+    }
+}
+
+TEST_F(ValidationTest, NoAirwayFromTheSurface) {
+    Add(0, 0, 400, 100, 0, 400);
+    Add(100, 0, 400, 100, 0, 1000);
+    Add(0, 0, 400, 0, 0, 1000);
+    EXPECT_FALSE(Check());
+    // Every row that ends at the surface finds no row starting there.
+    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tNo exit from branch", "3\tNo exit from branch",
+                                                      "3\tNo entry into branch", "1\tNo entry into branch"}));
+}
+
+TEST_F(ValidationTest, DuplicatesAnsweredNoAreListedTwice) {
+    Loop();
+    Add(0, 0, 400, 100, 0, 400); // 6: twin of 2
+    Add(100, 0, 400, 0, 0, 400); // 7: 2 reversed: no duplicate
+    ui.Answers = {Answer::No};
+    EXPECT_FALSE(Check());
+    ASSERT_EQ(ui.Texts("Ask"), (std::vector<std::string>{"Duplicate branches exist - delete them ?"}));
+    EXPECT_EQ(ui.Transcript[0].Title, "Duplicate branches");
+    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tDuplicate airway", "6\tDuplicate branch"}));
+    EXPECT_EQ(model.AirwayCount, 7);
+    // The marks of the duplicate check are cleared with every other old reason; the
+    // connection check's own mark stands.
+    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+        const Airway& a = model.Airways[row];
+        EXPECT_EQ(a.Comment, a.AirwayNo == 6 ? "Error-Duplic" : "");
+    }
+}
+
+TEST_F(ValidationTest, DuplicatesAnsweredYesGoLeavingOne) {
+    Loop();
+    Add(0, 0, 400, 100, 0, 400);
+    Add(0, 0, 400, 100, 0, 400);
+    ui.Answers = {Answer::Yes};
+    EXPECT_TRUE(Check());
+    EXPECT_EQ(model.AirwayCount, 5);
+    // Of equal rows the last in key order stays: the sort keeps them in their old order.
+    EXPECT_EQ(Names(model), (std::vector<std::string>{"A1", "A4", "A5", "A3", "A7"}));
+    EXPECT_EQ(model.Airways[6].BranchCode, 0);
+    EXPECT_TRUE(model.ErrorList.empty());
+}
+
+TEST_F(ValidationTest, ZeroLengthAirways) {
+    Loop();
+    Add(0, 100, 400, 0, 100, 400);
+    Add(0, 0, 1000, 5, 5, 1200); // both ends on the surface: not a zero-length airway
+    ui.Answers = {Answer::No};
+    EXPECT_FALSE(Check());
+    EXPECT_EQ(ui.Texts("Ask"),
+              (std::vector<std::string>{"Branches with identical start/end points detected - delete them ?"}));
+    EXPECT_EQ(ui.Transcript[1].Title, "Zero length branches");
+    EXPECT_EQ(Lines(model), (std::vector<std::string>{"7\tboth ends on surface", "6\tSame start/end"}));
+
+    model.ErrorList.clear();
+    model.SimFail = 0;
+    model.AirwayCount = 0;
+    Loop();
+    Add(0, 100, 400, 0, 100, 400);
+    ui.Answers = {Answer::Yes};
+    EXPECT_TRUE(Check());
+    EXPECT_EQ(model.AirwayCount, 5);
+}
+
+TEST_F(ValidationTest, DuplicateSearchAsksNothing) {
+    Loop();
+    Add(0, 0, 400, 100, 0, 400);
+    Add(0, 100, 400, 0, 100, 400);
+    model.SimMode = 4;
+    EXPECT_FALSE(Check());
+    EXPECT_TRUE(ui.Transcript.empty());
+    EXPECT_EQ(model.AirwayCount, 7);
+    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tDuplicate airway", "7\tSame start/end",
+                                                      "6\tDuplicate branch"}));
+}
+
+TEST_F(ValidationTest, SentinelFlowsAreCleared) {
+    Loop();
+    model.Airways[1].Quantity = 9994.0f;
+    model.Airways[2].Quantity = 9994.5f;
+    model.Airways[3].Quantity = -9999.0f;
+    model.Airways[4].Quantity = -12.5f;
+    EXPECT_TRUE(Check());
+    std::vector<float> q;
+    for (std::int32_t no = 1; no <= 4; ++no) {
+        for (std::int32_t row = 1; row <= 5; ++row) {
+            if (model.Airways[row].AirwayNo == no) q.push_back(model.Airways[row].Quantity);
+        }
+    }
+    EXPECT_EQ(q, (std::vector<float>{9994.0f, 0.0f, 0.0f, -12.5f}));
+}
+
+TEST_F(ValidationTest, EmptyAndTinyNetworksDoNotBreak) {
+    CheckConnections(model);
+    EXPECT_EQ(model.Run.NumNodes, 0);
+    SortAirways(model, ui);
+    EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"No Data to sort"}));
+    // A network emptied by its blank rows.
+    Add(0, 0, 0, 0, 0, 0);
+    model.Airways[1].BranchCode = 0;
+    EXPECT_TRUE(Check());
+    EXPECT_EQ(model.AirwayCount, 0);
+}
+
+} // namespace
+} // namespace karvane::simulate
