@@ -104,6 +104,12 @@ struct GestureState {
     std::array<std::int32_t, 3> PressPoint{}; // world point picked at the press
 };
 
+// One step of the wheel: the box before and after, so that a step back restores it exactly.
+struct WheelStep {
+    float WidthBefore = 0, HeightBefore = 0, WidthAfter = 0, HeightAfter = 0;
+    bool ZoomIn = false;
+};
+
 // What the main window shows about the current view: its caption, the three coordinate labels,
 // the two small centre labels and the unit of the data type.
 struct StatusLabels {
@@ -182,6 +188,8 @@ struct DisplayState {
     std::array<std::int16_t, 6> GroupValue{0, 2, 2, 2, 2, 2}; // 1..5
     float PickFraction = 0;
     float ScaleFigure = 0;
+    std::vector<WheelStep> WheelSteps;
+    std::string LastNote; // the last note of the scale limits
 
     StatusLabels Labels;
 

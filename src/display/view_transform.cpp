@@ -268,6 +268,51 @@ void RotationCentreOfWhatIsSeen(const Model& model, DisplayState& ds) {
     ds.View.RotCentre = {p.X, p.Y, z};
 }
 
+std::string SetScaleLimited(DisplayState& ds, float width, float height) {
+    if (ds.Gesture.PowerZoomActive) return {};
+    ds.LastNote.clear();
+    if (!(width >= 20)) {
+        width = 20;
+        height = ds.Aspect * 20;
+        ds.LastNote = "Minimum Scaling Reached";
+    }
+    if (width >= 1e7f) {
+        width = 1e7f;
+        height = ds.Aspect * 1e7f;
+        ds.LastNote = "Maximum Scaling Reached";
+    }
+    SetViewBox(ds, width, height, ds.View.CentreX, ds.View.CentreY);
+    return ds.LastNote;
+}
+
+std::string WheelZoom(DisplayState& ds, bool positive) {
+    if (ds.Gesture.PowerZoomActive) return {};
+    ViewState& v = ds.View;
+    // Single precision cannot undo a step of 0.8 by dividing: the step back takes the box
+    // the previous step started from.
+    if (!ds.WheelSteps.empty()) {
+        const WheelStep& last = ds.WheelSteps.back();
+        if (last.ZoomIn != positive && last.WidthAfter == v.ScaleWidth && last.HeightAfter == v.ScaleHeight) {
+            const WheelStep back = last;
+            ds.WheelSteps.pop_back();
+            return SetScaleLimited(ds, back.WidthBefore, back.HeightBefore);
+        }
+        if (last.WidthAfter != v.ScaleWidth || last.HeightAfter != v.ScaleHeight) ds.WheelSteps.clear();
+    }
+    WheelStep step;
+    step.WidthBefore = v.ScaleWidth;
+    step.HeightBefore = v.ScaleHeight;
+    step.ZoomIn = positive;
+    auto step08 = [positive](double size) { return static_cast<float>(positive ? size * 0.8 : size / 0.8); };
+    const std::string note = SetScaleLimited(ds, step08(v.ScaleWidth), step08(v.ScaleHeight));
+    step.WidthAfter = v.ScaleWidth;
+    step.HeightAfter = v.ScaleHeight;
+    constexpr std::size_t kMemory = 64;
+    if (ds.WheelSteps.size() == kMemory) ds.WheelSteps.erase(ds.WheelSteps.begin());
+    ds.WheelSteps.push_back(step);
+    return note;
+}
+
 void RefreshAspect(DisplayState& ds) {
     if (ds.AreaWidth > 0 && ds.AreaHeight > 0) {
         ds.Aspect = static_cast<float>(ds.AreaHeight) / static_cast<float>(ds.AreaWidth);

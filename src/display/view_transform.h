@@ -7,6 +7,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "display/view_state.h"
 #include "model/model.h"
@@ -52,6 +53,14 @@ void RotationCentreOfWhatIsSeen(const Model& model, DisplayState& ds);
 
 // Fits the view box to the displayed airways with a margin. False when nothing was fitted.
 bool FitView(Model& model, DisplayState& ds, ui::UserInterface& ui);
+
+// Sets the box size held between 20 and 1e7 wide, recentred, and returns the note of a limit
+// reached ("Minimum Scaling Reached", "Maximum Scaling Reached") or an empty text. Nothing is
+// set while the power zoom runs.
+std::string SetScaleLimited(DisplayState& ds, float width, float height);
+// One turn of the wheel: in (positive) by 0.8, out by 1 / 0.8. A turn back restores the box
+// the previous turn left, exactly.
+std::string WheelZoom(DisplayState& ds, bool positive);
 
 // Height / width of the drawing area, kept when the area has no size.
 void RefreshAspect(DisplayState& ds);
