@@ -42,6 +42,43 @@ bool AgreesToDelete(const Model& model, ui::UserInterface& ui, const char* text,
     return ui.Ask(text, title, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
+// One kind of fault that the user may have deleted: the question, its title, and what each
+// row gets when the rows stay.
+struct DeletableFault {
+    const char* Question;
+    const char* Title;
+    const char* Line;
+    const char* Comment;
+};
+
+// Goes through rows 1..AirwayCount. At the first faulty row the user is asked once; on Yes
+// every faulty row is deleted after the pass, otherwise the run fails and each is reported.
+template <typename IsFaulty>
+void DeleteOrReport(Model& model, ui::UserInterface& ui, IsFaulty isFaulty, const DeletableFault& fault) {
+    const std::int32_t n = CheckedAirwayCount(model);
+    std::vector<std::uint8_t> doomed;
+    bool asked = false;
+    bool remove = false;
+    for (std::int32_t row = 1; row <= n; ++row) {
+        if (!isFaulty(row, n)) continue;
+        if (!asked) {
+            asked = true;
+            remove = AgreesToDelete(model, ui, fault.Question, fault.Title);
+            if (remove) {
+                doomed.assign(static_cast<std::size_t>(n) + 1, 0);
+            } else {
+                model.SimFail = 1;
+            }
+        }
+        if (remove) {
+            doomed[row] = 1;
+        } else {
+            ReportAirwayFault(model, row, fault.Line, fault.Comment);
+        }
+    }
+    if (remove) RemoveMarkedRows(model, doomed);
+}
+
 } // namespace
 
 std::int32_t CheckedAirwayCount(const Model& model) {
@@ -179,50 +216,23 @@ void SortAirwayRows(Model& model) {
 }
 
 void CheckDuplicates(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh) {
-    std::int32_t n = CheckedAirwayCount(model);
-    std::vector<std::uint8_t> doomed(static_cast<std::size_t>(n) + 1, 0);
-
     // Duplicates stand next to each other in key order. Of each run of equal rows the last
     // one stays.
-    bool asked = false;
-    bool remove = false;
-    for (std::int32_t row = 1; row < n; ++row) {
-        if (!SameKeys(model.Airways[row], model.Airways[row + 1])) continue;
-        if (!asked) {
-            asked = true;
-            remove = AgreesToDelete(model, ui, "Duplicate branches exist - delete them ?", "Duplicate branches");
-            if (!remove) model.SimFail = 1;
-        }
-        if (remove) {
-            doomed[row] = 1;
-        } else {
-            ReportAirwayFault(model, row, "Duplicate airway", "Duplicate branch");
-        }
-    }
-    if (remove) RemoveMarkedRows(model, doomed);
+    DeleteOrReport(
+        model, ui, [&](std::int32_t row, std::int32_t n) {
+            return row < n && SameKeys(model.Airways[row], model.Airways[row + 1]);
+        },
+        {"Duplicate branches exist - delete them ?", "Duplicate branches", "Duplicate airway", "Duplicate branch"});
 
     // An airway whose two ends are one node has no length (the surface node excepted: an
     // airway with both ends there was reported when the keys were built).
-    n = CheckedAirwayCount(model);
-    std::fill(doomed.begin(), doomed.end(), std::uint8_t{0});
-    asked = false;
-    remove = false;
-    for (std::int32_t row = 1; row <= n; ++row) {
-        const Airway& a = model.Airways[row];
-        if (a.EntryKey != a.ExitKey || a.EntryKey == SurfaceKey || a.EntryKey == 0) continue;
-        if (!asked) {
-            asked = true;
-            remove = AgreesToDelete(model, ui, "Branches with identical start/end points detected - delete them ?",
-                                    "Zero length branches");
-            if (!remove) model.SimFail = 1;
-        }
-        if (remove) {
-            doomed[row] = 1;
-        } else {
-            ReportAirwayFault(model, row, "Same start/end", "Same start/end");
-        }
-    }
-    if (remove) RemoveMarkedRows(model, doomed);
+    DeleteOrReport(
+        model, ui, [&](std::int32_t row, std::int32_t) {
+            const Airway& a = model.Airways[row];
+            return a.EntryKey == a.ExitKey && a.EntryKey != SurfaceKey && a.EntryKey != 0;
+        },
+        {"Branches with identical start/end points detected - delete them ?", "Zero length branches",
+         "Same start/end", "Same start/end"});
 
     if (refresh) refresh(model);
 }
