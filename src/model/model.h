@@ -10,6 +10,7 @@
 #include "model/network.h"
 #include "model/run_state.h"
 #include "model/settings.h"
+#include "model/stations.h"
 #include "model/units.h"
 
 namespace karvane {
@@ -55,6 +56,9 @@ struct Model {
     Settings Set;     // the settings record in memory
     Presets Preset;   // WallNames/WallPreset, ResNames/ResPreset, ShockNames/ShockPreset
     UnitTable Units;  // the unit table
+
+    // The real-time monitoring stations (Remotes.dat).
+    StationTable Stations;
 
     // Network-wide values.
     std::string WindowTitle = ProgramName; // the main window's title bar

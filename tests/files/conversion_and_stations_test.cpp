@@ -1,0 +1,219 @@
+// Conversion.dat and Remotes.dat: their exact text, round trips under either decimal
+// separator, the format correction, short and damaged files, and the messages.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+#include "app_folder.h"
+#include "files/conversion_file.h"
+#include "files/station_list.h"
+#include "files/text_file.h"
+
+using namespace karvane;
+using namespace karvane::files;
+using karvane::testing::AppFolder;
+using karvane::testing::SetUpBuiltIn;
+
+namespace {
+
+void NameTheClasses(UnitTable& units) {
+    for (int c = 1; c <= UnitClassCount; ++c) units.Rows[c].ClassName = "Class " + std::to_string(c);
+    for (std::size_t i = 0; i < units.Headings.size(); ++i) units.Headings[i] = "Heading " + std::to_string(i + 1);
+}
+
+} // namespace
+
+TEST(ConversionFile, TextAndRoundTrip) {
+    for (char sep : {'.', ','}) {
+        AppFolder dir;
+        dir.Ui.Separator = sep;
+        Model m;
+        SetUpBuiltIn(m);
+        NameTheClasses(m.Units);
+        ASSERT_TRUE(SaveConversions(m, dir.Ui));
+        const std::string text = dir.Read("Conversion.dat");
+        const std::string start = "Conversion Table : SI Units to British Units\r\n"
+                                  "Heading 1\tHeading 2\tHeading 3\tHeading 4\tHeading 5\tHeading 6\t\r\n"
+                                  "Class 1\t 3" +
+                                  std::string(1, sep) + "28084 \tm\tft\t0.0\t0.0\r\n";
+        EXPECT_EQ(text.substr(0, start.size()), start);
+        EXPECT_NE(text.find("Class 11\t 1 \t$\t$\t0,000\t0,000\r\n"), std::string::npos);
+        EXPECT_EQ(text.substr(text.size() - 5), "End\r\n");
+
+        // Read back on a machine of full stops over a table of other values.
+        AppFolder reader;
+        std::filesystem::copy_file(dir.File("Conversion.dat"), reader.File("Conversion.dat"));
+        Model n;
+        SetUpBuiltIn(n);
+        n.Units.Rows[4].Factor[2] = 99;
+        n.Units.Rows[4].Factor[1] = 7;
+        ASSERT_TRUE(LoadConversions(n, reader.Ui));
+        EXPECT_TRUE(reader.Ui.Transcript.empty());
+        for (int c = 1; c <= UnitClassCount; ++c) {
+            const UnitRow& a = m.Units.Rows[c];
+            const UnitRow& b = n.Units.Rows[c];
+            EXPECT_EQ(b.ClassName, a.ClassName);
+            EXPECT_EQ(b.Factor[1], 1.0f);
+            EXPECT_EQ(b.Factor[2], a.Factor[2]) << c;
+            EXPECT_EQ(b.Label, a.Label);
+            EXPECT_EQ(b.Format, a.Format) << c;
+        }
+        EXPECT_EQ(n.Units.Headings, m.Units.Headings);
+    }
+}
+
+TEST(ConversionFile, FormatCorrection) {
+    EXPECT_EQ(CorrectedFormat("0,0"), "0.0");
+    EXPECT_EQ(CorrectedFormat("0,00000"), "0.00000");
+    EXPECT_EQ(CorrectedFormat("0.00"), "0.00");
+    EXPECT_EQ(CorrectedFormat("0"), "0");
+    EXPECT_EQ(CorrectedFormat(","), ",");
+    EXPECT_EQ(CorrectedFormat("0,000"), "0,000") << "thousands, not three decimals";
+    EXPECT_EQ(CorrectedFormat("#,##0"), "#,##0");
+    EXPECT_EQ(CorrectedFormat("hh:mm:ss"), "hh:mm:ss");
+    EXPECT_EQ(CorrectedFormat(""), "");
+
+    AppFolder dir;
+    std::string text = "Conversion Table : SI Units to British Units\r\na\tb\tc\td\te\tf\t\r\n";
+    text += "Length\t 3,28084 \tm\tft\t0,0\t0\r\n";
+    dir.Write("Conversion.dat", text);
+    Model m;
+    SetUpBuiltIn(m);
+    EXPECT_FALSE(LoadConversions(m, dir.Ui)) << "the file ends after class 1";
+    EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"Error loading conversion values"});
+    EXPECT_EQ(m.Units.Rows[1].Format[1], "0.0");
+    EXPECT_EQ(m.Units.Rows[1].Format[2], "0");
+    EXPECT_EQ(m.Units.Rows[1].Factor[2], 3.28084f);
+    EXPECT_EQ(m.Units.Rows[1].ClassName, "Length");
+    EXPECT_EQ(m.Units.Headings[5], "f");
+    // The built-in table stands where the file did not reach.
+    EXPECT_EQ(m.Units.Rows[2].Label[2], "ft/min");
+    EXPECT_EQ(m.Units.Rows[2].ClassName, "");
+}
+
+TEST(ConversionFile, MissingFileAndFailedSave) {
+    AppFolder dir;
+    Model m;
+    SetUpBuiltIn(m);
+    Model builtIn;
+    SetUpBuiltIn(builtIn);
+    EXPECT_FALSE(LoadConversions(m, dir.Ui));
+    EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"Error loading conversion values"});
+    for (int c = 1; c <= UnitClassCount; ++c) {
+        EXPECT_EQ(m.Units.Rows[c].Format, builtIn.Units.Rows[c].Format);
+        EXPECT_EQ(m.Units.Rows[c].ClassName, "");
+    }
+
+    ui::ScriptedUserInterface nowhere;
+    nowhere.App = dir.File("missing");
+    EXPECT_FALSE(SaveConversions(m, nowhere));
+    EXPECT_EQ(nowhere.Texts("Message"), std::vector<std::string>{"Error savings conversion values"});
+}
+
+TEST(StationFile, FiftyLinesOfThirtyNineFieldsAndRoundTrip) {
+    AppFolder dir;
+    dir.Ui.Separator = ',';
+    Model m;
+    StationTable& t = m.Stations;
+    Station& s = t.Stations[2];
+    s.ChannelName[1] = "Quantity";
+    s.ChannelAbbrev[1] = "Q";
+    s.ChannelUnits[1] = "m3/s";
+    s.ChannelFactor[1] = 0.1f;
+    s.AlarmLow[1] = 20;
+    s.AlarmHigh[5] = 95.5f;
+    s.ChannelName[5] = "CO ppm";
+    s.StationName = "Main fan, No. 1";
+    s.UpdateFlow = -1;
+    t.InputFile = "/data/logger.rem";
+    t.Resimulate = 1;
+    t.InputSeconds = 30;
+    t.AlarmsOn = -1;
+    t.OutputFile = "/data/out.txt";
+    t.OutputSeconds = 12.5;
+    ASSERT_EQ(SaveStations(m, dir.Ui), 0);
+
+    const std::string text = dir.Read("Remotes.dat");
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 50);
+    std::size_t lineStart = 0;
+    for (int line = 1; line <= 50; ++line) {
+        const std::size_t end = text.find("\r\n", lineStart);
+        const std::string l = text.substr(lineStart, end - lineStart);
+        EXPECT_EQ(std::count(l.begin(), l.end(), '\t'), 38) << line;
+        EXPECT_EQ(l.substr(l.size() - 7), "\t 12,5 ") << "the last field has no tab behind it";
+        EXPECT_NE(l.find("\t/data/logger.rem\t 1 \t 30 \t-1 \t\t/data/out.txt\t"), std::string::npos);
+        lineStart = end + 2;
+    }
+    EXPECT_NE(text.find("Quantity\t\t\t\tCO ppm\tQ\t\t\t\t\tm3/s\t\t\t\t\t 0,1 \t 0 \t"), std::string::npos);
+
+    dir.Ui.Separator = '.';
+    Model n;
+    ASSERT_EQ(LoadStations(n, dir.Ui), 0);
+    const Station& r = n.Stations.Stations[2];
+    EXPECT_EQ(r.ChannelName[1], "Quantity");
+    EXPECT_EQ(r.ChannelName[5], "CO ppm");
+    EXPECT_EQ(r.ChannelFactor[1], 0.1f);
+    EXPECT_EQ(r.AlarmLow[1], 20.0f);
+    EXPECT_EQ(r.AlarmHigh[5], 95.5f);
+    EXPECT_EQ(r.StationName, "Main fan, No. 1") << "texts keep their bytes";
+    EXPECT_EQ(r.UpdateFlow, -1);
+    EXPECT_EQ(n.Stations.InputFile, "/data/logger.rem");
+    EXPECT_EQ(n.Stations.InputSeconds, 30.0);
+    EXPECT_EQ(n.Stations.AlarmsOn, -1);
+    EXPECT_EQ(n.Stations.OutputFile, "/data/out.txt");
+    EXPECT_EQ(n.Stations.OutputSeconds, 12.5);
+    EXPECT_EQ(StationTimerIntervalMs(n.Stations.InputSeconds), 30000);
+}
+
+TEST(StationFile, BlankLineEndsTheListAndShortLinesLeaveFieldsBlank) {
+    AppFolder dir;
+    Model m;
+    m.Stations.Stations[1].StationName = "First";
+    m.Stations.Stations[3].StationName = "Third";
+    ASSERT_EQ(SaveStations(m, dir.Ui), 0);
+    std::string text = dir.Read("Remotes.dat");
+    // Line 2 becomes empty; line 1 is cut after its channel names.
+    const std::size_t second = text.find("\r\n") + 2;
+    text = text.substr(0, second) + text.substr(text.find("\r\n", second));
+    text = "A\tB\tC" + text.substr(text.find("\r\n"));
+    dir.Write("Remotes.dat", text);
+
+    Model n;
+    n.Stations.Stations[1].StationName = "was here";
+    n.Stations.Stations[1].ChannelFactor[1] = 4;
+    n.Stations.Stations[3].StationName = "untouched";
+    n.Stations.InputSeconds = 7;
+    ASSERT_EQ(LoadStations(n, dir.Ui), 0);
+    EXPECT_EQ(n.Stations.Stations[1].ChannelName[3], "C");
+    EXPECT_EQ(n.Stations.Stations[1].StationName, "");
+    EXPECT_EQ(n.Stations.Stations[1].ChannelFactor[1], 0.0f);
+    EXPECT_EQ(n.Stations.Stations[3].StationName, "untouched");
+    EXPECT_EQ(n.Stations.InputSeconds, 0.0) << "the values of all stations come from the last line read";
+
+    AppFolder empty;
+    EXPECT_EQ(LoadStations(n, empty.Ui), err::FileNotFound);
+}
+
+TEST(StationFile, TimerIntervalsAndArbitraryBytes) {
+    EXPECT_EQ(StationTimerIntervalMs(0), 0);
+    EXPECT_EQ(StationTimerIntervalMs(-2), 0);
+    EXPECT_EQ(StationTimerIntervalMs(2.5), 2500);
+    EXPECT_EQ(StationTimerIntervalMs(65), 65000);
+    EXPECT_EQ(StationTimerIntervalMs(600), 65535);
+
+    AppFolder dir;
+    std::mt19937 rng(5);
+    for (int round = 0; round < 100; ++round) {
+        std::string text(rng() % 3000, '\0');
+        for (char& c : text) c = "ab\t\r\n 1.,-E"[rng() % 12];
+        dir.Write("Remotes.dat", text);
+        dir.Write("Conversion.dat", text);
+        Model m;
+        SetUpBuiltIn(m);
+        LoadStations(m, dir.Ui);
+        LoadConversions(m, dir.Ui);
+        EXPECT_EQ(m.Stations.Stations.size(), 51u);
+    }
+}
