@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 #include "model/network.h"
@@ -60,6 +61,16 @@ struct RunState {
     std::vector<std::int32_t> NodeLink;     // 4 per row
     bool NeighboursValid = false;
 
+    // Flat copies of the airway columns that balancing reads in its inner loop (flow,
+    // resistance, applied pressure), copied in at the start of the stage and flows written
+    // back at its end; the flow of each mesh's chord at the start of balancing.
+    std::vector<float> FlatQ, FlatR, FlatP;
+    std::vector<float> ChordFlow; // 1..NumMeshes
+
+    // What the run leaves for the error list window: whether it stays open, and its caption.
+    bool ErrorListOpen = false;
+    std::string ErrorListCaption;
+
     // Scratch arrays of the engine's own methods, sized with the rest so that no stage
     // allocates: set links and labels of the forest, mesh marks, row orders and a queue.
     std::vector<std::int32_t> ScratchA, ScratchB, ScratchC, ScratchD;
@@ -69,7 +80,8 @@ struct RunState {
         : EntryNodeNo(MaxAirways + 1), ExitNodeNo(MaxAirways + 1), FanLink(MaxAirways + 1), Work(MaxAirways + 1),
           SortOrder(MaxAirways + 1), NodeParent(MaxAirways + 2), NodeComp(MaxAirways + 2),
           MeshStart(MeshCapacity + 2), MeshList(MeshListCapacity + 1), WorkFans(FanSlotCapacity + 1),
-          NodeLinkList(NodeLinkCapacity + 1), NodeLink(4 * (MaxAirways + 1)), ScratchA(MaxAirways + 2),
+          NodeLinkList(NodeLinkCapacity + 1), NodeLink(4 * (MaxAirways + 1)), FlatQ(MaxAirways + 1),
+          FlatR(MaxAirways + 1), FlatP(MaxAirways + 1), ChordFlow(MeshCapacity + 2), ScratchA(MaxAirways + 2),
           ScratchB(MaxAirways + 2), ScratchC(MaxAirways + 2), ScratchD(MaxAirways + 2),
           ScratchQueue(MaxAirways + 2) {}
 };
