@@ -1,0 +1,139 @@
+// Small networks for the engine's tests, built straight into a model: airways with a custom
+// resistance between points of their own, the surface at 1000, a straight-line fan, and the
+// hooks and user interfaces that let a test watch a run.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/builtin_settings.h"
+#include "model/model.h"
+#include "simulate/run.h"
+#include "ui/scripted_ui.h"
+
+namespace karvane::simtest {
+
+inline constexpr std::int32_t SurfaceZ = 1000;
+inline constexpr std::int32_t LevelZ = 500;
+
+struct Point {
+    std::int32_t X = 0, Y = 0, Z = LevelZ;
+};
+inline Point Surface(std::int32_t x) { return {x, 0, SurfaceZ}; }
+inline Point Underground(std::int32_t x, std::int32_t y = 0) { return {x, y, LevelZ}; }
+
+inline std::unique_ptr<Model> NewModel() {
+    auto model = std::make_unique<Model>();
+    SetBuiltInSettings(*model);
+    model->Levels[1] = {"SURFACE", 1000, 1000};
+    model->Levels[2] = {"U/Ground", 500, 480};
+    model->Set.AllowErr = 0.0001f;
+    model->Set.MaxIter = 500;
+    model->StopFlag = 0; // as inside a run, for the tests that call one stage
+    return model;
+}
+
+// An airway with a custom resistance (kept as it is by the resistance refresh of a run).
+inline std::int32_t AddAirway(Model& model, Point from, Point to, float resistance, std::int32_t bits = 0) {
+    const std::int32_t row = ++model.AirwayCount;
+    Airway& a = model.Airways[row];
+    a = Airway{};
+    a.X1 = from.X, a.Y1 = from.Y, a.Z1 = from.Z;
+    a.X2 = to.X, a.Y2 = to.Y, a.Z2 = to.Z;
+    a.BranchCode = bc::Rectangular | bits;
+    a.Height = 4;
+    a.Width = 4;
+    a.WallType = 4;
+    a.ResType = CustomPreset;
+    a.Resistance = resistance;
+    a.NoAirways = 1;
+    a.AirwayNo = row;
+    model.Set.LastAirwayNo = row;
+    return row;
+}
+
+inline std::int32_t AddFixedFlow(Model& model, Point from, Point to, float resistance, float flow) {
+    const std::int32_t row = AddAirway(model, from, to, resistance, bc::FixedFlow);
+    model.Airways[row].Quantity = flow;
+    return row;
+}
+
+inline std::int32_t AddBulkhead(Model& model, Point from, Point to) {
+    const std::int32_t row = AddAirway(model, from, to, 0);
+    model.Airways[row].ResType = 1;
+    return row;
+}
+
+inline std::int32_t AddFan(Model& model, Point from, Point to, float resistance, std::int16_t fan,
+                           std::int16_t count = 1, bool series = false) {
+    const std::int32_t row = AddAirway(model, from, to, resistance, series ? bc::FansInSeries : 0);
+    model.Airways[row].FanNumber = fan;
+    model.Airways[row].NoOfFans = count;
+    return row;
+}
+
+// A fan whose curve is the straight line P = p0 - slope x Q at flows q0, q0 + step, ...
+// (ten points), with the total pressure `velocity` above the static.
+inline void SetStraightFan(Model& model, std::int16_t fan, float p0, float slope, float q0, float step,
+                           float velocity = 0, float diameter = 0) {
+    FanRecord& f = model.Fans[fan];
+    f = FanRecord{};
+    f.FanName = "Fan " + std::to_string(fan);
+    f.FanDiam = diameter;
+    for (int p = 1; p <= 10; ++p) {
+        const float q = q0 + step * static_cast<float>(p - 1);
+        f.FanQ[p] = q;
+        f.FanPStatic[p] = p0 - slope * q;
+        f.FanPTotal[p] = p0 - slope * q + velocity;
+    }
+}
+
+// The row that carries a lasting airway number (rows move in a run).
+inline std::int32_t RowOf(const Model& model, std::int32_t airwayNo) {
+    for (std::int32_t r = 1; r <= model.AirwayCount; ++r)
+        if (model.Airways[r].AirwayNo == airwayNo) return r;
+    return 0;
+}
+inline const Airway& AirwayNo(const Model& model, std::int32_t airwayNo) {
+    return model.Airways[RowOf(model, airwayNo)];
+}
+
+inline std::vector<std::string> ErrorLines(const Model& model) {
+    std::vector<std::string> lines;
+    for (const auto& e : model.ErrorList) lines.push_back(std::to_string(e.AirwayNo) + "\t" + e.Text);
+    return lines;
+}
+
+// A scripted user interface that also records the progress labels and can press the stop
+// button at a given step of the event loop.
+class WatchingUi : public ui::ScriptedUserInterface {
+public:
+    Model* StopModel = nullptr;
+    int StopAtPump = 0; // 0: never
+    std::vector<std::string> Attempts, Errors;
+    int Opened = 0, Closed = 0;
+
+    void ProgressOpen() override { ++Opened; }
+    void ProgressClose() override { ++Closed; }
+    void ProgressAttempt(const std::string& text) override { Attempts.push_back(text); }
+    void ProgressError(const std::string& text) override { Errors.push_back(text); }
+    void PumpEvents() override {
+        ui::ScriptedUserInterface::PumpEvents();
+        if (StopModel && StopAtPump != 0 && PumpCount == StopAtPump) StopModel->StopFlag = 255;
+    }
+};
+
+// Hooks that record what the run asked of the application.
+struct RecordingHooks : simulate::RunHooks {
+    std::vector<std::pair<std::int32_t, int>> Logged; // (AirwayNo, action)
+    int UndoSteps = 0, Redraws = 0;
+    void Redraw() override { ++Redraws; }
+    void LogAirway(Model& model, std::int32_t row, int action) override {
+        Logged.emplace_back(model.Airways[row].AirwayNo, action);
+    }
+    void EndUndoStep() override { ++UndoSteps; }
+};
+
+} // namespace karvane::simtest
