@@ -26,6 +26,7 @@ void UseFont(const Model& model, Surface& surface, int kind, int size) {
 }
 
 void Print(Surface& surface, float x, float y, const std::string& text) {
+    if (text.empty()) return;
     surface.SetCurrentPoint(x, y);
     surface.PrintText(text);
 }
