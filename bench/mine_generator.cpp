@@ -397,7 +397,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
 
     // Fans, layers, floating text and saved views.
     m.Fans[MainFanRow] = MakeFan("Main Surface Fan 4.0m", 4.0f, 3000, 400);
-    if (!lay.BoosterRows.empty()) m.Fans[BoosterFanRow] = MakeFan("Booster Fan 1.6m", 1.6f, 1500, 60);
+    if (!lay.BoosterRows.empty()) m.Fans[BoosterFanRow] = MakeFan("Booster Fan 2.8m", 2.8f, 1800, 150);
     const std::array<const char*, 6> primary{"", "Workings", "Intake", "Return", "Ramps and Raises", "Controls"};
     for (int l = 1; l <= PrimaryLayerCount; ++l) {
         if (l < static_cast<int>(primary.size())) m.PrimaryLayers[l].Name = primary[l];
