@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "bench/mine_generator.h"
+#include "model/builtin_settings.h"
 
 using namespace karvane;
 using namespace karvane::minegen;
@@ -134,6 +135,7 @@ TEST(MineGenerator, ReachesTheAskedSizeAndIsSound) {
 
 TEST(MineGenerator, LevelsAndShaftsFollowTheSpec) {
     auto m = std::make_unique<Model>();
+    SetBuiltInSettings(*m);
     MineSpec spec;
     spec.Airways = 300;
     spec.Levels = 4;
@@ -145,7 +147,25 @@ TEST(MineGenerator, LevelsAndShaftsFollowTheSpec) {
     EXPECT_EQ(lay.DoorRows.size(), 3u);
     EXPECT_EQ(m->AirwayCount, 300);
     ExpectSound(*m, lay);
-    for (std::int32_t r : lay.DoorRows) EXPECT_TRUE(m->Airways[r].ResType == 2 || m->Airways[r].ResType == 3);
+    // Doors and regulators carry their resistance on top of the friction of the airway.
+    for (std::int32_t r : lay.DoorRows) {
+        const Airway& w = m->Airways[r];
+        ASSERT_TRUE(w.ResType == 2 || w.ResType == 3);
+        EXPECT_GT(w.Resistance, m->Preset.ResPreset[w.ResType]);
+        EXPECT_LT(w.Resistance, m->Preset.ResPreset[w.ResType] + 0.01f);
+    }
+    EXPECT_FALSE(lay.RegulatorRows.empty());
+    for (std::int32_t r : lay.RegulatorRows) {
+        EXPECT_GE(m->Airways[r].Resistance, 0.05f);
+        EXPECT_LE(m->Airways[r].Resistance, 0.6f);
+    }
+    // A drive of 5 m by 5 m with the friction of an average blasted airway.
+    int first = 1;
+    while (m->Airways[first].BranchName.find(" Drive ") == std::string::npos) ++first;
+    const Airway& drive = m->Airways[first];
+    EXPECT_EQ(drive.WallType, 5);
+    EXPECT_FLOAT_EQ(drive.WallFactor, 0.012f);
+    EXPECT_NEAR(drive.Resistance, 0.012 * 20 * drive.Length / (25.0 * 25 * 25), 1e-6);
     // The main fan's curve falls from shut-off to free delivery.
     const FanRecord& fan = m->Fans[MainFanRow];
     EXPECT_EQ(fan.FanPStatic[1], 3000.0f);
