@@ -7,6 +7,7 @@
 #include "engineering/resistance.h"
 #include "model/number_format.h"
 #include "model/units.h"
+#include "simulate/energy.h"
 #include "simulate/fan_model.h"
 
 namespace karvane::display {
@@ -14,8 +15,6 @@ namespace karvane::display {
 namespace {
 
 constexpr const char* kFullPrecision = "0.0########";
-constexpr double kGravity = 9.81;
-constexpr double kHoursPerYear = 24.0 * 365.0;
 // Seconds of a day as the spread times are shown.
 constexpr double kSpreadDay = 86404.0;
 
@@ -42,36 +41,6 @@ double FanPointPressure(const Airway& a, const FanRecord& fan, int point) {
 std::string ResPresetName(const Model& model, std::int16_t resType) {
     if (resType < 0 || resType > PresetRows) return {};
     return model.Preset.ResNames[static_cast<std::size_t>(resType)];
-}
-
-// Air power of a fan or fixed airway and what drives it: the operating pressure with the
-// useful part of the velocity pressure, times the flow.
-struct FanPowerParts {
-    double Drive = 0;      // ((1 - CurveFraction/100) v + p) Q / 1000, kW of air
-    double Efficiency = 0; // percent
-};
-
-bool HasInputPower(const Airway& a) {
-    return a.FanNumber != 0 || (a.Has(bc::FixedFlow) && a.Pressure > 0);
-}
-
-FanPowerParts FanPower(const Model& model, std::int32_t row) {
-    const Airway& a = model.Airways[static_cast<std::size_t>(row)];
-    FanPowerParts parts;
-    parts.Efficiency = simulate::FanEfficiencyAt(model, row);
-    const FanRecord* fan = FanOfAirway(model, a);
-    double p = a.Pressure;
-    if (a.Pressure == StalledFanPressure) p = fan ? fan->FanPStatic[1] : 0.0;
-    if (a.Pressure == NegatedFanPressure) p = 0;
-    const double q = a.Quantity;
-    double v = 0;
-    if (fan && fan->FanDiam > 0) {
-        const double d = fan->FanDiam;
-        const double outlet = Pi * d * d / 4 * a.NoOfFans;
-        if (outlet != 0) v = std::pow(q / outlet, 2) * model.Set.Density / 2;
-    }
-    parts.Drive = ((1 - a.CurveFraction / 100.0) * v + p) * q / 1000;
-    return parts;
 }
 
 std::string Decorate(const Airway& a, std::string text, bool withUnit) {
@@ -167,7 +136,7 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
         if (std::fabs(load) == 9999) {
             text = "N/A";
         } else {
-            text = value(AirwayArea(a) * load / kGravity, uc::Mass);
+            text = value(AirwayArea(a) * load / simulate::Gravity, uc::Mass);
         }
         break;
     }
@@ -194,23 +163,17 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
         text = value(a.Length, uc::LongLength);
         break;
     case 42:
-        text = value(q * q * q * r / 1000, uc::Power);
+        text = value(simulate::AirPower(model, row), uc::Power);
         break;
     case 44:
-        text = value(Currency(q * q * q * r / 1000 * model.Set.PowerCost * kHoursPerYear / model.Set.AirEfficiency),
-                     uc::Currency);
+        if (const auto cost = simulate::AirCost(model, row)) text = value(Currency(*cost), uc::Currency);
         break;
     case 43:
-    case 45: {
-        if (!HasInputPower(a)) break;
-        const FanPowerParts p = FanPower(model, row);
-        if (dataType == 43) {
-            text = value(p.Drive / (p.Efficiency / 100), uc::Power);
-        } else {
-            text = value(Currency(p.Drive * model.Set.PowerCost * kHoursPerYear / (p.Efficiency / 100)), uc::Currency);
-        }
+        if (const auto power = simulate::InputPower(model, row)) text = value(*power, uc::Power);
         break;
-    }
+    case 45:
+        if (const auto cost = simulate::InputCost(model, row)) text = value(Currency(*cost), uc::Currency);
+        break;
     case 52:
         text = Whole(a.AirwayNo);
         break;
@@ -259,18 +222,13 @@ std::string FormatNodeValue(const Model& model, const DisplayState& ds, int data
                FormatValue(model, z, uc::LongLength, withUnit, false, sep);
     }
     if (static_cast<float>(p) == NodeNotReached) return {};
-    const double absolute = p / 1000 + model.Set.SurfaceBaro;
     switch (dataType) {
     case 26:
         return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
     case 27:
-        return FormatValue(model, absolute, uc::AbsPressure, withUnit, false, sep);
-    default: {
-        double surfaceRL = model.Set.SurfaceRL;
-        if (surfaceRL == 99999 && model.Airways.size() > 1) surfaceRL = model.Airways[1].Z1;
-        const double barometric = absolute + (surfaceRL - z) * model.Set.Density * kGravity / 1000;
-        return FormatValue(model, barometric, uc::AbsPressure, withUnit, false, sep);
-    }
+        return FormatValue(model, simulate::NodeAbsPressure(model, p), uc::AbsPressure, withUnit, false, sep);
+    default:
+        return FormatValue(model, simulate::NodeBarPressure(model, p, z), uc::AbsPressure, withUnit, false, sep);
     }
 }
 
