@@ -225,11 +225,11 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
         return count == 1 ? Cat("Main ", kind, " Shaft") : Cat("No.", s + 1, " ", kind, " Shaft");
     };
 
-    const Shape intakeShaft{bc::Circular, 0, 6.0f, wall::ConcreteLined, shock::None, layer::Intake};
-    const Shape exhaustShaft{bc::Circular, 0, 5.5f, wall::Raisebored, shock::None, layer::Return};
+    const Shape intakeShaft{bc::Circular, 0, 5.0f, 9, shock::None, layer::Intake};
+    const Shape exhaustShaft{bc::Circular, 0, 4.0f, wall::Raisebored, shock::None, layer::Return};
     const Shape access{bc::Rectangular, 5.5f, 5.5f, wall::SmoothBlasted, shock::Low, layer::Intake};
     const Shape drive{bc::Rectangular, 5.0f, 5.0f, wall::AverageBlasted, shock::None, layer::Workings};
-    const Shape crosscut{bc::Rectangular, 4.5f, 4.5f, wall::AverageBlasted, shock::Slight, layer::Workings};
+    const Shape crosscut{bc::Rectangular, 4.0f, 4.0f, wall::RoughBlasted, shock::Low, layer::Workings};
     const Shape diagonal{bc::Rectangular, 4.0f, 4.0f, wall::RoughBlasted, shock::Slight, layer::Workings};
     const Shape ramp{bc::Rectangular, 5.5f, 6.0f, wall::SmoothBlasted, shock::None, layer::RampsRaises};
     const Shape raise{bc::Circular, 0, 3.0f, wall::Raisebored, shock::Slight, layer::RampsRaises};
@@ -286,8 +286,12 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
             w.BranchCode |= bc::ExhaustAir;
             w.ExitNode = LevelTag(k) + " Exhaust Station";
             if (static_cast<int>(lay.BoosterRows.size()) < spec.Boosters && k >= levels - spec.Boosters + 1 && s == 0) {
+                // The booster stands in a bulkhead across the access; its opening is the
+                // custom resistance of the airway.
                 w.FanNumber = BoosterFanRow;
                 w.NoOfFans = 1;
+                w.ResType = res::Custom;
+                w.Resistance = 0.15f;
                 w.BranchName = FitText(LevelTag(k) + " Booster Fan", NameWidth);
                 w.PrimaryLayer = layer::Controls;
                 lay.BoosterRows.push_back(r);
@@ -397,7 +401,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
 
     // Fans, layers, floating text and saved views.
     m.Fans[MainFanRow] = MakeFan("Main Surface Fan 4.0m", 4.0f, 3000, 400);
-    if (!lay.BoosterRows.empty()) m.Fans[BoosterFanRow] = MakeFan("Booster Fan 2.8m", 2.8f, 1800, 150);
+    if (!lay.BoosterRows.empty()) m.Fans[BoosterFanRow] = MakeFan("Booster Fan 2.2m", 2.2f, 2000, 100);
     const std::array<const char*, 6> primary{"", "Workings", "Intake", "Return", "Ramps and Raises", "Controls"};
     for (int l = 1; l <= PrimaryLayerCount; ++l) {
         if (l < static_cast<int>(primary.size())) m.PrimaryLayers[l].Name = primary[l];
