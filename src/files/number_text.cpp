@@ -1,6 +1,7 @@
 // Number forms of the text files and the line splitter of the readers.
 #include "files/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -135,8 +136,8 @@ bool ParseBool(std::string_view text) {
     while (b < e && IsBlank(text[b])) ++b;
     while (e > b && IsBlank(text[e - 1])) --e;
     std::string_view t = text.substr(b, e - b);
-    if (t.size() == 4 && (t[0] == 'T' || t[0] == 't') && (t[1] == 'r' || t[1] == 'R') &&
-        (t[2] == 'u' || t[2] == 'U') && (t[3] == 'e' || t[3] == 'E'))
+    if (t.size() == 4 && (t[0] == 'T' || t[0] == 't') && (t[1] == 'r' || t[1] == 'R') && (t[2] == 'u' || t[2] == 'U') &&
+        (t[3] == 'e' || t[3] == 'E'))
         return true;
     return ParseNumber(t) != 0.0;
 }
@@ -202,6 +203,21 @@ float ToSingle(double v) {
     return static_cast<float>(v);
 }
 
+std::size_t CommaItem(std::string_view text, std::size_t pos, std::string& item) {
+    item.clear();
+    const std::size_t n = text.size();
+    while (pos < n && text[pos] == ' ') ++pos;
+    if (pos < n && text[pos] == '"') {
+        ++pos;
+        while (pos < n && text[pos] != '"') item += text[pos++];
+        if (pos < n) ++pos;
+        while (pos < n && text[pos] != ',') ++pos;
+    } else {
+        while (pos < n && text[pos] != ',') item += text[pos++];
+    }
+    return std::min(pos, n);
+}
+
 void SplitFields(double version, std::string_view text, Fields& fields) {
     for (auto& f : fields) f.clear();
     std::size_t field = 1;
@@ -224,17 +240,7 @@ void SplitFields(double version, std::string_view text, Fields& fields) {
             fields[field] = std::string(text.substr(i));
             break;
         }
-        std::string item;
-        while (i < n && text[i] == ' ') ++i;
-        if (i < n && text[i] == '"') {
-            ++i;
-            while (i < n && text[i] != '"') item += text[i++];
-            if (i < n) ++i;
-            while (i < n && text[i] != ',') ++i;
-        } else {
-            while (i < n && text[i] != ',') item += text[i++];
-        }
-        fields[field] = std::move(item);
+        i = CommaItem(text, i, fields[field]);
         if (i >= n) break;
         ++i; // past the comma
         ++field;

@@ -57,6 +57,10 @@ using Fields = std::array<std::string, 101>;
 // line is cut at commas, the last field is held to 30 characters, and in each field a "."
 // becomes the local separator when that is not ".".
 void SplitLine(double version, std::string_view text, Fields& fields, char localSep);
+// One item of a comma-separated line, from `pos`: blanks before it are dropped, and an item in
+// quotes keeps its commas and loses its quotes. Returns where the item ends: at the comma that
+// follows it, or at the end of the text.
+std::size_t CommaItem(std::string_view text, std::size_t pos, std::string& item);
 // The same cut into fields with every byte kept: no separator is replaced, so that names keep
 // their commas and full stops. Numbers read through ParseNumber accept either separator.
 void SplitFields(double version, std::string_view text, Fields& fields);

@@ -1,0 +1,384 @@
+// The network file of the current version: its exact text, the round trip of every field
+// under both decimal separators, the save steps with their messages, and the row text.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "files/network_load.h"
+#include "files/number_text.h"
+#include "network_fixture.h"
+
+using namespace karvane;
+using namespace karvane::files;
+using namespace karvane::testing;
+
+namespace {
+
+// Loads a text as a network file in a folder of its own; returns the loaded model's text.
+bool LoadText(Model& model, AppFolder& dir, const std::string& text, const std::string& name = "in.sim") {
+    dir.Write(name, text);
+    model.FileName = dir.File(name);
+    return LoadNetwork(model, dir.Ui);
+}
+
+std::vector<std::string> Tabs(const std::string& line) { return SplitText(line, "\t"); }
+
+} // namespace
+
+TEST(NetworkFile, WriteReadWriteGivesTheSameBytes) {
+    for (char sep : {'.', ','}) {
+        AppFolder dir;
+        dir.Ui.Separator = sep;
+        Model model;
+        BuildFullNetwork(model, dir.Ui);
+        const std::string first = NetworkText(model, sep);
+
+        Model loaded;
+        SetUpBuiltIn(loaded);
+        loaded.FanStamp = model.FanStamp; // the stamp is the program's fan file's, not the network's
+        ASSERT_TRUE(LoadText(loaded, dir, first)) << sep;
+        EXPECT_EQ(NetworkText(loaded, sep), first) << "separator " << sep;
+
+        // Spot checks that the fields really came through, not only their text.
+        EXPECT_EQ(loaded.AirwayCount, 5);
+        EXPECT_EQ(loaded.FileComment, "Test mine, east. No.2");
+        EXPECT_EQ(loaded.FileNote, "First line\r\nSecond\tline\r\n");
+        EXPECT_EQ(loaded.SgnX, -1);
+        EXPECT_EQ(loaded.Airways[2].BranchName, "Drive 1, east");
+        EXPECT_EQ(loaded.Airways[2].Comment, "Reg. 1,2");
+        EXPECT_EQ(loaded.Airways[3].Resistance, 1000000000.0f);
+        EXPECT_EQ(loaded.Airways[4].FanNumber, -1);
+        EXPECT_EQ(loaded.Airways[5].Quantity, -12.5f);
+        EXPECT_EQ(loaded.Preset.ResNames[20], "Regulator A.1");
+        EXPECT_EQ(loaded.Fans[3].FanName, "Booster");
+        EXPECT_TRUE(loaded.Fans[2].IsFree());
+        EXPECT_EQ(loaded.Fans[1].FanPTotal[10], 700.0f);
+        EXPECT_EQ(loaded.SavedViews[0].ViewValue[3], 33554430 * kFixedScale);
+        EXPECT_EQ(loaded.SavedViews[6].ViewName, "Stope view, No.3");
+        EXPECT_EQ(loaded.SavedViews[7].ViewName, "Ninth"); // named views close up from slot 6
+        EXPECT_EQ(loaded.PrimaryLayers[12].Name, "Old workings");
+        EXPECT_EQ(loaded.PrimaryLayers[12].LayerOn, 0);
+        EXPECT_EQ(loaded.FloatingTexts[2].TextValue, "Fan house"); // on slots close up too
+        EXPECT_EQ(loaded.Levels[3].RLName, "Level 2, east.");
+        EXPECT_EQ(loaded.NetworkSaved, Yes255);
+    }
+}
+
+TEST(NetworkFile, ExactSections) {
+    AppFolder dir;
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    const std::vector<std::string> lines = FileLines(NetworkText(model, '.'));
+
+    EXPECT_EQ(lines[0],
+              "3.1 KARVANE3\tTest mine, east. No.2\t 1 \t 0 \tFirst line\x1e\x1dSecond\x1fline\x1e\x1d\t 17 ");
+    EXPECT_EQ(lines[1], "Defaults List for Network");
+    EXPECT_EQ(lines[2], "3.1\tKARVANE3");
+    EXPECT_EQ(lines[10], "**End of Network Defaults**");
+    EXPECT_EQ(lines[11], "Saved Views");
+    const std::vector<std::string> view0 = Tabs(lines[12]);
+    ASSERT_EQ(view0.size(), 34u); // 33 items, each followed by a tab
+    EXPECT_EQ(view0[0], "startupview");
+    EXPECT_EQ(view0[1], "-8.5 ");
+    EXPECT_EQ(view0[7], " 0.5 ");
+    EXPECT_EQ(view0[23], " 131070 ");
+    EXPECT_EQ(view0[25], " 33554430 ");
+    EXPECT_EQ(view0[27], " 1 ");
+    EXPECT_EQ(view0[28], " 24.5 "); // ViewParam(23) follows the five values
+    EXPECT_EQ(view0[33], "");
+    EXPECT_EQ(Tabs(lines[13])[0], "Stope view, No.3");
+    EXPECT_EQ(Tabs(lines[14])[0], "Ninth");
+    EXPECT_EQ(lines[15], "End of saved views");
+    EXPECT_EQ(lines[16], "Tag List");
+    EXPECT_EQ(lines[17], " 1 \tMain, fresh.\t-1 ");
+    EXPECT_EQ(lines[18], " 12 \tOld workings\t 0 ");
+    EXPECT_EQ(lines[19], "-5 \tServices\t-1 ");
+    EXPECT_EQ(lines[20], "End of Tag List");
+    EXPECT_EQ(lines[21], "Fan Name/Point\tPressure Pa\tQuantity m3/s\tMax Fans=\t 250 ");
+    EXPECT_EQ(lines[22], "Main fan, No.1\t 2.5 \t 1 ");
+    EXPECT_EQ(lines[23], " 1 \t 2750 \t 15 \t 41 \t 2860 ");
+    EXPECT_EQ(lines[33], "Booster\t 0 \t 3 ");
+    EXPECT_EQ(lines[43], " 10 \t 0 \t 25 \t 0 \t 0 ");
+    EXPECT_EQ(lines[44], "**End of Fan Database**");
+    EXPECT_EQ(lines[45], "RL Name\tRL Max\tRL Min");
+    EXPECT_EQ(lines[46], "SURFACE\t 1000 \t 1000 ");
+    EXPECT_EQ(lines[47], "U/Ground\t 500 \t 480 ");
+    EXPECT_EQ(lines[48], "Level 2, east.\t 300 \t 280 ");
+    EXPECT_EQ(lines[49], "**END OF RL LIST**");
+    EXPECT_EQ(lines[50], "Portal, No.1\t 100 \t-200 \t 1000 ");
+    EXPECT_EQ(lines[51], "Fan house\t 0 \t 0 \t 990 ");
+    EXPECT_EQ(lines[52], "**End Of Floating Text");
+    EXPECT_EQ(lines[53],
+              "Entry Node\tExit Node\tBranch Name\tBlank\tBlank\tX1\tY1\tZ1\tX2\tY2\tZ2\tHeight\tWidth\t"
+              "Branch Code\tRes Type\tShock Type\tWall Type\tWall Factor\tShock Factor\tComment\tResistance\t"
+              "Quantity\tFan Number\tNo of Fans\tLength\tPressure\tContaminant\tPrimary Layer\tSecond Layer\t"
+              "From Node P\tTo Node P\tUndo No\tAirway No\tIcon Loc\tRemote Station\tNo Airways\tCurve Fraction");
+    ASSERT_EQ(lines.size(), 59u);
+
+    const std::vector<std::string> drive = Tabs(lines[55]);
+    ASSERT_EQ(drive.size(), 39u);
+    EXPECT_EQ(drive[0], "Shaft bottom");
+    EXPECT_EQ(drive[2], "Drive 1, east");
+    EXPECT_EQ(drive[3], "");
+    EXPECT_EQ(drive[4], "");
+    EXPECT_EQ(drive[9], "-40");
+    EXPECT_EQ(drive[13], "33"); // rectangular, fans in series
+    EXPECT_EQ(drive[19], "Reg. 1,2");
+    EXPECT_EQ(drive[25], "-9999");
+    EXPECT_EQ(drive[26], "0.00001");
+    EXPECT_EQ(drive[30], "-9999999");
+    EXPECT_EQ(drive[32], "2"); // AirwayNo given when the keys were built
+    EXPECT_EQ(drive[33], "0.2");
+    EXPECT_EQ(drive[38], "2");
+    const std::vector<std::string> stopping = Tabs(lines[56]);
+    EXPECT_EQ(stopping[20], "1E+09");
+    EXPECT_EQ(Tabs(lines[57])[24], "515.5");
+}
+
+TEST(NetworkFile, EmptyNetworkHasOneBlankAirwayLine) {
+    AppFolder dir;
+    Model model;
+    SetUpBuiltIn(model);
+    SetNewNetworkLevels(model);
+    SettleAsLoaded(model, dir.Ui);
+    model.Airways[1].BranchName = "left over"; // not a row of the network
+    const std::string text = NetworkText(model, '.');
+    const std::vector<std::string> lines = FileLines(text);
+    ASSERT_GE(lines.size(), 2u);
+    EXPECT_TRUE(lines[lines.size() - 2].starts_with("Entry Node\t"));
+    EXPECT_EQ(lines.back(),
+              "\t\t\t\t\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0"
+              "\t0\t0\t0\t0");
+
+    Model loaded;
+    SetUpBuiltIn(loaded);
+    loaded.AirwayCount = 3;
+    EXPECT_TRUE(LoadText(loaded, dir, text));
+    EXPECT_EQ(loaded.AirwayCount, 0);
+    EXPECT_EQ(NetworkText(loaded, '.'), text);
+}
+
+TEST(NetworkFile, WrittenUnderCommaReadsTheSameUnderPoint) {
+    AppFolder dir;
+    dir.Ui.Separator = ',';
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    const std::string comma = NetworkText(model, ',');
+    EXPECT_TRUE(comma.starts_with("3,1 KARVANE3\t"));
+    EXPECT_NE(comma.find("\r\n3,1\tKARVANE3\r\n"), std::string::npos);
+    EXPECT_EQ(NetworkText(model, '.'), [&] {
+        AppFolder other;
+        Model loaded;
+        SetUpBuiltIn(loaded);
+        loaded.FanStamp = model.FanStamp;
+        other.Ui.Separator = '.';
+        LoadReport report;
+        other.Write("c.sim", comma);
+        loaded.FileName = other.File("c.sim");
+        LoadOptions options;
+        options.Report = &report;
+        EXPECT_TRUE(LoadNetwork(loaded, other.Ui, options));
+        EXPECT_EQ(report.FileSeparator, ',');
+        EXPECT_DOUBLE_EQ(report.FileVersion, 3.1);
+        return NetworkText(loaded, '.');
+    }());
+}
+
+TEST(NetworkFile, SaveStepsAndStamp) {
+    AppFolder dir;
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    model.FileNote = "note";
+    model.FileName = dir.File("mine.sim");
+    model.NetworkSaved = No0;
+    dir.Ui.Clock = {2026, 11, 22, 9, 5, 7, 0};
+
+    ASSERT_TRUE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(model.FileNote, "note\r*** File Saved 09:05:07   Sun, 22 Nov 2026 ***\r");
+    EXPECT_EQ(model.NetworkSaved, Yes255);
+    EXPECT_EQ(model.RecentFiles[1], dir.File("mine.sim"));
+    EXPECT_TRUE(dir.Ui.Transcript.empty());
+    const std::string saved = dir.Read("mine.sim");
+    EXPECT_NE(saved.find("note\x1e*** File Saved 09:05:07   Sun, 22 Nov 2026 ***\x1e\t"), std::string::npos);
+
+    // A master file is saved only after the question; No writes nothing.
+    model.MasterFile = true;
+    dir.Ui.Answers = {ui::Answer::No};
+    model.NetworkSaved = No0;
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(dir.Ui.Transcript.back().Title, "Master File");
+    EXPECT_EQ(dir.Ui.Transcript.back().Text, "You are about to save as a Master file - are you sure ?");
+    EXPECT_EQ(dir.Read("mine.sim"), saved);
+    EXPECT_EQ(model.NetworkSaved, No0);
+    model.MasterFile = false;
+
+    // A contaminant simulation on show must be cleared first.
+    model.GasActive = 1;
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(dir.Ui.Texts("Message").back(), "Clear gas simulation first !");
+    EXPECT_EQ(dir.Read("mine.sim"), saved);
+    model.GasActive = 0;
+
+    // No view window, or no name: nothing is written and nothing said.
+    const std::size_t said = dir.Ui.Transcript.size();
+    model.ViewWindowOpen = false;
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    model.ViewWindowOpen = true;
+    model.FileName.clear();
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(dir.Ui.Transcript.size(), said);
+    EXPECT_EQ(dir.EntryCount(), 1u);
+}
+
+TEST(NetworkFile, AutosaveLeavesNameAndRecentFilesAlone) {
+    AppFolder dir;
+    AppFolder temp;
+    dir.Ui.Temp = temp.Path.string();
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    model.FileName.clear();
+    model.MasterFile = true; // the autosave never asks
+    model.NetworkSaved = No0;
+    model.GasActive = 2;
+
+    ASSERT_TRUE(SaveNetwork(model, dir.Ui, AutosaveMode));
+    EXPECT_TRUE(temp.Exists("tempsim.sim"));
+    EXPECT_EQ(model.FileName, "");
+    EXPECT_EQ(model.RecentFiles[1], "");
+    EXPECT_EQ(model.NetworkSaved, Yes255);
+    EXPECT_TRUE(dir.Ui.Transcript.empty());
+    EXPECT_TRUE(model.FileNote.ends_with(" ***\r"));
+    EXPECT_EQ(temp.EntryCount(), 1u);
+
+    model.FileName = dir.File("named.sim");
+    ASSERT_TRUE(SaveNetwork(model, dir.Ui, AutosaveMode));
+    EXPECT_EQ(model.FileName, dir.File("named.sim"));
+    EXPECT_FALSE(dir.Exists("named.sim"));
+}
+
+TEST(NetworkFile, FailedSaveKeepsTheOldFileAndBlanksTheName) {
+    AppFolder dir;
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+
+    model.FileName = (dir.Path / "no such folder" / "mine.sim").string();
+    model.NetworkSaved = No0;
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(dir.Ui.Texts("Message").back(), "ERROR 76: That path doesn't exist.");
+    EXPECT_EQ(model.FileName, "");
+    EXPECT_EQ(model.NetworkSaved, No0);
+
+    // A folder where the file should be: the error by its code, and the folder untouched.
+    std::filesystem::create_directory(dir.Path / "taken.sim");
+    model.FileName = dir.File("taken.sim");
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
+    EXPECT_EQ(dir.Ui.Texts("Message").back(), "ERROR 75 occurred saving file");
+    EXPECT_TRUE(std::filesystem::is_directory(dir.Path / "taken.sim"));
+
+    // An autosave that fails keeps the network's name.
+    dir.Ui.Temp = (dir.Path / "gone").string();
+    model.FileName = dir.File("keep.sim");
+    EXPECT_FALSE(SaveNetwork(model, dir.Ui, AutosaveMode));
+    EXPECT_EQ(model.FileName, dir.File("keep.sim"));
+}
+
+TEST(NetworkFile, RowTextAndParse) {
+    ui::ScriptedUserInterface ui;
+    Model model;
+    SetUpBuiltIn(model);
+    model.AirwayCount = 1;
+    Airway& a = model.Airways[1];
+    a = MakeAirway("  A  ", "B\tC", " Name ", 1, 2, 3, 4, 5, 6);
+    const std::string text = AirwayRowText(model, 1, '.');
+    EXPECT_EQ(a.EntryNode, "A"); // trimmed and stored back
+    EXPECT_EQ(a.BranchName, "Name");
+    EXPECT_TRUE(text.starts_with("A\tB C\tName\t\t\t1\t2\t3\t4\t5\t6\t4.5\t5\t1\t"));
+    EXPECT_EQ(Tabs(text).size(), 39u);
+
+    // A short row leaves the missing fields empty: numbers read 0, and fields 26 to 31 keep
+    // what the row held.
+    a.Pressure = 7;
+    a.Contaminant = 8;
+    a.PrimaryLayer = 3;
+    a.SecondLayer = 4;
+    a.FromNodeP = 9;
+    a.ToNodeP = 10;
+    a.AirwayNo = 55;
+    ParseAirwayRow(model, ui, "P\tQ\tR\t\t\t10\t20\t30\t40\t50\t60\t2\t3\t2\t1\t2\t3\t0,01\t5\tnote", 1, 3.1, '.');
+    EXPECT_EQ(a.EntryNode, "P");
+    EXPECT_EQ(a.Z2, 60);
+    EXPECT_EQ(a.WallFactor, 0.01f);
+    EXPECT_EQ(a.Comment, "note");
+    EXPECT_EQ(a.Resistance, 0.0f);
+    EXPECT_EQ(a.AirwayNo, 0);
+    EXPECT_EQ(a.Pressure, 7.0f);
+    EXPECT_EQ(a.Contaminant, 8.0f);
+    EXPECT_EQ(a.PrimaryLayer, 3);
+    EXPECT_EQ(a.SecondLayer, 4);
+    EXPECT_EQ(a.FromNodeP, 9.0f);
+    EXPECT_EQ(a.ToNodeP, 10.0f);
+
+    // Names and comments are cut at their widths; keys read as fixed point.
+    std::vector<std::string> parts(21);
+    parts[1] = std::string(50, 'n');
+    parts[4] = "12.5";
+    parts[5] = "x";
+    parts[20] = std::string(20, 'c');
+    std::string longRow = parts[1];
+    for (std::size_t k = 2; k <= 20; ++k) longRow += "\t" + parts[k];
+    ParseAirwayRow(model, ui, longRow, 1, 3.1, '.');
+    EXPECT_EQ(a.EntryNode.size(), 40u);
+    EXPECT_EQ(a.Comment.size(), 12u);
+    EXPECT_EQ(a.EntryKey, 125000);
+    EXPECT_EQ(a.ExitKey, 0);
+
+    // Numbers beyond their types are held at the ends of the type.
+    ParseAirwayRow(model, ui, "a\tb\tc\t\t\t99999999999\t0\t0\t0\t0\t0\t1E+99\t0\t0\t70000", 1, 3.1, '.');
+    EXPECT_EQ(a.X1, 2147483647);
+    EXPECT_EQ(a.Height, std::numeric_limits<float>::max());
+    EXPECT_EQ(a.ResType, 32767);
+}
+
+TEST(NetworkFile, OldPresetIndicesBecomeCustom) {
+    ui::ScriptedUserInterface ui;
+    Model model;
+    SetUpBuiltIn(model);
+    auto types = [&](double version) {
+        ParseAirwayRow(model, ui, "a\tb\tc\t\t\t0\t0\t0\t1\t1\t1\t1\t1\t1\t10\t6\t10", 1, version, '.');
+        const Airway& a = model.Airways[1];
+        return std::vector<int>{a.ResType, a.ShockType, a.WallType};
+    };
+    EXPECT_EQ(types(3.1), (std::vector<int>{10, 6, 10}));
+    EXPECT_EQ(types(2.9), (std::vector<int>{10, 6, 10}));
+    EXPECT_EQ(types(2.8), (std::vector<int>{10, 50, 50}));
+    EXPECT_EQ(types(2.5), (std::vector<int>{10, 50, 50}));
+    ParseAirwayRow(model, ui, "a,b,c,,,0,0,0,1,1,1,1,1,1,10,6,10", 1, 2.4, '.');
+    EXPECT_EQ(model.Airways[1].ResType, 10);
+    ParseAirwayRow(model, ui, "a,b,c,,,0,0,0,1,1,1,1,1,1,10,6,10", 1, 2.0, '.');
+    EXPECT_EQ(model.Airways[1].ResType, 50);
+    EXPECT_EQ(model.Airways[1].WallType, 50);
+}
+
+TEST(NetworkFile, RowBeyondTheTable) {
+    ui::ScriptedUserInterface ui;
+    Model model;
+    SetUpBuiltIn(model);
+    model.AirwayCount = 10;
+    ParseAirwayRow(model, ui, "a\tb", MaxAirways + 1, 3.1, '.');
+    EXPECT_EQ(
+        ui.Texts("Message"),
+        std::vector<std::string>{"Insufficient memory for undo function - please increase file size in defaults"});
+    EXPECT_EQ(model.AirwayCount, MaxAirways);
+}
+
+TEST(NetworkFile, NoteEscapeAndStamp) {
+    EXPECT_EQ(EscapeNote("a\r\nb\tc"), "a\x1e\x1d"
+                                       "b\x1f"
+                                       "c");
+    EXPECT_EQ(UnescapeNote(EscapeNote("x\r\n\t\ty\n")), "x\r\n\t\ty\n");
+    EXPECT_EQ(SaveStampText({2024, 2, 29, 23, 59, 0, 4}), "*** File Saved 23:59:00   Thu, 29 Feb 2024 ***");
+    EXPECT_EQ(SaveStampText({2025, 1, 1, 0, 0, 1, 3}), "*** File Saved 00:00:01   Wed, 1 Jan 2025 ***");
+}
