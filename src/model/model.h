@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/contaminant_state.h"
 #include "model/network.h"
 #include "model/run_state.h"
 #include "model/settings.h"
@@ -82,6 +83,7 @@ struct Model {
     bool RestrictionFlag = false;   // a troubleshooting run found what it looked for
     bool AirwaysTurned = false;     // the last run turned airways to match their flow (undo reads it)
     RunState Run;                   // work columns of the airflow run
+    ContaminantState Smoke;         // arrival times, settling order, legend and time limit
 
     // The network error list (shown by the error window of a run).
     std::vector<NetworkError> ErrorList;

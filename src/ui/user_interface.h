@@ -50,6 +50,10 @@ public:
     virtual void ProgressPercent(int /*percent*/) {}
     virtual void ProgressAttempt(const std::string& /*text*/) {}
     virtual void ProgressError(const std::string& /*text*/) {}
+    // One named box of a progress window, by its control name: the smoke simulation window
+    // shows its round, new rows, spread and convergence in "TxtItt", "TxtRate", "TxtSpread"
+    // and "TxtErr".
+    virtual void ProgressBox(const std::string& /*box*/, const std::string& /*text*/) {}
     // One step of the event loop, where a stop button or a repaint can act.
     virtual void PumpEvents() {}
     virtual void SetBusy(bool /*busy*/) {}
