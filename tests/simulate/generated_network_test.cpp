@@ -1,0 +1,193 @@
+// The engine on generated networks: Kirchhoff's laws after a run on synthetic mines (flow in
+// equals flow out at every junction, and pressures agree round every loop), and the fast
+// forest, meshes, node pressure flood and neighbour lists equal to the literal procedures.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+#include <random>
+#include <set>
+
+#include "bench/mine_generator.h"
+#include "literal_procedures.h"
+#include "model/node_keys.h"
+#include "sim_networks.h"
+#include "simulate/meshing.h"
+#include "simulate/pressures.h"
+#include "simulate/validation.h"
+
+namespace karvane::simulate {
+namespace {
+
+std::unique_ptr<Model> Mine(std::int32_t airways, std::uint64_t seed) {
+    auto m = std::make_unique<Model>();
+    SetBuiltInSettings(*m);
+    minegen::MineSpec spec;
+    spec.Airways = airways;
+    spec.Seed = seed;
+    spec.Boosters = 1;
+    minegen::GenerateMine(*m, spec);
+    m->ShowProgress = 0;
+    m->Set.MaxIter = 5000;
+    m->Set.AllowErr = 0.0001f;
+    return m;
+}
+
+TEST(GeneratedMines, KirchhoffsLawsHoldAfterARun) {
+    for (const auto& [size, seed] : {std::pair{400, 1}, std::pair{1500, 2}, std::pair{3000, 3}}) {
+        SCOPED_TRACE(size);
+        auto m = Mine(size, seed);
+        ui::ScriptedUserInterface ui;
+        ui.DefaultAnswer = ui::Answer::No;
+        RunAirflow(*m, ui);
+        ASSERT_EQ(m->SimFail, 0);
+        ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Text;
+
+        // Continuity: at every node but the surface, what comes in goes out, to the rounding
+        // of single-precision flows corrected over many passes.
+        std::map<Fixed4, double> balance;
+        double intake = 0;
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            const Airway& a = m->Airways[r];
+            balance[a.ExitKey] += a.Quantity;
+            balance[a.EntryKey] -= a.Quantity;
+            if (a.EntryKey == SurfaceKey) intake += a.Quantity;
+        }
+        ASSERT_GT(intake, 100.0);
+        for (const auto& [key, net] : balance) EXPECT_NEAR(net, 0.0, 1e-5 * intake) << key;
+
+        // Pressures: every airway reached, and every inflow of a junction arrives at the
+        // pressure with which the airways leaving it start: the drops round every loop sum
+        // to zero. The same holds at the surface, which is 0.
+        std::map<Fixed4, float> start;
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            const Airway& a = m->Airways[r];
+            ASSERT_NE(a.ToNodeP, NodeNotReached) << r;
+            if (a.EntryKey != SurfaceKey) start[a.EntryKey] = a.FromNodeP;
+        }
+        double worst = 0;
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            const Airway& a = m->Airways[r];
+            const double there = a.ExitKey == SurfaceKey ? 0.0 : start[a.ExitKey];
+            worst = std::max(worst, std::fabs(a.ToNodeP - there));
+        }
+        EXPECT_LT(worst, 1.0) << "Pa off round a loop";
+    }
+}
+
+TEST(GeneratedMines, ForestAndMeshesOfARealNetworkEqualTheLiteralProcedures) {
+    for (const auto& [size, seed] : {std::pair{600, 5}, std::pair{5000, 6}}) {
+        SCOPED_TRACE(size);
+        auto m = Mine(size, seed);
+        ui::ScriptedUserInterface ui;
+        m->StopFlag = 0;
+        ASSERT_TRUE(CheckNetwork(*m, ui));
+        PrepareMeshOrder(*m);
+        const auto order = oracle::SortOrder(*m);
+        for (std::int32_t p = 1; p <= m->AirwayCount; ++p) ASSERT_EQ(m->Run.SortOrder[p], order[p]);
+        const auto forest = oracle::Forest(*m, order);
+        const auto meshes = oracle::Meshes(forest, m->AirwayCount);
+        BuildMeshes(*m, ui);
+        ASSERT_EQ(m->SimFail, 0);
+        for (std::int32_t k = 1; k <= m->Run.NumNodes; ++k) {
+            ASSERT_EQ(m->Run.NodeParent[k], forest.NodeParent[k]);
+            ASSERT_EQ(m->Run.NodeComp[k], forest.NodeComp[k]);
+        }
+        ASSERT_EQ(m->Run.NumMeshes + 2, static_cast<std::int32_t>(meshes.MeshStart.size()));
+        const std::int32_t end = m->Run.MeshStart[m->Run.NumMeshes + 1];
+        ASSERT_EQ(end, meshes.MeshStart.back());
+        for (std::int32_t pos = 1; pos < end; ++pos) ASSERT_EQ(m->Run.MeshList[pos], meshes.MeshList[pos]);
+        // One forest spans the whole mine: every node joins the surface's tree.
+        for (std::int32_t k = 1; k <= m->Run.NumNodes; ++k) EXPECT_EQ(m->Run.NodeComp[k], 1);
+    }
+}
+
+// Rows over a small pool of nodes and the surface, sorted by key as the checking stage leaves
+// them: many junctions, rows no path reaches, and surface rows that meet each other. With
+// `distinct`, no two rows join the same two nodes the same way and none joins a node to itself.
+void RandomKeyedRows(Model& m, std::mt19937& rng, std::int32_t rows, int nodes, int surfaceShare, bool distinct) {
+    std::uniform_int_distribution<int> node(1, nodes), pct(1, 100);
+    std::set<std::pair<Fixed4, Fixed4>> used;
+    auto key = [&] { return pct(rng) <= surfaceShare ? SurfaceKey : Fixed4{1000} * node(rng); };
+    m.AirwayCount = 0;
+    for (int tries = 0; m.AirwayCount < rows && tries < 20 * rows; ++tries) {
+        const Fixed4 entry = key(), exit = key();
+        if (distinct && (entry == exit || !used.insert({entry, exit}).second)) continue;
+        Airway& a = m.Airways[++m.AirwayCount];
+        a = Airway{};
+        a.BranchCode = bc::Rectangular;
+        a.ResType = CustomPreset; // kept through the resistance refresh of the sort
+        a.AirwayNo = m.AirwayCount;
+        a.EntryKey = entry;
+        a.ExitKey = exit;
+        a.Quantity = static_cast<float>(pct(rng)) / 7.0f;
+        a.Resistance = static_cast<float>(pct(rng)) / 100.0f;
+        a.Pressure = -a.Resistance * a.Quantity * a.Quantity;
+        if (pct(rng) <= 5) a.FanNumber = -1, a.Pressure = 300;
+    }
+    SortAirwayRows(m);
+}
+
+TEST(GeneratedNetworks, NodePressureFloodEqualsRepeatedPasses) {
+    auto m = simtest::NewModel();
+    ui::ScriptedUserInterface ui;
+    std::mt19937 rng(7);
+    for (int round = 0; round < 40; ++round) {
+        RandomKeyedRows(*m, rng, 50 + static_cast<std::int32_t>(rng() % 1500), 10 + static_cast<int>(rng() % 400),
+                        round % 5 == 0 ? 0 : 3, true);
+        const std::int32_t rows = m->AirwayCount;
+        std::vector<float> drop(static_cast<std::size_t>(rows) + 1);
+        for (std::int32_t r = 1; r <= rows; ++r) drop[r] = RowDrop(*m, r);
+        const auto expected = oracle::Flood(*m, drop);
+        ResolveNodePressures(*m, ui);
+        ASSERT_TRUE(ui.Transcript.empty());
+        for (std::int32_t r = 1; r <= rows; ++r) {
+            ASSERT_EQ(m->Airways[r].ToNodeP, expected.To[r]) << round << " row " << r;
+            ASSERT_EQ(m->Airways[r].FromNodeP, expected.From[r]) << round << " row " << r;
+        }
+    }
+}
+
+TEST(GeneratedNetworks, NeighbourListsEqualTheDoubleScanAndGrowPastTheirStore) {
+    auto m = simtest::NewModel();
+    std::mt19937 rng(11);
+    auto check = [&](int round) {
+        BuildNeighbourLists(*m);
+        const auto expected = oracle::NeighbourLists(*m);
+        // Every upstream range stands before every downstream range.
+        std::int32_t lastUp = 0;
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            const auto up = Upstream(*m, r), down = Downstream(*m, r);
+            ASSERT_TRUE(std::equal(up.begin(), up.end(), expected.Up[r].begin(), expected.Up[r].end()))
+                << round << " row " << r;
+            ASSERT_TRUE(std::equal(down.begin(), down.end(), expected.Down[r].begin(), expected.Down[r].end()))
+                << round << " row " << r;
+            lastUp = std::max(lastUp, m->Run.NodeLink[4 * r + UpLast]);
+        }
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            if (!Downstream(*m, r).empty()) {
+                ASSERT_GT(m->Run.NodeLink[4 * r + DownFirst], lastUp);
+            }
+        }
+    };
+    for (int round = 0; round < 30; ++round) {
+        RandomKeyedRows(*m, rng, 20 + static_cast<std::int32_t>(rng() % 800), 5 + static_cast<int>(rng() % 200),
+                        static_cast<int>(rng() % 30), false);
+        // Turned rows break the key order, as CheckFixedDirections leaves it.
+        for (std::int32_t r = 1; r <= m->AirwayCount; r += 7) std::swap(m->Airways[r].EntryKey, m->Airways[r].ExitKey);
+        check(round);
+    }
+    // 450 rows into the surface and 450 out of it: 202,500 neighbours, more than the store.
+    m->AirwayCount = 900;
+    for (std::int32_t r = 1; r <= 900; ++r) {
+        m->Airways[r].EntryKey = r <= 450 ? SurfaceKey : 5000 + r;
+        m->Airways[r].ExitKey = r <= 450 ? 5000 + r + 450 : SurfaceKey;
+    }
+    check(-1);
+    EXPECT_EQ(Downstream(*m, 900).size(), 450u);
+    EXPECT_GT(m->Run.NodeLinkList.size(), static_cast<std::size_t>(NodeLinkCapacity + 1));
+}
+
+} // namespace
+} // namespace karvane::simulate
