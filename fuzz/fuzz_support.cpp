@@ -24,11 +24,10 @@ void RemoveScratchFolder() {
 } // namespace
 
 const std::string& ScratchFolder() {
-    static const std::string folder = [] {
-        std::string f = MakeScratchFolder();
-        std::atexit(RemoveScratchFolder);
-        return f;
-    }();
+    static const std::string folder = MakeScratchFolder();
+    // Registered after the folder's name exists, so it runs before that name is destroyed.
+    static const bool removedAtExit = std::atexit(RemoveScratchFolder) == 0;
+    (void)removedAtExit;
     return folder;
 }
 
@@ -39,6 +38,22 @@ std::string WriteInput(const std::string& fileName, const std::uint8_t* data, st
     if (size > 0 && std::fwrite(data, 1, size, f) != size) Fail("cannot write the input file " + path);
     std::fclose(f);
     return path;
+}
+
+Model& SmallFileModel() {
+    static Model model;
+    static const Model pristine = [] {
+        Model m;
+        m.Airways.clear();
+        m.Airways.shrink_to_fit();
+        return m;
+    }();
+    std::vector<Airway> rows = std::move(model.Airways);
+    model = pristine;
+    model.Airways = std::move(rows);
+    if (model.Airways.size() != static_cast<std::size_t>(MaxAirways) + 1)
+        Fail("a reader of a small file changed the airway table");
+    return model;
 }
 
 DecliningUser::DecliningUser() {

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/model.h"
 #include "ui/scripted_ui.h"
 
 namespace karvane::fuzz {
@@ -18,6 +19,12 @@ const std::string& ScratchFolder();
 
 // Writes the input as `fileName` in the scratch folder and returns the file's path.
 std::string WriteInput(const std::string& fileName, const std::uint8_t* data, std::size_t size);
+
+// A model as a program that has just started holds it, for the readers of the program's own
+// files. Building a whole model costs an airway table at full capacity each time, far more than
+// reading a small file, and those readers never touch that table: so the model is built once per
+// process and everything but the airway table is reset from a pristine copy for each input.
+Model& SmallFileModel();
 
 // Answers No to Yes/No questions, Cancel to OK/Cancel ones, cancels every input box and file
 // dialog; the program's and temporary folders are the scratch folder.
