@@ -72,6 +72,9 @@ struct Model {
     std::int16_t SgnX = 1;
     std::int16_t SgnY = 1;
     std::int32_t FirstLoadRow = 1;
+    // The layers a new airway is given, as the layer dialog sets them.
+    std::int16_t DrawPrimaryLayer = 1;
+    std::int16_t DrawSecondaryLayer = 1;
 
     // Run state of the simulations.
     std::int16_t SimMode = 0;
