@@ -213,35 +213,18 @@ void WriteDefaultsBlock(TextFileWriter& out, const Model& model, char sep) {
 int ReadDefaultsBlock(TextFileReader& in, Model& model, const std::string& firstLine, char /*sep*/) {
     const double version = FirstLineVersion(firstLine);
     Presets& p = model.Preset;
-    Fields f;
-    std::string line;
-    auto next = [&] {
-        if (!in.ReadLine(line)) return false;
-        SplitFields(version, line, f);
-        return true;
-    };
-
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.WallNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) {
-        double v = ParseNumber(f[i + 1]);
-        p.WallPreset[i] = version < 2.4 ? OldFrictionValue(v) : ToSingle(v);
-    }
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ResNames[i] = ResNameOf(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ResPreset[i] = ToSingle(ParseNumber(f[i + 1]));
+    SettingsLines lines(in, version);
+    int code = ReadPresetLines(lines, p.WallNames, p.WallPreset, 0, PresetRows - 1, PresetNames::Plain, true);
+    if (code == err::None)
+        code = ReadPresetLines(lines, p.ResNames, p.ResPreset, 0, PresetRows - 1, PresetNames::Resistance);
+    if (code != err::None) return code;
     ApplyBlockedResRule(model);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ShockNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ShockPreset[i] = ToSingle(ParseNumber(f[i + 1]));
+    code = ReadPresetLines(lines, p.ShockNames, p.ShockPreset, 0, PresetRows - 1, PresetNames::Plain);
+    if (code != err::None) return code;
 
-    if (!next()) return err::PastEndOfFile;
-    ForEachSettingsField(model.Set, SettingsLineReader{f, model.Set, version});
-
-    if (!in.AtEnd()) in.ReadLine(line); // the closing line
+    if (!lines.Next()) return err::PastEndOfFile;
+    ForEachSettingsField(model.Set, SettingsLineReader{lines.F(), model.Set, version});
+    lines.SkipClosingLine();
     return err::None;
 }
 

@@ -176,6 +176,33 @@ std::string ResNameOf(const std::string& field) {
     return name.empty() ? "undefined" : name;
 }
 
+bool SettingsLines::Next() {
+    if (!in_.ReadLine(line_)) return false;
+    SplitFields(version_, line_, fields_);
+    return true;
+}
+
+void SettingsLines::SkipClosingLine() {
+    if (!in_.AtEnd()) in_.ReadLine(line_);
+}
+
+int ReadPresetLines(SettingsLines& lines, std::array<std::string, PresetRows + 1>& names,
+                    std::array<float, PresetRows + 1>& values, int first, int last, PresetNames rule, bool friction) {
+    if (!lines.Next()) return err::PastEndOfFile;
+    for (int i = first; i <= last; ++i) {
+        const std::string name = TrimText(lines.F()[i - first + 1]);
+        if (rule == PresetNames::Plain) names[i] = name;
+        else if (i < PresetRows) names[i] = ResNameOf(name);
+        else if (!name.empty()) names[i] = name;
+    }
+    if (!lines.Next()) return err::PastEndOfFile;
+    for (int i = first; i <= last; ++i) {
+        const double v = ParseNumber(lines.F()[i - first + 1]);
+        values[i] = friction && lines.Version() < 2.4 ? OldFrictionValue(v) : ToSingle(v);
+    }
+    return err::None;
+}
+
 int ReadOldDefaultsCommaForm(TextFileReader& in, Model& model, double version, const std::string& rest) {
     Presets& p = model.Preset;
     Settings& s = model.Set;
@@ -216,34 +243,18 @@ int ReadOldDefaultsCommaForm(TextFileReader& in, Model& model, double version, c
 int ReadOldDefaultsLineForm(TextFileReader& in, Model& model, double version) {
     Presets& p = model.Preset;
     Settings& s = model.Set;
-    Fields f;
-    std::string line;
-    auto next = [&] {
-        if (!in.ReadLine(line)) return false;
-        SplitFields(version, line, f);
-        return true;
-    };
-
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 10; ++i) p.WallNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 10; ++i) p.WallPreset[i] = PlainValue(f[i + 1]);
+    SettingsLines lines(in, version);
+    int code = ReadPresetLines(lines, p.WallNames, p.WallPreset, 0, 10, PresetNames::Plain, true);
     // Resistance rows 11 to 50: the bulkhead and the doors of rows 0 to 10 are not in this form.
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 11; i <= PresetRows; ++i) {
-        std::string name = TrimText(f[i - 10]);
-        if (i < PresetRows) p.ResNames[i] = ResNameOf(name);
-        else if (!name.empty()) p.ResNames[i] = name;
-    }
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 11; i <= PresetRows; ++i) p.ResPreset[i] = PlainValue(f[i - 10]);
+    if (code == err::None)
+        code = ReadPresetLines(lines, p.ResNames, p.ResPreset, 11, PresetRows, PresetNames::Resistance);
+    if (code != err::None) return code;
     p.ResPreset[1] = static_cast<float>(s.BlockedRes);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 6; ++i) p.ShockNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 6; ++i) p.ShockPreset[i] = PlainValue(f[i + 1]);
+    if ((code = ReadPresetLines(lines, p.ShockNames, p.ShockPreset, 0, 6, PresetNames::Plain)) != err::None)
+        return code;
 
-    if (!next()) return err::PastEndOfFile;
+    if (!lines.Next()) return err::PastEndOfFile;
+    const Fields& f = lines.F();
     TakeFields(f, {{1, I16(s.NodeDivisions)},
                    {2, F64(s.GridSpacing)},
                    {3, I16(s.PickDivisions)},
@@ -302,31 +313,15 @@ int ReadNetworkSettingsRowForm(TextFileReader& in, Model& model, double version,
 int ReadNetworkSettingsLineForm(TextFileReader& in, Model& model, double version, char /*sep*/) {
     Presets& p = model.Preset;
     Settings& s = model.Set;
-    Fields f;
-    std::string line;
-    auto next = [&] {
-        if (!in.ReadLine(line)) return false;
-        SplitFields(version, line, f);
-        return true;
-    };
+    SettingsLines lines(in, version);
+    int code = ReadPresetLines(lines, p.WallNames, p.WallPreset, 0, 10, PresetNames::Plain, true);
+    if (code == err::None)
+        code = ReadPresetLines(lines, p.ResNames, p.ResPreset, 0, PresetRows - 1, PresetNames::Resistance);
+    if (code == err::None) code = ReadPresetLines(lines, p.ShockNames, p.ShockPreset, 0, 6, PresetNames::Plain);
+    if (code != err::None) return code;
 
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 10; ++i) p.WallNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 10; ++i) {
-        double v = ParseNumber(f[i + 1]);
-        p.WallPreset[i] = version < 2.4 ? OldFrictionValue(v) : ToSingle(v);
-    }
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ResNames[i] = ResNameOf(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i < PresetRows; ++i) p.ResPreset[i] = PlainValue(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 6; ++i) p.ShockNames[i] = TrimText(f[i + 1]);
-    if (!next()) return err::PastEndOfFile;
-    for (int i = 0; i <= 6; ++i) p.ShockPreset[i] = PlainValue(f[i + 1]);
-
-    if (!next()) return err::PastEndOfFile;
+    if (!lines.Next()) return err::PastEndOfFile;
+    const Fields& f = lines.F();
     // Field 1 is unused; 32 and 36 held the name of font 4 as a number and 35 a menu tick, none
     // of which means anything today (the fonts of these versions all become "Arial" on loading).
     if (TrimText(f[13]).empty()) s.DisplayOptions = 511;
@@ -345,8 +340,7 @@ int ReadNetworkSettingsLineForm(TextFileReader& in, Model& model, double version
             {40, Given(I16(s.IconSize[0]))},    {41, Given(I16(s.IconSize[1]))},      {42, Given(I16(s.IconSize[2]))},
             {43, Given(I16(s.IconSize[3]))},    {44, Given(I16(s.IconSize[4]))},      {45, Given(I16(s.IconSize[5]))},
             {46, Given(I16(s.IconSize[6]))},    {47, GivenFlag(s.NoPropertyInherit)}, {48, GivenFlag(s.AutoInfo)}});
-
-    if (!in.AtEnd()) in.ReadLine(line); // the closing line
+    lines.SkipClosingLine();
     return err::None;
 }
 

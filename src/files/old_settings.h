@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "files/number_text.h"
 #include "files/text_file.h"
 #include "model/model.h"
 
@@ -27,6 +28,35 @@ std::int16_t ReadUnitSys(double value);
 void ApplyBlockedResRule(Model& model);
 // An empty resistance name shows and reads as "undefined".
 std::string ResNameOf(const std::string& field);
+
+// The lines of a settings text one at a time, each cut into fields by the form of its version
+// (commas up to 2.4, tabs above).
+class SettingsLines {
+public:
+    SettingsLines(TextFileReader& in, double version) : in_(in), version_(version) {}
+    // Reads and splits the next line; false at the end of the text.
+    bool Next();
+    const Fields& F() const { return fields_; }
+    double Version() const { return version_; }
+    // The closing line of a section, when the text has one.
+    void SkipClosingLine();
+
+private:
+    TextFileReader& in_;
+    double version_;
+    std::string line_;
+    Fields fields_{};
+};
+
+// How the names of a preset table are read: trimmed, or as resistance names, of which an empty
+// one is "undefined" (the custom row 50 keeps its name when the file has none).
+enum class PresetNames { Plain, Resistance };
+
+// A line of names and a line of values for the preset rows first..last, from field 1 on.
+// Friction values of files below 2.4 are converted. Returns an error code.
+int ReadPresetLines(SettingsLines& lines, std::array<std::string, PresetRows + 1>& names,
+                    std::array<float, PresetRows + 1>& values, int first, int last, PresetNames rule,
+                    bool friction = false);
 
 // Defaults.dat of versions 1.0 to 2.4: comma-separated items; `rest` is line 1 from its fifth
 // character, "KARVANE2" announcing the 39 further resistance rows.
