@@ -640,13 +640,14 @@ bool OpenNetworkDialog(Model& model, ui::UserInterface& ui, const LoadOptions& o
 }
 
 void MergeNetwork(Model& model, ui::UserInterface& ui) {
-    SortLevels(model);
     const std::int32_t firstNew = CheckedAirwayCount(model) + 1;
+    // The merged levels go behind every row in use (in a sorted list, behind the first free
+    // row), so that none of the network's own levels is written over.
     LoadOptions options;
-    options.RLOffset = LevelRowsInFile;
-    for (std::int32_t i = 1; i <= LevelRowsInFile && Index(i) < model.Levels.size(); ++i)
-        if (model.Levels[Index(i)].RLName.empty()) {
-            options.RLOffset = i;
+    options.RLOffset = 1;
+    for (std::int32_t i = LevelRowsInFile; i >= 1; --i)
+        if (Index(i) < model.Levels.size() && !IsFreeLevel(model.Levels[Index(i)])) {
+            options.RLOffset = i + 1;
             break;
         }
     LoadReport report;

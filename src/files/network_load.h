@@ -35,7 +35,8 @@ struct LoadReport {
 struct LoadOptions {
     // The recovery file: it goes to the front of the recent files without being searched for.
     bool Recovery = false;
-    // Merging: the first free row of the level list, where the levels of the file go.
+    // Merging: the levels of the file fill the rows behind this one (line i goes to row
+    // i + RLOffset, rows 250 and beyond are dropped).
     std::int32_t RLOffset = 0;
     // A failed step of the read may be tried again as often as the user answers Yes; after this
     // many tries of one step the load ends as if answered No, so a batch run never loops.
