@@ -1,10 +1,12 @@
 // generate OUT [--airways N] [--seed S] [--levels L] ...: writes a synthetic mine, the same
 // for the same seed and size, for trials, benchmarks and demonstrations.
+#include <iostream>
 #include <memory>
 
 #include "bench/mine_generator.h"
 #include "commands.h"
 #include "session.h"
+#include "simulate/run.h"
 
 namespace karvane::cli {
 
@@ -14,7 +16,25 @@ struct GenerateOptions {
     std::string Out;
     minegen::MineSpec Spec;
     std::string Comment;
+    bool Balance = false;
+    int BalanceIterations = 2000;
 };
+
+// Balances the new mine once, so that the file holds its flows and pressures and the next run
+// starts from them. A grid of drives settles slowly from still air, hence the wider limit of
+// passes for this one run; the network keeps its own MaxIter.
+bool BalanceMine(Model& m, ui::ConsoleUserInterface& ui, int iterations, bool progress) {
+    const std::int16_t maxIter = m.Set.MaxIter;
+    m.Set.MaxIter = static_cast<std::int16_t>(iterations);
+    m.ShowProgress = progress ? 1 : 0;
+    simulate::RunAirflow(m, ui);
+    m.Set.MaxIter = maxIter;
+    for (const NetworkError& e : m.ErrorList)
+        std::cerr << ui::ConsoleUserInterface::OneLine("Sim Fail Error List",
+                                                       std::to_string(e.AirwayNo) + "\t" + e.Text)
+                  << '\n';
+    return m.SimFail == 0;
+}
 
 } // namespace
 
@@ -26,6 +46,7 @@ void AddGenerateCommand(CommandLine& cl) {
         s.StartProgram();
         minegen::GenerateMine(s.model(), o->Spec);
         if (!o->Comment.empty()) s.model().FileComment = o->Comment;
+        if (o->Balance && !BalanceMine(s.model(), s.ui(), o->BalanceIterations, cl.Global.Progress)) return ExitFailure;
         return s.Save(o->Out) ? ExitOk : ExitFailure;
     });
     sub->add_option("OUT", o->Out, "Network file to write")->required();
@@ -45,6 +66,9 @@ void AddGenerateCommand(CommandLine& cl) {
     sub->add_option("--doors", o->Spec.Doors, "Doors in crosscuts (default: about one crosscut in 200)")
         ->check(CLI::NonNegativeNumber);
     sub->add_option("--comment", o->Comment, "Comment of the file (default: a description of the mine)");
+    sub->add_flag("--balance", o->Balance, "Balance the mine once and keep its flows and pressures in the file");
+    sub->add_option("--balance-iterations", o->BalanceIterations, "Limit of passes of that run (default 2000)")
+        ->check(CLI::Range(1, 32767));
 }
 
 } // namespace karvane::cli

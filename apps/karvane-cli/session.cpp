@@ -4,22 +4,12 @@
 #include <algorithm>
 #include <cctype>
 
-#include "model/units.h"
-
-// The program's file readers and writers are arriving one by one; until all of them are in
-// the tree, the command line says what it cannot do yet instead of failing to build.
-#if __has_include("files/network_load.h") && __has_include(                                                            \
-                                                 "files/network_file.h") &&                                            \
-                                                 __has_include("files/defaults_file.h") &&                             \
-                                                               __has_include("files/conversion_file.h") &&             \
-                                                                             __has_include("files/fan_file.h")
-#define KARVANE_CLI_FILES 1
 #include "files/conversion_file.h"
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
 #include "files/network_file.h"
 #include "files/network_load.h"
-#endif
+#include "model/units.h"
 
 namespace karvane::cli {
 
@@ -36,7 +26,6 @@ bool EndsWithNoCase(const std::string& text, const std::string& tail) {
 
 Session::Session(const CommandLine& cl) : model_(std::make_unique<Model>()), ui_(cl.MakeConsole()) {}
 
-#ifdef KARVANE_CLI_FILES
 void Session::StartProgram() {
     Model& m = *model_;
     SetBuiltInUnits(m.Units);
@@ -59,19 +48,5 @@ bool Session::Save(const std::string& path) {
     model_->ViewWindowOpen = true;
     return files::SaveNetwork(*model_, *ui_, 0);
 }
-#else
-void Session::StartProgram() {}
-
-bool Session::Load(const std::string&) {
-    ui_->Message("Network files cannot be read by this build yet", "Load", ui::Icon::Critical);
-    return false;
-}
-
-bool Session::Save(const std::string& path) {
-    (void)EndsWithNoCase(path, "SMM");
-    ui_->Message("Network files cannot be written by this build yet", "Save", ui::Icon::Critical);
-    return false;
-}
-#endif
 
 } // namespace karvane::cli

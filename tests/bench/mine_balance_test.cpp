@@ -7,7 +7,12 @@
 #include <memory>
 
 #include "bench/mine_generator.h"
+#include "files/conversion_file.h"
+#include "files/defaults_file.h"
+#include "files/fan_file.h"
+#include "files/network_load.h"
 #include "model/builtin_settings.h"
+#include "model/units.h"
 #include "simulate/run.h"
 #include "ui/scripted_ui.h"
 
@@ -59,4 +64,34 @@ TEST(MineGenerator, GeneratedMinesBalance) {
         EXPECT_EQ(m->SimFail, 0);
         EXPECT_TRUE(ui.Transcript.empty());
     }
+}
+
+// The demo mine that ships with the program loads without a word and balances at once with its
+// own settings, from the flows it was saved with.
+TEST(DemoMine, LoadsAndBalancesWithoutAQuestion) {
+    auto m = std::make_unique<Model>();
+    ui::ScriptedUserInterface ui;
+    ui.App = KARVANE_EXAMPLES;
+    ui.DefaultAnswer = ui::Answer::No;
+    SetBuiltInUnits(m->Units);
+    files::LoadConversions(*m, ui);
+    files::LoadBuiltInSettings(*m, ui);
+    files::LoadFanDatabase(*m, ui);
+    m->FileName = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
+    ASSERT_TRUE(files::LoadNetwork(*m, ui));
+    EXPECT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Title << ": " << ui.Transcript.front().Text;
+    EXPECT_EQ(m->Set.MaxIter, 50);
+
+    m->ShowProgress = 0;
+    simulate::RunAirflow(*m, ui);
+    EXPECT_EQ(m->SimFail, 0);
+    EXPECT_NE(m->SimValid, 0);
+    EXPECT_TRUE(m->ErrorList.empty());
+    EXPECT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Title << ": " << ui.Transcript.front().Text;
+    int named = 0;
+    for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+        const std::string name = TrimText(m->Airways[r].BranchName);
+        named += name == "Main Intake Shaft" || name == "L2 Drive North" || name == "Main Exhaust Shaft";
+    }
+    EXPECT_GE(named, 3);
 }
