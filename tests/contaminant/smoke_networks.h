@@ -1,0 +1,124 @@
+// Small networks for the contaminant tests, with flows the test sets itself: airways between
+// points of their own with a fixed length, the surface at 1000, and a user interface and hooks
+// that record what the spread showed and asked of the windows.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "contaminant/spread.h"
+#include "model/builtin_settings.h"
+#include "model/model.h"
+#include "model/node_keys.h"
+#include "ui/scripted_ui.h"
+
+namespace karvane::smoketest {
+
+struct Point {
+    std::int32_t X = 0, Y = 0, Z = 500;
+};
+inline Point Surface(std::int32_t x) { return {x, 0, 1000}; }
+inline Point Under(std::int32_t x, std::int32_t y = 0) { return {x, y, 500}; }
+
+inline std::unique_ptr<Model> NewModel() {
+    auto model = std::make_unique<Model>();
+    SetBuiltInSettings(*model);
+    model->Levels[1] = {"SURFACE", 1000, 1000};
+    model->Levels[2] = {"U/Ground", 500, 480};
+    model->Set.AllowErr = 0.0001f;
+    return model;
+}
+
+// An airway carrying `flow`, 4 m x 4 m unless the test changes its shape, with a fixed length
+// so that travel times are the test's own, and a custom resistance that a refresh keeps.
+inline std::int32_t Add(Model& model, Point from, Point to, float flow, float length = 100) {
+    const std::int32_t row = ++model.AirwayCount;
+    Airway& a = model.Airways[row];
+    a = Airway{};
+    a.X1 = from.X, a.Y1 = from.Y, a.Z1 = from.Z;
+    a.X2 = to.X, a.Y2 = to.Y, a.Z2 = to.Z;
+    a.BranchCode = bc::Rectangular | bc::FixedLength;
+    a.Height = 4;
+    a.Width = 4;
+    a.WallType = 4;
+    a.ResType = CustomPreset;
+    a.Resistance = 0.01f;
+    a.NoAirways = 1;
+    a.Quantity = flow;
+    a.Length = length;
+    a.AirwayNo = row;
+    model.Set.LastAirwayNo = row;
+    return row;
+}
+
+inline void MakeSource(Model& model, std::int32_t row, float level) {
+    model.Airways[row].BranchCode |= bc::ContaminantSource;
+    model.Airways[row].Contaminant = level;
+}
+
+// The flows stand as the test set them and count as a balanced result: node keys built, the
+// result valid, so that a contaminant run reads them without an airflow run of its own.
+inline void Balanced(Model& model, ui::UserInterface& ui) {
+    BuildNodeKeys(model, ui);
+    model.SimValid = -1;
+}
+
+// The row of a lasting airway number (a spread sorts the rows).
+inline std::int32_t RowOf(const Model& model, std::int32_t airwayNo) {
+    for (std::int32_t r = 1; r <= model.AirwayCount; ++r)
+        if (model.Airways[r].AirwayNo == airwayNo) return r;
+    return 0;
+}
+inline std::int16_t Level(const Model& model, std::int32_t airwayNo) {
+    return model.Airways[RowOf(model, airwayNo)].Gas2;
+}
+inline float TimeOf(const Model& model, std::int32_t airwayNo) {
+    return model.Smoke.SpreadTime[RowOf(model, airwayNo)];
+}
+
+// Records the progress boxes of the smoke window and the offers of input boxes, and presses Cancel at a given step of the
+// event loop.
+class SmokeUi : public ui::ScriptedUserInterface {
+public:
+    std::vector<std::pair<std::string, std::string>> Boxes;
+    std::vector<std::string> Defaults; // the text each input box offered
+    Model* CancelModel = nullptr;
+    contaminant::SpreadHooks* CancelHooks = nullptr;
+    int CancelAtPump = 0; // 0: never
+
+    void ProgressBox(const std::string& box, const std::string& text) override { Boxes.emplace_back(box, text); }
+    std::optional<std::string> Input(const std::string& prompt, const std::string& title,
+                                     const std::string& defaultText) override {
+        Defaults.push_back(defaultText);
+        return ui::ScriptedUserInterface::Input(prompt, title, defaultText);
+    }
+    void PumpEvents() override {
+        ui::ScriptedUserInterface::PumpEvents();
+        if (CancelModel && PumpCount == CancelAtPump) contaminant::CancelSpread(*CancelModel, CancelHooks);
+    }
+    std::vector<std::string> BoxTexts(const std::string& box) const {
+        std::vector<std::string> out;
+        for (const auto& [name, text] : Boxes)
+            if (name == box) out.push_back(text);
+        return out;
+    }
+};
+
+// Records what the spread asked of the windows around it, in order.
+struct WindowHooks : contaminant::SpreadHooks {
+    std::vector<std::string> Calls;
+    void Redraw() override { Calls.emplace_back("Redraw"); }
+    void RememberDataTypes() override { Calls.emplace_back("RememberDataTypes"); }
+    void ShowContaminantDataTypes() override { Calls.emplace_back("ShowContaminantDataTypes"); }
+    void RestoreDataTypes() override { Calls.emplace_back("RestoreDataTypes"); }
+    void CloseSmokeWindow() override { Calls.emplace_back("CloseSmokeWindow"); }
+    void ShowLegend() override { Calls.emplace_back("ShowLegend"); }
+    void LegendChanged() override { Calls.emplace_back("LegendChanged"); }
+    void CloseLegend() override { Calls.emplace_back("CloseLegend"); }
+};
+
+} // namespace karvane::smoketest
