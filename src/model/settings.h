@@ -95,6 +95,7 @@ struct Settings {
     std::int16_t MaxText = 100;
     std::int32_t BlockedRes = BlockedResValue;
     float SurfaceBaro = 101; // kPa
+    bool ExportVisibleOnly = false; // the DXF export writes the airways of the display list alone
 };
 
 // The three preset tables, 50 rows each (0..49); row 50 exists for the name "Fix Res".

@@ -1,0 +1,28 @@
+// The export of the airways to a tab-separated text file for a spreadsheet, in the current unit
+// system. Its columns are those the text import reads, so a network can leave and come back.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "model/model.h"
+#include "ui/user_interface.h"
+
+namespace karvane::exchange {
+
+// The heading line's sixteen columns.
+inline constexpr std::array<const char*, 16> TextExportHeadings{
+    "X1",          "Y1",          "Z1",         "X2",        "Y2",     "Z2",    "QUANTITY",   "RESISTANCE",
+    "FAN TYPE",    "NO FANS",     "BRANCH NAME", "ENTRY NODE", "EXIT NODE", "HEIGHT", "WIDTH/DIAM", "Airway No"};
+
+// Writes the heading and one line per airway row: coordinates, flow (rounded to one decimal
+// first), resistance (to five decimals first), fan number and count, the three names at their
+// full 40 characters, height, width and the airway number, numbers in padded form with the
+// machine's decimal separator. Returns whether the file was written; a failure tells the user
+// "Error exporting File" and leaves any file that was there as it was.
+bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui);
+
+// The text of one airway's line, without its line end.
+std::string TextExportLine(const Model& model, std::int32_t row, char sep);
+
+} // namespace karvane::exchange
