@@ -71,4 +71,20 @@ inline std::string CrLf(std::initializer_list<std::string> lines) {
     return out;
 }
 
+// A valid file damaged at a few random places: bytes changed, runs cut out, separators and
+// signs put in, the tail cut off. Readers must survive every one of them.
+inline std::string Mangled(std::string text, std::mt19937& rng) {
+    const int edits = 1 + static_cast<int>(rng() % 8);
+    for (int e = 0; e < edits && !text.empty(); ++e) {
+        const std::size_t at = rng() % text.size();
+        switch (rng() % 4) {
+        case 0: text[at] = static_cast<char>(rng() % 256); break;
+        case 1: text.erase(at, rng() % 40); break;
+        case 2: text.insert(at, std::string(1 + rng() % 3, "\t\r\n-9E,"[rng() % 7])); break;
+        default: text.resize(at); break;
+        }
+    }
+    return text;
+}
+
 } // namespace karvane::testing

@@ -62,86 +62,33 @@ int ReadBlockText(Model& model, const std::string& text, char sep = '.') {
     return ReadDefaultsBlock(in, model, first, sep);
 }
 
-// Every field of the settings and presets away from its built-in value.
-void SetEveryField(Model& m) {
-    Settings& s = m.Set;
-    s.NodeDivisions = 7;
-    s.GridSpacing = 62.5;
-    s.PickDivisions = 30;
-    s.DriveWallType = 6;
-    s.DefaultShock = 3;
-    s.DriveHeight = 4.5f;
-    s.DriveWidth = 5.25f;
-    s.RaiseDiameter = 3.1f;
-    s.SurfaceName = "PORTAL";
-    s.MaxIter = 75;
-    s.AllowErr = 0.01f;
-    s.AirwayCapacity = 12000;
-    s.PowerCost = 0.11f;
-    s.AirEfficiency = 0.72f;
-    s.Density = 1.15f;
-    s.DimOptions = 12;
-    s.SpinSpeed = 3.5f;
-    s.TiltSpeed = 1.5f;
-    s.FullRotation = -1;
-    s.FreshExhaust = 1;
-    s.AttributeMask = 5;
-    s.DisplayOptions = 300;
-    s.SurfaceRL = 1020.5f;
-    s.DxfNodeCircle = 2;
-    s.DxfArrow = 3;
-    s.DxfData = 4;
-    s.DxfAirway = 5;
-    s.DxfNode = 6;
-    s.DataFilter = 2;
-    s.DxfFloat = 7;
-    s.ScreenBuffer = true;
-    s.ScaleFonts = 0;
-    s.NoPropertyInherit = true;
-    for (int k = 1; k <= FontCount; ++k) {
-        s.FontName[k] = "Font " + std::to_string(k);
-        s.FontBold[k] = static_cast<std::int16_t>(k % 2);
-        s.FontSize[k] = static_cast<std::int16_t>(6 + k);
-    }
-    for (int k = 0; k < IconCount; ++k) {
-        s.IconSize[k] = static_cast<std::int16_t>(10 + k);
-        s.IconScaled[k] = static_cast<std::int16_t>(k % 2);
-    }
-    for (int k = 0; k < ColourCount; ++k) s.Colours[k] = 1000 + k;
-    s.PowerZoom = 6;
-    s.MaxFans = 320;
-    s.PresetResOverride = 1;
-    s.UnlimitedSpeed = 1;
-    s.UnitSys = 2;
-    s.PerspectiveDistance = 2500;
-    s.LayerInherit = true;
-    s.DefaultPerimeter = 14;
-    s.DefaultArea = 12.5f;
-    s.UseArea = 1;
-    s.DefaultCurvePct = 40;
-    s.RealTimeOn = 1;
-    s.LastAirwayNo = 4321;
-    s.AutoInfo = true;
-    s.ScrollZoomOff = 1;
-    s.AutosaveMinutes = 5;
-    s.SmokeCumulative = 1;
-    s.EditNoRightClick = 1;
-    s.ViewBoxWidth = 750;
-    s.ViewBoxX = 2500;
-    s.ViewBoxY = -300;
-    s.FlowMin = 5;
-    s.FlowMax = 400;
-    Presets& p = m.Preset;
+// A settings line with every value away from its built-in one, in its written form. The icon
+// pairs stand in the order 0, 1, 4, 3, 2, 6, 5 (IconSize(k) = 10 + k, IconScaled(k) = k mod 2).
+const std::string EverySetting =
+    " 7 \t 62.5 \t 30 \t 6 \t 3 \t 4.5 \t 5.25 \t 3.1 \tPORTAL\t 75 \t 0.01 \t 30000 \t 0.11 \t 0.72 \t 1.15 \t 12 \t"
+    " 3.5 \t 1.5 \t-1 \t 1 \t 5 \t 300 \t 1020.5 \t 2 \t 3 \t 4 \t 5 \t 6 \t 2 \t 7 \tTrue\t 0 \tTrue\t"
+    "Font 1\t 1 \t 7 \tFont 2\t 0 \t 8 \tFont 3\t 1 \t 9 \tFont 4\t 0 \t 10 \t"
+    " 10 \t 0 \t 11 \t 1 \t 14 \t 0 \t 13 \t 1 \t 12 \t 0 \t 16 \t 0 \t 15 \t 1 \t"
+    " 1000 \t 1001 \t 1002 \t 1003 \t 1004 \t 1005 \t 1006 \t 1007 \t"
+    " 6 \t 320 \t 1 \t 1 \t 2 \t 2500 \tTrue\t 14 \t 12.5 \t 1 \t 40 \t 1 \t 4321 \tTrue\t 1 \t 5 \t 1 \t 1 \t"
+    " 750 \t 2500 \t-300 \t 5 \t 400 ";
+
+// The whole block with every preset named and valued and EverySetting as its settings line.
+std::string EveryFieldBlock() {
+    std::string names[3], values[3];
+    const char* stems[3] = {"Wall ", "Res ", "Shock "};
     for (int i = 0; i < PresetRows; ++i) {
-        p.WallNames[i] = "Wall " + std::to_string(i);
-        p.WallPreset[i] = 0.001f * static_cast<float>(i + 1);
-        p.ResNames[i] = "Res " + std::to_string(i);
-        p.ResPreset[i] = 1.5f * static_cast<float>(i);
-        p.ShockNames[i] = "Shock " + std::to_string(i);
-        p.ShockPreset[i] = static_cast<float>(10 * i);
+        for (int t = 0; t < 3; ++t) names[t] += stems[t] + std::to_string(i) + '\t';
+        values[0] += PaddedSingle(0.001f * static_cast<float>(i + 1), '.') + '\t';
+        values[1] += PaddedSingle(i == 1 ? 1e9f : 1.5f * static_cast<float>(i), '.') + '\t';
+        values[2] += PaddedSingle(static_cast<float>(10 * i), '.') + '\t';
     }
-    p.ResPreset[1] = static_cast<float>(BlockedResValue);
+    return Join({"3.1\tKARVANE3", names[0], values[0], names[1], values[1], names[2], values[2], EverySetting,
+                 "**End of Network Defaults**"});
 }
+
+// Every field of the settings and presets away from its built-in value.
+void SetEveryField(Model& m) { ASSERT_EQ(ReadBlockText(m, EveryFieldBlock()), 0); }
 
 } // namespace
 
@@ -171,81 +118,53 @@ TEST(DefaultsBlock, LayoutOfTheLines) {
     Model m;
     SetUpBuiltIn(m);
     SetEveryField(m);
-    const auto lines = Lines(BlockText(m, '.'));
+    const std::string text = BlockText(m, '.');
+    EXPECT_EQ(text, EveryFieldBlock());
+    const auto lines = Lines(text);
     ASSERT_EQ(lines.size(), 9u);
-    EXPECT_EQ(lines[0], "3.1\tKARVANE3");
-    EXPECT_EQ(lines[8], "**End of Network Defaults**");
-    for (int i = 1; i <= 6; ++i) {
-        auto f = Tabs(lines[static_cast<std::size_t>(i)]);
-        ASSERT_EQ(f.size(), 51u) << "line " << i + 1;
-        EXPECT_EQ(f[50], "") << "every item followed by a tab";
-    }
-    EXPECT_EQ(Tabs(lines[1])[3], "Wall 3");
-    EXPECT_EQ(Tabs(lines[2])[1], " 0.002 ");
-    EXPECT_EQ(Tabs(lines[4])[1], " 1E+09 ");
+    EXPECT_EQ(Tabs(lines[1]).size(), 51u) << "every name followed by a tab";
+    EXPECT_EQ(Tabs(lines[7]).size(), 90u) << "no tab behind the last value";
 
-    // The settings line: 90 values in their order, no tab behind the last.
-    auto f = Tabs(lines[7]);
-    ASSERT_EQ(f.size(), 90u);
-    auto field = [&](int n) { return f[static_cast<std::size_t>(n - 1)]; };
-    EXPECT_EQ(field(1), " 7 ");
-    EXPECT_EQ(field(2), " 62.5 ");
-    EXPECT_EQ(field(5), " 3 ");
-    EXPECT_EQ(field(9), "PORTAL");
-    EXPECT_EQ(field(12), " 30000 ") << "the capacity of the writing program, not the field";
-    EXPECT_EQ(field(15), " 1.15 ");
-    EXPECT_EQ(field(19), "-1 ");
-    EXPECT_EQ(field(31), "True");
-    EXPECT_EQ(field(33), "True");
-    EXPECT_EQ(field(34), "Font 1");
-    EXPECT_EQ(field(35), " 1 ");
-    EXPECT_EQ(field(36), " 7 ");
-    EXPECT_EQ(field(43), "Font 4");
-    // Icons in the order 0, 1, 4, 3, 2, 6, 5, size then scaled.
-    const int order[] = {0, 1, 4, 3, 2, 6, 5};
-    for (int i = 0; i < 7; ++i) {
-        EXPECT_EQ(field(46 + 2 * i), " " + std::to_string(10 + order[i]) + " ");
-        EXPECT_EQ(field(47 + 2 * i), " " + std::to_string(order[i] % 2) + " ");
+    // The values reached their fields.
+    const Settings& s = m.Set;
+    EXPECT_EQ(s.GridSpacing, 62.5);
+    EXPECT_EQ(s.SurfaceName, "PORTAL");
+    EXPECT_EQ(s.AirwayCapacity, 30000);
+    EXPECT_EQ(s.FullRotation, -1);
+    EXPECT_TRUE(s.ScreenBuffer);
+    EXPECT_EQ(s.FontName[3], "Font 3");
+    EXPECT_EQ(s.FontSize[4], 10);
+    for (int k = 0; k < IconCount; ++k) {
+        EXPECT_EQ(s.IconSize[k], 10 + k) << k;
+        EXPECT_EQ(s.IconScaled[k], k % 2) << k;
     }
-    EXPECT_EQ(field(60), " 1000 ");
-    EXPECT_EQ(field(67), " 1007 ");
-    EXPECT_EQ(field(68), " 6 ");
-    EXPECT_EQ(field(69), " 320 ");
-    EXPECT_EQ(field(70), " 1 ");
-    EXPECT_EQ(field(72), " 2 ");
-    EXPECT_EQ(field(74), "True");
-    EXPECT_EQ(field(80), " 4321 ");
-    EXPECT_EQ(field(83), " 5 ");
-    EXPECT_EQ(field(88), "-300 ");
-    EXPECT_EQ(field(90), " 400 ");
+    EXPECT_EQ(s.Colours[7], 1007);
+    EXPECT_EQ(s.MaxFans, 320);
+    EXPECT_EQ(s.UnitSys, 2);
+    EXPECT_TRUE(s.LayerInherit);
+    EXPECT_EQ(s.DefaultArea, 12.5f);
+    EXPECT_EQ(s.LastAirwayNo, 4321);
+    EXPECT_EQ(s.AutosaveMinutes, 5);
+    EXPECT_EQ(s.ViewBoxY, -300.0f);
+    EXPECT_EQ(s.FlowMax, 400.0f);
+    EXPECT_EQ(m.Preset.ResPreset[1], 1e9f);
 
     const auto comma = Lines(BlockText(m, ','));
     EXPECT_EQ(comma[0], "3,1\tKARVANE3");
     EXPECT_EQ(Tabs(comma[7])[1], " 62,5 ");
 }
 
-TEST(DefaultsBlock, RoundTripRestoresEveryField) {
+TEST(DefaultsBlock, RoundTripUnderEitherSeparator) {
     Model a;
     SetUpBuiltIn(a);
     SetEveryField(a);
     a.Preset.ResNames[20] = ""; // an empty resistance name comes back as "undefined"
-    const std::string text = BlockText(a, '.');
-
     Model b;
     SetUpBuiltIn(b);
-    ASSERT_EQ(ReadBlockText(b, text), 0);
+    ASSERT_EQ(ReadBlockText(b, BlockText(a, '.')), 0);
     EXPECT_EQ(b.Preset.ResNames[20], "undefined");
-    EXPECT_EQ(b.Set.AirwayCapacity, 30000);
-    EXPECT_EQ(b.Set.GridSpacing, 62.5);
-    EXPECT_EQ(b.Set.IconSize[4], 14);
-    EXPECT_EQ(b.Set.FontName[3], "Font 3");
-    EXPECT_EQ(b.Set.UnitSys, 2);
-    EXPECT_TRUE(b.Set.LayerInherit);
-    EXPECT_EQ(b.Preset.ResPreset[1], 1e9f);
     EXPECT_EQ(b.Preset.ResNames[CustomPreset], "Fix Res") << "row 50 is not in the file";
-
     a.Preset.ResNames[20] = "undefined";
-    a.Set.AirwayCapacity = 30000;
     EXPECT_EQ(BlockText(b, '.'), BlockText(a, '.'));
 
     // Written under a decimal comma, read on a machine of full stops, and the other way round.
@@ -360,14 +279,6 @@ TEST(DefaultsBlock, EndOfTextInsideTheBlockKeepsWhatWasRead) {
     EXPECT_EQ(line, "Saved Views");
 }
 
-TEST(DefaultsFile, VersionOfTheFirstLine) {
-    EXPECT_EQ(FirstLineVersion("3.1\tKARVANE3"), 3.1);
-    EXPECT_EQ(FirstLineVersion("3,1\tKARVANE3"), 3.1);
-    EXPECT_EQ(FirstLineVersion("2.6 KARVANE"), 2.6);
-    EXPECT_EQ(FirstLineVersion(""), 0.0);
-    EXPECT_EQ(FirstLineVersion("KARVANE"), 0.0);
-}
-
 TEST(DefaultsFile, MissingOrBrokenFileSaysSoAndKeepsTheValues) {
     AppFolder dir;
     Model m;
@@ -392,38 +303,19 @@ TEST(DefaultsFile, MissingOrBrokenFileSaysSoAndKeepsTheValues) {
 }
 
 TEST(DefaultsFile, ArbitraryBytesNeverBreakTheReader) {
-    Model good;
-    SetUpBuiltIn(good);
-    SetEveryField(good);
-    const auto lines = Lines(BlockText(good, '.'));
+    const std::string valid = EveryFieldBlock();
+    const std::string old = AppFolder::ReadFile(std::string(KARVANE_TEST_DATA) + "/defaults_v23.dat");
     std::mt19937 rng(7);
     AppFolder dir;
     for (int round = 0; round < 300; ++round) {
-        std::string text;
-        const int count = static_cast<int>(rng() % 12);
-        for (int i = 0; i < count; ++i) {
-            if (rng() % 3 == 0) {
-                std::string noise(rng() % 400, '\0');
-                for (char& c : noise) c = static_cast<char>(rng() % 256);
-                text += noise;
-            } else {
-                std::string line = lines[rng() % lines.size()];
-                if (!line.empty() && rng() % 2) line.resize(rng() % line.size());
-                text += line;
-            }
-            text += (rng() % 4 == 0) ? "\n" : "\r\n";
-        }
-        if (round % 3 == 0) text = lines[0] + "\r\n" + text;
-        if (round % 5 == 0) text = "2." + std::to_string(rng() % 10) + " KARVANE2\r\n" + text;
-        dir.Write("Defaults.dat", text);
+        dir.Write("Defaults.dat", karvane::testing::Mangled(round % 2 ? valid : old, rng));
         Model m;
         SetUpBuiltIn(m);
         LoadDefaultsFile(m, dir.Ui);
-        EXPECT_GE(m.Set.MaxFans, 1);
         EXPECT_GE(m.Fans.size(), static_cast<std::size_t>(m.Set.MaxFans) + 1);
+        EXPECT_GE(m.Set.MaxFans, 1);
         EXPECT_TRUE(m.Set.UnitSys == 1 || m.Set.UnitSys == 2);
-        EXPECT_GE(m.Set.DriveWallType, 0);
-        EXPECT_LE(m.Set.DriveWallType, CustomPreset);
+        EXPECT_TRUE(m.Set.DriveWallType >= 0 && m.Set.DriveWallType <= CustomPreset);
     }
 }
 
@@ -542,16 +434,4 @@ TEST(BuiltInSettings, DefaultsFileOverBuiltInValuesWithTheFixUps) {
     LoadBuiltInSettings(n, dir.Ui);
     EXPECT_TRUE(dir.Ui.Transcript.empty());
     EXPECT_EQ(n.Set.NodeDivisions, 7);
-}
-
-TEST(BuiltInSettings, AutosaveInterval) {
-    Settings s;
-    EXPECT_EQ(AutosaveIntervalMs(s), 0);
-    EXPECT_FALSE(AutosaveEnabled(s));
-    s.AutosaveMinutes = 10;
-    EXPECT_EQ(AutosaveIntervalMs(s), 60000);
-    s.AutosaveMinutes = -3;
-    EXPECT_EQ(AutosaveIntervalMs(s), 0);
-    s.AutosaveMinutes = 2000000000;
-    EXPECT_EQ(AutosaveIntervalMs(s), 2147483647);
 }
