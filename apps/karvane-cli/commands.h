@@ -10,5 +10,6 @@ namespace karvane::cli {
 void AddInfoCommand(CommandLine& cl);     // info FILE [--json]
 void AddConvertCommand(CommandLine& cl);  // convert IN OUT
 void AddGenerateCommand(CommandLine& cl); // generate OUT [--airways N] [--seed S] [--levels L] ...
+void AddRenderCommand(CommandLine& cl);   // render FILE OUT.svg [--view N] [--data TYPE] [--size WxH] ...
 
 } // namespace karvane::cli

@@ -9,5 +9,6 @@ int main(int argc, char** argv) {
     AddInfoCommand(cl);
     AddConvertCommand(cl);
     AddGenerateCommand(cl);
+    AddRenderCommand(cl);
     return cl.Run(argc, argv);
 }
