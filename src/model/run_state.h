@@ -14,7 +14,9 @@ namespace karvane {
 
 // Capacities of the mesh store and the neighbour lists (signed 16-bit row numbers throughout).
 inline constexpr std::int32_t MeshListCapacity = 20 * MaxAirways; // MeshList(1..)
-inline constexpr std::int32_t MeshCapacity = MaxAirways / 2;      // MeshStart(1..)
+// A network has at most one mesh per airway, so MeshStart holds one entry per airway: only
+// the entries of MeshList run out.
+inline constexpr std::int32_t MeshCapacity = MaxAirways; // MeshStart(1..)
 inline constexpr std::int32_t NodeLinkCapacity = 4 * MaxAirways;  // NodeLinkList(1..)
 // The fan database never holds more than this many rows ("Max Number of Fan Types (1000)").
 inline constexpr std::int32_t FanSlotCapacity = 1000;

@@ -199,11 +199,6 @@ bool BuildMeshLists(Model& model, ui::UserInterface& ui) {
 
     for (std::int32_t a = 1; a <= n; ++a) {
         if (run.EntryNodeNo[a] > 0) continue;
-        if (meshes >= MeshCapacity) {
-            MeshStoreFull(model, ui);
-            run.NumMeshes = static_cast<std::int16_t>(meshes);
-            return false;
-        }
         ++meshes;
         const std::int32_t start = pos;
         run.MeshStart[meshes] = start;

@@ -1,0 +1,235 @@
+// The airflow run on generated mines of 1,000, 10,000 and 30,000 airways: each stage on its own
+// (checking, meshing, balancing, pressures and neighbour lists), the whole run from still air
+// and a run again over a balanced network. Counters give the balancing passes, the mesh
+// entries that balancing works through per second, and the heap allocations of each stage.
+#include <benchmark/benchmark.h>
+
+#include <atomic>
+#include <cstdlib>
+#include <map>
+#include <memory>
+#include <new>
+#include <vector>
+
+#include "bench/mine_generator.h"
+#include "model/builtin_settings.h"
+#include "simulate/balancing.h"
+#include "simulate/fan_model.h"
+#include "simulate/meshing.h"
+#include "simulate/pressures.h"
+#include "simulate/run.h"
+#include "simulate/validation.h"
+#include "ui/scripted_ui.h"
+
+// Every heap allocation of the program is counted, so that a stage can show that it makes none.
+// The compiler sees the replaced delete inlined next to the standard library's new and takes
+// the pair for a mismatch; both sides here are malloc and free.
+#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
+namespace {
+std::atomic<long long> allocations{0};
+} // namespace
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
+    throw std::bad_alloc();
+}
+void operator delete(void* p) noexcept { std::free(p); }
+void operator delete(void* p, std::size_t) noexcept { std::free(p); }
+
+namespace {
+
+using namespace karvane;
+using namespace karvane::simulate;
+
+// Counts the balancing passes: each pass that leaves a mesh open shows its attempt number.
+class CountingUi : public ui::ScriptedUserInterface {
+public:
+    long long Passes = 0;
+    void ProgressAttempt(const std::string& text) override {
+        if (!text.empty()) ++Passes;
+    }
+};
+
+// A generated mine and its rows as generated, to put back before each measured run.
+struct Mine {
+    std::unique_ptr<Model> M = std::make_unique<Model>();
+    std::vector<Airway> Rows;
+    std::int32_t Count = 0, LastNo = 0;
+    CountingUi Ui;
+
+    explicit Mine(std::int32_t airways) {
+        SetBuiltInSettings(*M);
+        minegen::MineSpec spec;
+        spec.Airways = airways;
+        spec.Seed = 1;
+        spec.Boosters = 1;
+        // The largest mine is spread over 25 levels. On the generator's own 15 its grid of
+        // drives and crosscuts makes 14,615 meshes of 725,692 entries, more than the mesh store
+        // holds (20 x MaxAirways), and the run would stop with the mesh store message.
+        if (airways >= 30000) spec.Levels = 25;
+        minegen::GenerateMine(*M, spec);
+        M->ShowProgress = 0;
+        M->Set.MaxIter = 5000;
+        Ui.DefaultAnswer = ui::Answer::No;
+        Count = M->AirwayCount;
+        LastNo = M->Set.LastAirwayNo;
+        Rows.assign(M->Airways.begin(), M->Airways.begin() + Count + 1);
+    }
+    void Restore() {
+        std::copy(Rows.begin(), Rows.end(), M->Airways.begin());
+        M->AirwayCount = Count;
+        M->Set.LastAirwayNo = LastNo;
+        M->ErrorList.clear();
+        M->SimFail = 0;
+        M->SimMode = 0;
+        M->StopFlag = 0;
+    }
+    // Up to the meshes, as a run leaves them for balancing.
+    void CheckAndMesh() {
+        Restore();
+        CheckNetwork(*M, Ui);
+        PrepareMeshOrder(*M);
+        BuildMeshes(*M, Ui);
+        BuildWorkingCurves(*M, Ui);
+    }
+    // Entries of the meshes that balancing works on (fixed meshes are held, not worked).
+    long long OpenMeshEntries() const {
+        const RunState& run = M->Run;
+        long long n = 0;
+        for (std::int32_t m = 1; m <= run.NumMeshes; ++m)
+            if (run.MeshList[run.MeshStart[m]] > 0) n += run.MeshStart[m + 1] - run.MeshStart[m];
+        return n;
+    }
+};
+
+// One mine per size for the whole program: generating the largest takes longer than a stage.
+Mine& MineOf(std::int64_t size) {
+    static std::map<std::int64_t, std::unique_ptr<Mine>> mines;
+    auto& m = mines[size];
+    if (!m) m = std::make_unique<Mine>(static_cast<std::int32_t>(size));
+    return *m;
+}
+
+void Checking(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    long long allocs = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        mine.Restore();
+        const long long before = allocations;
+        state.ResumeTiming();
+        CheckNetwork(*mine.M, mine.Ui);
+        allocs = allocations - before;
+    }
+    state.counters["allocs"] = static_cast<double>(allocs);
+}
+
+void Meshing(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    mine.Restore();
+    CheckNetwork(*mine.M, mine.Ui);
+    const std::int32_t n = mine.M->AirwayCount;
+    const std::vector<std::int16_t> entry(mine.M->Run.EntryNodeNo.begin(), mine.M->Run.EntryNodeNo.begin() + n + 1);
+    const std::vector<std::int16_t> exit(mine.M->Run.ExitNodeNo.begin(), mine.M->Run.ExitNodeNo.begin() + n + 1);
+    long long allocs = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::copy(entry.begin(), entry.end(), mine.M->Run.EntryNodeNo.begin());
+        std::copy(exit.begin(), exit.end(), mine.M->Run.ExitNodeNo.begin());
+        const long long before = allocations;
+        state.ResumeTiming();
+        PrepareMeshOrder(*mine.M);
+        BuildMeshes(*mine.M, mine.Ui);
+        allocs = allocations - before;
+    }
+    state.counters["meshes"] = mine.M->Run.NumMeshes;
+    state.counters["entries"] = static_cast<double>(mine.M->Run.MeshStart[mine.M->Run.NumMeshes + 1] - 1);
+    state.counters["allocs"] = static_cast<double>(allocs);
+}
+
+// Balancing from still air: every flow seeded from the chords' flows of the generated mine.
+void Balancing(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    mine.CheckAndMesh();
+    const std::int32_t n = mine.M->AirwayCount;
+    std::vector<float> seed(static_cast<std::size_t>(n) + 1);
+    for (std::int32_t i = 1; i <= n; ++i) seed[i] = mine.M->Airways[i].Quantity;
+    const long long entries = mine.OpenMeshEntries();
+    long long passes = 0, allocs = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        for (std::int32_t i = 1; i <= n; ++i) mine.M->Airways[i].Quantity = seed[i];
+        mine.Ui.Passes = 0;
+        const long long before = allocations;
+        state.ResumeTiming();
+        BalanceFlows(*mine.M, mine.Ui);
+        state.PauseTiming();
+        allocs = allocations - before;
+        passes += mine.Ui.Passes + 1; // the last pass, in which nothing was open
+        state.ResumeTiming();
+    }
+    state.counters["passes"] = static_cast<double>(passes) / static_cast<double>(state.iterations());
+    state.counters["mesh_entries/s"] =
+        benchmark::Counter(static_cast<double>(passes * entries), benchmark::Counter::kIsRate);
+    state.counters["allocs"] = static_cast<double>(allocs);
+}
+
+void Pressures(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    mine.CheckAndMesh();
+    BalanceFlows(*mine.M, mine.Ui);
+    long long allocs = 0;
+    for (auto _ : state) {
+        const long long before = allocations;
+        CloseBalance(*mine.M);
+        StoreAirwayPressures(*mine.M);
+        ResolveNodePressures(*mine.M, mine.Ui);
+        BuildNeighbourLists(*mine.M);
+        allocs = allocations - before;
+    }
+    state.counters["allocs"] = static_cast<double>(allocs);
+}
+
+void WholeRunFromStillAir(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    long long passes = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        mine.Restore();
+        mine.Ui.Passes = 0;
+        state.ResumeTiming();
+        RunAirflow(*mine.M, mine.Ui);
+        passes += mine.Ui.Passes + 1;
+    }
+    state.counters["passes"] = static_cast<double>(passes) / static_cast<double>(state.iterations());
+    if (mine.M->SimFail != 0) state.SkipWithError("the generated mine did not run cleanly");
+}
+
+// The everyday case: a run again after a small change, from the flows of the last run.
+void RunAgainOverBalancedFlows(benchmark::State& state) {
+    Mine& mine = MineOf(state.range(0));
+    mine.Restore();
+    RunAirflow(*mine.M, mine.Ui);
+    long long passes = 0, allocs = 0;
+    for (auto _ : state) {
+        mine.Ui.Passes = 0;
+        const long long before = allocations;
+        RunAirflow(*mine.M, mine.Ui);
+        allocs = allocations - before;
+        passes += mine.Ui.Passes + 1;
+    }
+    state.counters["passes"] = static_cast<double>(passes) / static_cast<double>(state.iterations());
+    state.counters["allocs"] = static_cast<double>(allocs);
+}
+
+} // namespace
+
+BENCHMARK(Checking)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Meshing)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Balancing)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Pressures)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WholeRunFromStillAir)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(RunAgainOverBalancedFlows)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+
+BENCHMARK_MAIN();
