@@ -189,6 +189,24 @@ void SetUpLegend(Model& model, std::int32_t n) {
     s.SpreadLimit = 0;
 }
 
+// The node keys of rows 1..n as they stand.
+void KeepKeys(Model& model, std::int32_t n) {
+    Fixed4* keys = model.Smoke.KeysBefore.data();
+    for (std::int32_t i = 1; i <= n; ++i) {
+        keys[2 * i] = model.Airways[i].EntryKey;
+        keys[2 * i + 1] = model.Airways[i].ExitKey;
+    }
+}
+
+// Whether the row count or any row's keys differ from what KeepKeys kept.
+bool KeysMoved(const Model& model, std::int32_t n) {
+    if (CheckedAirwayCount(model) != n) return true;
+    const Fixed4* keys = model.Smoke.KeysBefore.data();
+    for (std::int32_t i = 1; i <= n; ++i)
+        if (keys[2 * i] != model.Airways[i].EntryKey || keys[2 * i + 1] != model.Airways[i].ExitKey) return true;
+    return false;
+}
+
 // StopFlag back to "no run is active" however the spread ends.
 struct IdleOnExit {
     Model& model;
@@ -228,11 +246,13 @@ void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hook
     }
     ContaminantState& s = model.Smoke;
     if (!s.SourcesChanged) s.RetainLegend = retainLegend;
+    const std::int32_t before = CheckedAirwayCount(model);
+    KeepKeys(model, before);
     BuildNodeKeys(model, ui);
     simulate::SortAirways(model, ui);
-    // The sort may have moved rows that the last airflow run turned round: the neighbour lists
-    // must follow the rows as they now stand.
-    simulate::BuildNeighbourLists(model);
+    // The sort moves the rows that the last airflow run turned round: the neighbour lists must
+    // then follow the rows as they now stand.
+    if (!model.Run.NeighboursValid || KeysMoved(model, before)) simulate::BuildNeighbourLists(model);
 
     const std::int32_t n = CheckedAirwayCount(model);
     if (!SetUpSources(model, n)) {

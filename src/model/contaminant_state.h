@@ -47,8 +47,13 @@ struct ContaminantState {
     // Scratch of the reach rounds: rows waiting to spread in this round and in the next.
     // Reserved at capacity; a round only clears and refills them.
     std::vector<std::int32_t> Pending, NextPending;
+    // The node keys of every row before the spread sorts the rows (entry and exit of row r at
+    // 2r and 2r + 1): when no row's keys change, the neighbour lists still hold.
+    std::vector<Fixed4> KeysBefore;
 
-    ContaminantState() : SpreadTime(MaxAirways + 1, NeverReached), SpreadOrder(2 * (MaxAirways + 1)) {
+    ContaminantState()
+        : SpreadTime(MaxAirways + 1, NeverReached), SpreadOrder(2 * (MaxAirways + 1)),
+          KeysBefore(2 * (MaxAirways + 1)) {
         Pending.reserve(MaxAirways + 1);
         NextPending.reserve(MaxAirways + 1);
     }

@@ -7,6 +7,7 @@
 
 #include "contaminant/colours.h"
 #include "contaminant/spread.h"
+#include "literal_procedures.h"
 #include "smoke_networks.h"
 
 namespace karvane::smoketest {
@@ -257,13 +258,17 @@ TEST(Spread, MessagesAndQuietEnds) {
 }
 
 TEST(Spread, AnUnbalancedNetworkIsBalancedFirst) {
-    // A fixed 20 m3/s up the exhaust, split evenly between two equal drives, one with a source.
+    // A fixed 20 m3/s up the exhaust, split evenly between two equal ways, one with a source;
+    // the other is drawn against its flow with a fixed direction, so that the run turns it
+    // (the user agreeing) after its own sort, and the spread's sort moves it.
     auto m = NewModel();
     const std::int32_t in = Add(*m, Surface(0), Under(0), 0);
     const std::int32_t left = Add(*m, Under(0), Under(100, 50), 0);
     const std::int32_t leftOn = Add(*m, Under(100, 50), Under(200), 0);
-    const std::int32_t right = Add(*m, Under(0), Under(100, -50), 0);
-    const std::int32_t rightOn = Add(*m, Under(100, -50), Under(200), 0);
+    const std::int32_t right = Add(*m, Under(100, -50), Under(0), 0); // both drawn backwards
+    const std::int32_t rightOn = Add(*m, Under(200), Under(100, -50), 0);
+    m->Airways[right].BranchCode |= bc::FixedDirection; // turned last, after the run's sort
+    m->Airways[rightOn].BranchCode |= bc::FixedDirection;
     const std::int32_t out = Add(*m, Under(200), Surface(300), 20);
     m->Airways[out].BranchCode |= bc::FixedFlow;
     m->Set.MaxIter = 500;
@@ -271,13 +276,24 @@ TEST(Spread, AnUnbalancedNetworkIsBalancedFirst) {
     SmokeUi ui;
     RunContaminantSpread(*m, ui);
     EXPECT_EQ(m->SimValid, -1);
+    EXPECT_EQ(ui.ProgressCaptions.front(), "Simulate");
+    EXPECT_EQ(ui.Transcript.front().Title, "Reverse airways");
     EXPECT_NEAR(m->Airways[RowOf(*m, left)].Quantity, 10.0f, 0.01f);
+    EXPECT_EQ(m->Airways[RowOf(*m, rightOn)].X1, 100); // turned round
+    EXPECT_EQ(m->Airways[RowOf(*m, right)].X1, 0);
+    EXPECT_EQ(Level(*m, right), 0);
     EXPECT_EQ(Level(*m, leftOn), 100);
     EXPECT_EQ(Level(*m, rightOn), 0);
     EXPECT_EQ(Level(*m, out), 50);
     EXPECT_EQ(Level(*m, in), 0);
-    EXPECT_EQ(ui.ProgressCaptions.front(), "Simulate");
-    (void)right;
+
+    // The neighbour lists follow the rows as the spread left them.
+    const LiteralLists lists = LiteralNeighbours(*m);
+    for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+        const auto up = simulate::Upstream(*m, r), down = simulate::Downstream(*m, r);
+        EXPECT_EQ(std::vector<std::int32_t>(up.begin(), up.end()), lists.Up[r]) << r;
+        EXPECT_EQ(std::vector<std::int32_t>(down.begin(), down.end()), lists.Down[r]) << r;
+    }
 }
 
 TEST(Spread, LegendThresholdsFollowTheHighestLevelUnlessRetained) {
