@@ -1,8 +1,107 @@
 // The desktop program: the title window first; a click, or the timer when a network was named
 // on the command line, opens the main window.
 #include <QApplication>
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+#include <QStringList>
+#include <QStyleFactory>
+#include <QTimer>
+#include <cstdio>
+#include <memory>
+
+#include "forms/file_commands.h"
+#include "shell/icons.h"
+#include "shell/main_window.h"
+#include "shell/qt_text.h"
+#include "shell/qt_user_interface.h"
+#include "shell/title_window.h"
+
+namespace {
+
+// Options for making pictures of the program without anyone at the screen:
+//   --screenshot FILE   the screen is saved to FILE once the steps have run, and the program ends
+//   --do STEPS          steps separated by commas: a menu entry or tool button by name
+//                       (mnuExecute, Tool24, ...), wait:MS, or runshot:FILE (the screen saved
+//                       while the next run stands at 70 per cent)
+struct PictureRun {
+    QString Screenshot;
+    QStringList Steps;
+};
+
+void SaveScreen(const QString& file) {
+    if (QScreen* screen = QGuiApplication::primaryScreen()) screen->grabWindow(0).save(file);
+}
+
+void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString& screenshot) {
+    if (steps.isEmpty()) {
+        if (!screenshot.isEmpty()) {
+            SaveScreen(screenshot);
+            std::fflush(stdout);
+            std::_Exit(0);
+        }
+        return;
+    }
+    const QString step = steps.takeFirst().trimmed();
+    int wait = 300;
+    if (step.startsWith(QStringLiteral("wait:"))) {
+        wait = step.mid(5).toInt();
+    } else if (step.startsWith(QStringLiteral("runshot:"))) {
+        const QString file = step.mid(8);
+        main.ProgressObserver = [&main, file](int percent) {
+            if (percent < 70) return;
+            SaveScreen(file);
+            main.ProgressObserver = nullptr;
+        };
+    } else if (!main.Trigger(step)) {
+        std::fprintf(stderr, "karvane: no enabled command %s\n", step.toLocal8Bit().constData());
+    }
+    QTimer::singleShot(wait, &main, [&main, steps, screenshot] { RunSteps(main, steps, screenshot); });
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    return 0;
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setOrganizationName(QStringLiteral("Karvane"));
+    QApplication::setApplicationName(QStringLiteral("Karvane"));
+    QApplication::setWindowIcon(karvane::shell::ProgramIcon());
+
+    PictureRun pictures;
+    std::string argument;
+    const QStringList args = QCoreApplication::arguments();
+    for (qsizetype i = 1; i < args.size(); ++i) {
+        if (args[i] == QStringLiteral("--screenshot") && i + 1 < args.size()) {
+            pictures.Screenshot = args[++i];
+        } else if (args[i] == QStringLiteral("--do") && i + 1 < args.size()) {
+            pictures.Steps = args[++i].split(QLatin1Char(','), Qt::SkipEmptyParts);
+        } else if (argument.empty()) {
+            argument = karvane::shell::ToPath(args[i]);
+        }
+    }
+
+    karvane::shell::QtUserInterface ui;
+    const std::string commandFile = karvane::forms::CommandLineFile(argument);
+    const bool unattended = !pictures.Screenshot.isEmpty();
+    auto title = std::make_unique<karvane::shell::TitleWindow>(!commandFile.empty() || unattended);
+    std::unique_ptr<karvane::shell::MainWindow> main;
+    title->OnStart = [&] {
+        // StartMain: the busy pointer while the main window builds itself.
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        title->hide();
+        main = std::make_unique<karvane::shell::MainWindow>(ui);
+        main->show();
+        QCoreApplication::processEvents();
+        main->StartUp(commandFile);
+        QApplication::restoreOverrideCursor();
+        title.release()->deleteLater();
+        if (unattended) QTimer::singleShot(800, main.get(), [&main, &pictures] {
+            RunSteps(*main, pictures.Steps, pictures.Screenshot);
+        });
+    };
+    title->show();
+    const int code = app.exec();
+    main.reset();
+    return code;
 }

@@ -145,6 +145,10 @@ void QtUserInterface::ProgressError(const std::string& text) {
     if (progress_) progress_->ProgressError(text);
 }
 
+void QtUserInterface::ProgressBox(const std::string& box, const std::string& text) {
+    if (progress_) progress_->ProgressBox(box, text);
+}
+
 void QtUserInterface::PumpEvents() { QCoreApplication::processEvents(); }
 
 void QtUserInterface::SetBusy(bool busy) {

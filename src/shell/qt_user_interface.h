@@ -22,6 +22,8 @@ public:
     virtual void ProgressPercent(int percent) = 0;
     virtual void ProgressAttempt(const std::string& text) = 0;
     virtual void ProgressError(const std::string& text) = 0;
+    // A named box of a progress window (the smoke simulation window's TxtItt and the rest).
+    virtual void ProgressBox(const std::string& box, const std::string& text) = 0;
 };
 
 class QtUserInterface : public ui::UserInterface {
@@ -42,6 +44,7 @@ public:
     void ProgressPercent(int percent) override;
     void ProgressAttempt(const std::string& text) override;
     void ProgressError(const std::string& text) override;
+    void ProgressBox(const std::string& box, const std::string& text) override;
     void PumpEvents() override;
     void SetBusy(bool busy) override;
 

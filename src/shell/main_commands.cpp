@@ -1,0 +1,609 @@
+// The commands of the main window that are not view gestures: the runs and their windows, the
+// contaminant windows, the level, layer and view option dialogs, the named views, the note,
+// the autosave timer, help, and the commands over all airways; and what the file commands
+// need of the windows.
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QUrl>
+
+#include "contaminant/colours.h"
+#include "contaminant/sourcing.h"
+#include "contaminant/spread.h"
+#include "dialogs/file_note_window.h"
+#include "dialogs/level_dialogs.h"
+#include "dialogs/smoke_windows.h"
+#include "dialogs/view_dialogs.h"
+#include "display/data_types.h"
+#include "display/display_list.h"
+#include "display/level_selector.h"
+#include "display/saved_views.h"
+#include "display/startup_view.h"
+#include "display/view_transform.h"
+#include "edit/show_airway.h"
+#include "edit/tool_table.h"
+#include "edit/view_gestures.h"
+#include "engineering/resistance.h"
+#include "files/defaults_file.h"
+#include "files/network_file.h"
+#include "forms/network_commands.h"
+#include "forms/view_names.h"
+#include "forms/view_options.h"
+#include "model/network_rows.h"
+#include "model/node_keys.h"
+#include "shell/main_window.h"
+#include "shell/qt_text.h"
+#include "shell/run_windows.h"
+#include "simulate/run.h"
+#include "simulate/troubleshoot.h"
+
+namespace karvane::shell {
+
+namespace {
+
+// The product's web address.
+constexpr const char* kWebPage = "https://karvane.example/";
+
+} // namespace
+
+void MainWindow::RunCommand(int value) {
+    if (runActive_) return;
+    switch (value) {
+    case edit::cmd::Simulate:
+        Simulate();
+        break;
+    case edit::cmd::Open:
+        forms::OpenCommand(*model_, ui_, *this);
+        break;
+    case edit::cmd::Save:
+        forms::SaveCommand(*model_, ui_, *this);
+        break;
+    case edit::cmd::DisplayOptions:
+        ShowViewerDialog();
+        break;
+    case edit::cmd::SingleMulti:
+        display::SwapSingleMulti(*model_, *ds_);
+        AfterLevelChange();
+        break;
+    case edit::cmd::Smoke:
+        SmokeSimulation();
+        break;
+    case edit::cmd::Sourcing:
+        SourcingSimulation();
+        break;
+    default:
+        CommandUnavailable(value);
+        break;
+    }
+}
+
+void MainWindow::SetRunActive(bool active) {
+    // While a run goes on the windows stay alive through the event loop, but no other command
+    // can change the network under it; its own windows stay usable.
+    runActive_ = active;
+    menuBar()->setEnabled(!active);
+    toolBar_->setEnabled(!active);
+    listBar_->setEnabled(!active);
+    mdi_->setEnabled(!active);
+}
+
+void MainWindow::Simulate() {
+    if (runActive_) return;
+    // The air simulation ends a contaminant display.
+    if (model_->GasActive != 0) {
+        model_->GasActive = 0;
+        CloseSmokeWindows();
+    }
+    model_->SimMode = simulate::mode::Normal;
+    model_->ShowProgress = 1;
+    SetRunActive(true);
+    simulate::RunAirflow(*model_, ui_, hooks_.get());
+    SetRunActive(false);
+    AfterRun();
+}
+
+void MainWindow::Troubleshoot(std::int16_t mode) {
+    if (runActive_) return;
+    SetRunActive(true);
+    simulate::RunTroubleshoot(*model_, ui_, mode, hooks_.get());
+    SetRunActive(false);
+    AfterRun();
+}
+
+void MainWindow::ReseedAirflows() {
+    simulate::ReseedAirflows(*model_, ui_);
+    RedrawAllWindows();
+}
+
+void MainWindow::AfterRun() {
+    // A run leaves the rows in a new order: the lists of the views are built again.
+    if (windows_.IsOpen(windows_.CurWin)) {
+        SyncArea(windows_.CurWin);
+        display::BuildDisplayList(*model_, *ds_);
+        display::ApplyRotation(*model_, *ds_);
+    }
+    RedrawAllWindows();
+    ShowErrorList();
+    ShowSimIndicator();
+}
+
+void MainWindow::ShowErrorList() {
+    if (!model_->Run.ErrorListOpen) {
+        errorForm_->hide();
+        return;
+    }
+    errorForm_->Fill(model_->ErrorList, model_->Run.ErrorListCaption.empty() ? std::string(simulate::ErrorListTitle)
+                                                                             : model_->Run.ErrorListCaption);
+    if (!errorForm_->isVisible()) {
+        const QRect frame = frameGeometry();
+        errorForm_->move(frame.right() - errorForm_->width() - 24, frame.top() + 120);
+    }
+    errorForm_->show();
+    errorForm_->raise();
+}
+
+void MainWindow::GotoAirway(std::int32_t airwayNo) {
+    const std::int32_t row = edit::RowOfAirwayNo(*model_, airwayNo);
+    if (row == 0) {
+        statusBar()->showMessage(QStringLiteral("No airway has the number %1").arg(airwayNo), 5000);
+        return;
+    }
+    ShowAirwayRow(row, 0);
+}
+
+void MainWindow::ShowAirwayRow(std::int32_t row, float fraction) {
+    if (!windows_.IsOpen(windows_.CurWin) || ds_->WindowFrozen) return;
+    SyncArea(windows_.CurWin);
+    const edit::ShownAirway shown = edit::ShowAirway(*model_, *ds_, ui_, row, fraction);
+    if (!shown.Shown) return;
+    if (shown.LevelAdded) FillLevelList();
+    ShowLevel();
+    RedrawWindow();
+    if (display::Surface* s = CurrentSurface()) edit::MarkShownAirway(*ds_, *s);
+    SaveWindowState();
+    AfterLevelChange();
+    if (display::Surface* s = CurrentSurface()) edit::MarkShownAirway(*ds_, *s);
+}
+
+void MainWindow::SmokeSimulation() {
+    if (model_->GasActive == 1) {
+        ui_.Message("Contaminant must be cleared before simulating", ProgramName, ui::Icon::Exclamation);
+        return;
+    }
+    ui_.SetBusy(true);
+    smokeForm_->ClearBoxes();
+    smokeForm_->OnSimulate = [this](bool retain) {
+        if (runActive_) return;
+        SetRunActive(true);
+        contaminant::RunContaminantSpread(*model_, ui_, hooks_.get(), retain);
+        SetRunActive(false);
+        smokeForm_->hide();
+        AfterRun();
+    };
+    smokeForm_->OnCancel = [this] {
+        contaminant::CancelSpread(*model_, hooks_.get());
+        RedrawAllWindows();
+    };
+    if (!smokeForm_->isVisible()) {
+        const QRect frame = frameGeometry();
+        smokeForm_->adjustSize();
+        smokeForm_->move(frame.center() - QPoint(smokeForm_->width() / 2, smokeForm_->height() / 2));
+    }
+    smokeForm_->show();
+    smokeForm_->raise();
+    ui_.SetBusy(false);
+
+    smokeLegend_->OnThresholds = [this](const std::array<std::string, ThresholdCount>& texts) {
+        contaminant::ReadThresholds(*model_, texts);
+        RedrawWindow();
+    };
+    smokeLegend_->OnSliderRest = [this](int value) {
+        contaminant::SetSpreadLimit(*model_, value);
+        RedrawWindow();
+    };
+    smokeLegend_->OnToggleSmoke = [this] {
+        if (model_->GasActive != 0) {
+            model_->GasActive = 0;
+            smokeLegend_->SetSmokeShown(false);
+        } else {
+            model_->GasActive = 1;
+            smokeLegend_->SetSmokeShown(true);
+            smokeForm_->show();
+            ui_.SetBusy(true);
+            SetRunActive(true);
+            contaminant::RunContaminantSpread(*model_, ui_, hooks_.get(), smokeForm_->RetainLegend());
+            SetRunActive(false);
+            ui_.SetBusy(false);
+            smokeForm_->hide();
+        }
+        RedrawAllWindows();
+        ShowSimIndicator();
+    };
+    smokeLegend_->OnClearSources = [this] {
+        if (contaminant::ClearSources(*model_, ui_)) RedrawWindow();
+    };
+    auto exit = [this] {
+        model_->Smoke.SpreadLimit = 0;
+        model_->GasActive = 0;
+        smokeLegend_->hide();
+        hooks_->RestoreDataTypes();
+        RedrawAllWindows();
+    };
+    smokeLegend_->OnExit = exit;
+    smokeLegend_->OnClosed = exit;
+}
+
+void MainWindow::SourcingSimulation() {
+    if (runActive_) return;
+    SetRunActive(true);
+    contaminant::RunSourcing(*model_, ui_, hooks_.get());
+    SetRunActive(false);
+    AfterRun();
+    if (model_->GasActive != 2) return;
+    smokeLegend_->hide();
+    smokeTrace_->SetTraceShown(true);
+    smokeTrace_->OnClearPins = [this] {
+        if (contaminant::ClearPins(*model_, ui_)) RedrawAllWindows();
+    };
+    smokeTrace_->OnExit = [this] {
+        model_->GasActive = 0;
+        smokeTrace_->hide();
+        RedrawAllWindows();
+    };
+    smokeTrace_->OnToggleTrace = [this] {
+        if (model_->GasActive != 0) {
+            model_->GasActive = 0;
+            smokeTrace_->SetTraceShown(false);
+        } else {
+            model_->GasActive = 2;
+            smokeTrace_->SetTraceShown(true);
+        }
+        RedrawAllWindows();
+    };
+    smokeTrace_->OnPinTool = [this](int pin) {
+        model_->Smoke.PinType = static_cast<std::int16_t>(pin);
+        dispatcher_->RunToolCommand(edit::cmd::Pins);
+    };
+    dialogs::PlaceAtBottomRight(smokeTrace_, this);
+    smokeTrace_->show();
+    smokeTrace_->raise();
+}
+
+void MainWindow::CloseSmokeWindows() {
+    const bool legend = smokeLegend_->isVisible();
+    smokeLegend_->hide();
+    smokeTrace_->hide();
+    smokeForm_->hide();
+    if (legend) hooks_->RestoreDataTypes();
+}
+
+void MainWindow::ChooseLevelsMultiple() {
+    std::vector<int> rows;
+    for (std::int16_t row : ds_->View.SelectedLevels)
+        if (row != 0) rows.push_back(row);
+    dialogs::SelectLevelsDialog dialog(*model_, rows, ui_, this);
+    if (dialog.exec() == QDialog::Accepted && !dialog.Selected().empty()) {
+        display::SelectMultipleLevels(*model_, *ds_, dialog.Selected());
+        AfterLevelChange();
+        return;
+    }
+    UpdateMenuTicks();
+}
+
+void MainWindow::ChooseLevelsRange() {
+    dialogs::RangeDialog dialog(*model_, ds_->View.CurrentLevel, this);
+    if (dialog.exec() == QDialog::Accepted) {
+        display::SelectLevelRange(*model_, *ds_, dialog.FirstRow(), dialog.SecondRow());
+        AfterLevelChange();
+        return;
+    }
+    UpdateMenuTicks();
+}
+
+void MainWindow::ShowLayersDialog() {
+    dialogs::LayersDialog dialog(forms::FillLayers(*model_, *ds_), this);
+    dialog.exec();
+    // Closing the dialog, however it closes, keeps what it shows.
+    forms::ApplyLayers(*model_, *ds_, dialog.Fields());
+    display::ApplyRotation(*model_, *ds_);
+    RedrawWindow();
+    SaveWindowState();
+}
+
+void MainWindow::ShowViewerDialog() {
+    dialogs::ViewerDialog dialog(forms::FillViewer(*model_, *ds_, ui_.DecimalSeparator()), ui_.DecimalSeparator(), this);
+    dialog.OnApply = [this](const forms::ViewerFields& f) { return forms::ApplyViewer(*model_, *ds_, f, ui_); };
+    if (dialog.exec() != QDialog::Accepted) return;
+    display::ApplyRotation(*model_, *ds_);
+    RedrawWindow();
+    SaveWindowState();
+}
+
+void MainWindow::ShowFileNote() {
+    static bool placed = false;
+    if (!placed) {
+        const QRect frame = geometry();
+        fileNote_->resize(333, 333);
+        fileNote_->move(frame.right() - fileNote_->width() - 20, frame.top() + 140);
+        placed = true;
+    }
+    fileNote_->SetNote(FromCp1252(model_->FileNote));
+    fileNote_->OnClosed = [this](const QString& note) {
+        // A note does not count as a change of the network.
+        model_->FileNote = ToCp1252(note);
+        if (!model_->Set.ScreenBuffer) RedrawAllWindows();
+    };
+    fileNote_->show();
+    fileNote_->raise();
+    fileNote_->activateWindow();
+}
+
+void MainWindow::SaveNamedView() {
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    const std::string name = forms::SaveNamedView(*model_, *ds_, ui_);
+    if (name.empty()) return;
+    FillViewList();
+    listsLoading_ = true;
+    cmbView_->setCurrentIndex(cmbView_->findText(FromCp1252(name)));
+    listsLoading_ = false;
+}
+
+void MainWindow::DeleteNamedView() {
+    const int position = cmbView_->currentIndex();
+    if (position < 0) return;
+    if (forms::DeleteNamedView(*model_, ui_, position, ToCp1252(cmbView_->itemText(position)))) FillViewList();
+}
+
+void MainWindow::ApplySettingsTimers() {
+    const std::int32_t interval = files::AutosaveIntervalMs(model_->Set);
+    if (interval > 0) {
+        autosave_->start(interval);
+    } else {
+        autosave_->stop();
+    }
+    UpdateMenuTicks();
+}
+
+void MainWindow::OnAutosaveTick() {
+    if (!autosaveTicks_.Tick() || runActive_) return;
+    if (windows_.IsOpen(windows_.CurWin)) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
+    if (fileNote_->isVisible()) model_->FileNote = ToCp1252(fileNote_->Note());
+    files::SaveNetwork(*model_, ui_, files::AutosaveMode);
+    if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
+}
+
+void MainWindow::OpenHelp() {
+    const QStringList places{QCoreApplication::applicationDirPath() + QStringLiteral("/help/index.html"),
+                             FromPath(ui_.AppPath()) + QStringLiteral("/help/index.html")};
+    for (const QString& page : places) {
+        if (!QFileInfo::exists(page)) continue;
+        if (QDesktopServices::openUrl(QUrl::fromLocalFile(page))) return;
+    }
+    ui_.Message("The help pages could not be opened. They are the folder \"help\" beside the program.", ProgramName,
+                ui::Icon::Exclamation);
+}
+
+void MainWindow::ShowAbout() {
+    dialogs::ShowAboutDialog(this);
+    RedrawWindow();
+}
+
+void MainWindow::OpenWebPage() {
+    if (!QDesktopServices::openUrl(QUrl(QString::fromLatin1(kWebPage))))
+        ui_.Message(std::string("The web page could not be opened: ") + kWebPage, ProgramName, ui::Icon::Exclamation);
+}
+
+void MainWindow::ClearNetworkInLastWindow() {
+    if (model_->NetworkSaved == No0 && model_->AirwayCount > 1) {
+        const ui::Answer answer =
+            ui_.Ask("Network Data is not saved - Save it?", ProgramName, ui::Buttons::YesNoCancel, ui::Icon::Question);
+        if (answer == ui::Answer::Cancel) return;
+        if (answer == ui::Answer::Yes && !forms::SaveCommand(*model_, ui_, *this)) return;
+    }
+    model_->FileName.clear();
+    model_->MasterFile = false;
+    ClearNetwork(*model_);
+    SetNewNetworkLevels(*model_);
+    model_->FileNote.clear();
+    model_->FirstLoadRow = 1;
+    model_->AirwayCount = 0;
+    model_->NetworkSaved = Yes255;
+    simulate::InvalidateSimulation(*model_);
+    AfterNewNetwork();
+    TitleChanged();
+}
+
+void MainWindow::NetworkCommand(const char* name) {
+    const std::string command(name);
+    Model& m = *model_;
+    auto changed = [this] {
+        model_->NetworkSaved = No0;
+        if (windows_.IsOpen(windows_.CurWin)) {
+            display::BuildDisplayList(*model_, *ds_);
+            display::ApplyRotation(*model_, *ds_);
+        }
+        RedrawAllWindows();
+    };
+    const bool window = windows_.IsOpen(windows_.CurWin) && !ds_->WindowFrozen;
+    if (command == "mnuPlanS" || command == "mnu3d") {
+        if (!window) return;
+        SyncArea(windows_.CurWin);
+        if (command == "mnuPlanS") {
+            edit::MakePlanView(m, *ds_);
+        } else {
+            edit::Make3DView(m, *ds_);
+        }
+        RedrawWindow();
+        SaveWindowState();
+        UpdateMenuTicks();
+    } else if (command == "mnuLevels0") {
+        display::SelectSingleLevel(m, *ds_);
+        AfterLevelChange();
+    } else if (command == "mnuLevels3") {
+        display::SelectAllLevels(m, *ds_);
+        AfterLevelChange();
+    } else if (command == "mnuremdup") {
+        forms::GiveAirwaysOneSense(m);
+        changed();
+    } else if (command == "mnuPres") {
+        if (forms::PreserveFlowLabels(m, ui_, ui_.DecimalSeparator())) changed();
+    } else if (command == "mnuRmvFlow") {
+        forms::RemoveFlowLabels(m);
+        changed();
+    } else if (command == "mnuFixL") {
+        if (forms::FixAllLengths(m, ui_)) changed();
+    } else if (command == "mnuUnFixL") {
+        if (forms::UnfixAllLengths(m, ui_)) changed();
+    } else if (command == "mnuAutoName") {
+        if (forms::AutoNameAirways(m, ui_)) changed();
+    } else if (command == "mnuAutoNodes") {
+        if (forms::AutoNameNodes(m, ui_)) changed();
+    } else if (command == "mnuResetAir") {
+        forms::RenumberAirways(m, ui_);
+        changed();
+    } else if (command == "mnuchecknumbers") {
+        CheckAirwayNumbers(m, ui_);
+        RedrawAllWindows();
+    } else if (command == "mnuRevCoord") {
+        if (!forms::SwapXYAxis(m, ui_)) return;
+        m.NetworkSaved = No0;
+        BuildNodeKeys(m, ui_);
+        RecalcAllAirways(m);
+        if (window) {
+            SyncArea(windows_.CurWin);
+            ds_->View.Is3D = 0;
+            display::BuildDisplayList(m, *ds_);
+            display::FitView(m, *ds_, ui_);
+        }
+        FillViewList();
+        RedrawAllWindows();
+    } else if (command == "mnuReverse") {
+        if (!forms::ReverseCoordinateAxis(m, ui_)) return;
+        m.NetworkSaved = No0;
+        BuildNodeKeys(m, ui_);
+        if (window) {
+            SyncArea(windows_.CurWin);
+            display::BuildDisplayList(m, *ds_);
+            display::RotationCentreMeanOfNetwork(m, *ds_);
+            display::ApplyRotation(m, *ds_);
+            display::FitView(m, *ds_, ui_);
+        }
+        RedrawAllWindows();
+    } else if (command == "mnuClrSmoke") {
+        contaminant::ClearContaminant(m, ui_, hooks_.get());
+        RedrawAllWindows();
+    } else if (command == "mnuClrSources") {
+        contaminant::ClearSourcing(m);
+        RedrawAllWindows();
+    } else if (command == "mnuSvScreen") {
+        if (!window) return;
+        ui::FileDialogRequest request;
+        request.Title = "Screen Bitmap";
+        request.Filter = "Picture Files (*.BMP)|*.BMP|All files (*.*)|*.*";
+        request.DefaultExtension = "BMP";
+        request.FileName = ToPath(lastBitmapName_);
+        const std::optional<std::string> choice = ui_.SaveFileDialog(request);
+        if (!choice) return;
+        if (TrimText(*choice).empty()) {
+            ui_.Message("Error Save File - Check Name", ProgramName, ui::Icon::Exclamation);
+            return;
+        }
+        lastBitmapName_ = FromPath(*choice);
+        RedrawWindow();
+        if (!view(windows_.CurWin)->Surface().Picture().save(lastBitmapName_, "BMP"))
+            ui_.Message("The picture could not be written to " + *choice, ProgramName, ui::Icon::Exclamation);
+    }
+    UpdateMenuTicks();
+}
+
+void MainWindow::BeforeLoad() {
+    dispatcher_->CancelGesture();
+    if (!windows_.IsOpen(windows_.CurWin) && windows_.OpenCount() == 0) NewViewWindow();
+    if (model_->GasActive != 0 || smokeLegend_->isVisible() || smokeTrace_->isVisible()) {
+        model_->GasActive = 0;
+        CloseSmokeWindows();
+    }
+    errorForm_->hide();
+}
+
+void MainWindow::AfterLoad(const files::LoadReport& report) {
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    SyncArea(windows_.CurWin);
+    display::LoadedLevel level;
+    level.CurrentLevel = report.CurrentLevel;
+    level.CurRL = report.CurRL;
+    display::ShowLoadedNetwork(*model_, *ds_, ui_, report.StartupViewRead, level);
+    // Every other window starts from the view of the new network.
+    edit::SaveCurrentWindowState(*model_, *ds_, windows_);
+    for (int n = 0; n < edit::MaxViewWindows; ++n) {
+        if (n == windows_.CurWin || !windows_.IsOpen(n)) continue;
+        display::CopyViewSlot(*model_, display::WindowSlot(windows_.CurWin), display::WindowSlot(n));
+        windows_.Windows[static_cast<std::size_t>(n)].StateSaved = true;
+    }
+    if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
+    FillViewList();
+    ApplySettingsTimers();
+    RefreshControls();
+    for (int n = 0; n < edit::MaxViewWindows; ++n)
+        if (windows_.IsOpen(n))
+            windows_.Windows[static_cast<std::size_t>(n)].Caption = display::ViewWindowCaption(*model_, *ds_, n);
+    UpdateWindowMenu();
+    RedrawAllWindows();
+}
+
+void MainWindow::AfterMerge() {
+    if (windows_.IsOpen(windows_.CurWin)) {
+        SyncArea(windows_.CurWin);
+        display::BuildDisplayList(*model_, *ds_);
+        display::ApplyRotation(*model_, *ds_);
+    }
+    RefreshControls();
+    RedrawAllWindows();
+}
+
+void MainWindow::AfterNewNetwork() {
+    model_->GasActive = 0;
+    CloseSmokeWindows();
+    errorForm_->hide();
+    if (!windows_.IsOpen(windows_.CurWin)) NewViewWindow();
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    SyncArea(windows_.CurWin);
+    display::ResetViewOptions(*model_, *ds_);
+    display::AdoptLoadedLevel(*model_, *ds_);
+    ds_->View.LevelMode = display::lm::Single;
+    ds_->View.Is3D = 0;
+    display::BuildDisplayList(*model_, *ds_);
+    display::FitView(*model_, *ds_, ui_);
+    edit::SaveCurrentWindowState(*model_, *ds_, windows_);
+    for (int n = 0; n < edit::MaxViewWindows; ++n) {
+        if (n == windows_.CurWin || !windows_.IsOpen(n)) continue;
+        display::CopyViewSlot(*model_, display::WindowSlot(windows_.CurWin), display::WindowSlot(n));
+        windows_.Windows[static_cast<std::size_t>(n)].StateSaved = true;
+    }
+    if (fileNote_->isVisible()) fileNote_->SetNote(QString());
+    FillViewList();
+    RefreshControls();
+    RedrawAllWindows();
+}
+
+void MainWindow::BeforeSave() {
+    // The view the file starts with is the view on show.
+    if (windows_.IsOpen(windows_.CurWin)) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
+    if (fileNote_->isVisible()) model_->FileNote = ToCp1252(fileNote_->Note());
+    if (ViewWindow* v = view(windows_.CurWin)) v->setFocus();
+}
+
+void MainWindow::AfterSave() {
+    if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
+    UpdateCaption();
+}
+
+} // namespace karvane::shell
