@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "contaminant/colours.h"
 #include "engineering/resistance.h"
 #include "model/number_format.h"
 #include "model/units.h"
@@ -15,8 +16,6 @@ namespace karvane::display {
 namespace {
 
 constexpr const char* kFullPrecision = "0.0########";
-// Seconds of a day as the spread times are shown.
-constexpr double kSpreadDay = 86404.0;
 
 std::string Whole(std::int64_t v) { return std::to_string(v); }
 
@@ -196,8 +195,9 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
         }
         break;
     case 56: {
-        const float t = ds.Contaminant ? ds.Contaminant->SpreadTime(row) : NeverReached;
-        if (t != NeverReached) text = value(t / kSpreadDay, uc::Time);
+        const auto& times = model.Smoke.SpreadTime;
+        const float t = static_cast<std::size_t>(row) < times.size() ? times[static_cast<std::size_t>(row)] : NeverReached;
+        if (t != NeverReached) text = value(t / contaminant::SpreadDaySeconds, uc::Time);
         break;
     }
     default:

@@ -2,6 +2,7 @@
 // the colour rules.
 #include "display/drawn_list.h"
 
+#include "contaminant/colours.h"
 #include "display/display_list.h"
 #include "display/palette.h"
 #include "display/view_transform.h"
@@ -40,7 +41,7 @@ Colour AirwayLineColour(const Model& model, const DisplayState& ds, const Airway
         colour = a.Z1 > a.Z2 ? colours[2] : colours[1];
     }
     if (model.GasActive != 0) {
-        colour = FixedColour(ds.Contaminant ? ds.Contaminant->AirwayContaminantColour(model, row) : 0);
+        colour = FixedColour(contaminant::AirwayContaminantColour(model, row));
     }
     if (!a.Has(bc::InView) && (v.DimOptions & dim::LinesMask) == dim::Dim) colour = FixedColour(DarkGreyIndex);
     if (ds.FlowLimitMode == flow::Dim && OutsideFlowLimits(model, a)) colour = FixedColour(DarkGreyIndex);

@@ -119,17 +119,6 @@ struct StatusLabels {
     std::string Unit;
 };
 
-// The contaminant results that colour the airways and fill the spread time data type. A later
-// subsystem implements it; without one every airway shows as not contaminated.
-class ContaminantResults {
-public:
-    virtual ~ContaminantResults() = default;
-    // Index 0..7 into the fixed colours for an airway while a contaminant result is on show.
-    virtual int AirwayContaminantColour(const Model& model, std::int32_t row) const = 0;
-    // Seconds until the contaminant reached the airway; 9999999 when it never did.
-    virtual float SpreadTime(std::int32_t row) const = 0;
-};
-
 // One line of a station label over an airway.
 struct StationLabelLine {
     std::string Text;
@@ -193,7 +182,6 @@ struct DisplayState {
 
     StatusLabels Labels;
 
-    const ContaminantResults* Contaminant = nullptr;
     StationLabels* Stations = nullptr;
 
     DisplayState();

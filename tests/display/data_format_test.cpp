@@ -44,13 +44,6 @@ struct Values : Scene {
     std::string Extra(int type) { return FormatAirwayValue(M, Ds, type, A, false).ExtraLine; }
 };
 
-class SpreadTimes : public ContaminantResults {
-public:
-    int AirwayContaminantColour(const Model&, std::int32_t) const override { return 3; }
-    float SpreadTime(std::int32_t) const override { return Time; }
-    float Time = NeverReached;
-};
-
 TEST(FormatValue, UnitsFormatsAndLabels) {
     Values s;
     EXPECT_EQ(FormatValue(s.M, 12.345, uc::Flow, false, false, '.'), "12.3");
@@ -96,11 +89,8 @@ TEST(FormatAirwayValue, EveryDataType) {
     a.Gas2 = 2;
     s.M.GasActive = 1;
     EXPECT_EQ(s.Text(55), "2");
-    EXPECT_EQ(s.Text(56), "");      // no spread result
-    SpreadTimes times;
-    s.Ds.Contaminant = &times;
     EXPECT_EQ(s.Text(56), "");      // never reached
-    times.Time = 3600;
+    s.M.Smoke.SpreadTime[static_cast<std::size_t>(s.A)] = 3600;
     EXPECT_EQ(s.Text(56), "01:00:00");
     EXPECT_EQ(s.Text(99), "");
 

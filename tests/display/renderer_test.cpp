@@ -315,6 +315,23 @@ TEST(Renderer, FloatingTextAndFreshExhaustColours) {
     EXPECT_TRUE(Near(circles[0].X2, 0.2f));
 }
 
+TEST(Renderer, ContaminantResultsColourTheAirwaysAndTheirText) {
+    Drive s;
+    s.M.GasActive = 2; // a sourcing result: each airway's state is its colour
+    s.Row(s.Main).Gas2 = 4;
+    s.Row(s.Cross).Gas2 = 7;
+    s.Row(s.Raise).BranchCode |= bc::ErrorMark;
+    s.Redraw();
+    EXPECT_EQ(s.Surface.Ops[1].OpColour, PaletteColour(12));
+    EXPECT_EQ(s.Surface.Ops[2].OpColour, PaletteColour(11));
+    EXPECT_EQ(s.Surface.Ops[3].OpColour, FixedColour(WhiteIndex)); // the error mark goes over it
+    EXPECT_EQ(s.Surface.FindText("12.5")->OpColour, PaletteColour(12));
+    EXPECT_EQ(s.Surface.FindText("N2")->OpColour, PaletteColour(12));
+    s.M.GasActive = 0;
+    s.Redraw();
+    EXPECT_EQ(s.Surface.Ops[1].OpColour, s.M.Set.Colours[0]);
+}
+
 // The node symbol at an airway's To end, decided by the literal scan of the whole table.
 std::size_t NodeSymbolsByScan(const Model& m, const DisplayState& ds) {
     std::size_t n = 0;
