@@ -97,7 +97,11 @@ ViewLoad LoadViewFromSlot(Model& model, DisplayState& ds, int slot) {
     v.RotCentreSet = files::ToInt16(p[26]);
     if (p[27] != 0) v.CurRL = files::ToInt32(p[27]);
     const std::int16_t dataType = files::ToInt16(p[28]);
-    if (dataType != 0 && IsDataType(dataType)) ChooseDataType(model, ds, dataType);
+    if (dataType != 0 && IsDataType(dataType)) {
+        // The lists show the type without their handlers running: the group memory stays.
+        v.DataType = dataType;
+        ds.Labels.Unit = DataUnitLabel(model, dataType);
+    }
     v.DisplayOptions = static_cast<std::int16_t>(FromFixed(s.ViewValue[4]));
     v.FreshExhaust = static_cast<std::int16_t>(FromFixed(s.ViewValue[5]));
     LayerMasks masks;
