@@ -22,70 +22,44 @@ void RecordingSurface::Clear() {
     Ops.push_back(Start(OpKind::Clear, Back));
 }
 
-void RecordingSurface::Line(float x1, float y1, float x2, float y2, Colour colour) {
-    RecordedOp op = Start(OpKind::Line, colour);
+void RecordingSurface::Record(OpKind kind, float x1, float y1, float x2, float y2, Colour colour) {
+    RecordedOp op = Start(kind, colour);
     op.X1 = x1;
     op.Y1 = y1;
     op.X2 = x2;
     op.Y2 = y2;
     Ops.push_back(op);
+}
+
+void RecordingSurface::Line(float x1, float y1, float x2, float y2, Colour colour) {
+    Record(OpKind::Line, x1, y1, x2, y2, colour);
     LastX = x2;
     LastY = y2;
 }
 
 void RecordingSurface::LineTo(float x, float y, Colour colour) {
-    RecordedOp op = Start(OpKind::LineTo, colour);
-    op.X1 = LastX;
-    op.Y1 = LastY;
-    op.X2 = x;
-    op.Y2 = y;
-    Ops.push_back(op);
+    Record(OpKind::LineTo, LastX, LastY, x, y, colour);
     LastX = x;
     LastY = y;
 }
 
 void RecordingSurface::Rectangle(float x1, float y1, float x2, float y2, Colour colour) {
-    RecordedOp op = Start(OpKind::Rectangle, colour);
-    op.X1 = x1;
-    op.Y1 = y1;
-    op.X2 = x2;
-    op.Y2 = y2;
-    Ops.push_back(op);
+    Record(OpKind::Rectangle, x1, y1, x2, y2, colour);
 }
 
 void RecordingSurface::FilledRectangle(float x1, float y1, float x2, float y2, Colour colour) {
-    RecordedOp op = Start(OpKind::FilledRectangle, colour);
-    op.X1 = x1;
-    op.Y1 = y1;
-    op.X2 = x2;
-    op.Y2 = y2;
-    Ops.push_back(op);
+    Record(OpKind::FilledRectangle, x1, y1, x2, y2, colour);
 }
 
-void RecordingSurface::Circle(float x, float y, float radius) {
-    RecordedOp op = Start(OpKind::Circle, Fore);
-    op.X1 = x;
-    op.Y1 = y;
-    op.X2 = radius;
-    Ops.push_back(op);
-}
+void RecordingSurface::Circle(float x, float y, float radius) { Record(OpKind::Circle, x, y, radius, 0, Fore); }
 
 void RecordingSurface::PutBitmap(int symbol, float x, float y, float width, float height) {
-    RecordedOp op = Start(OpKind::Bitmap, Fore);
-    op.Symbol = symbol;
-    op.X1 = x;
-    op.Y1 = y;
-    op.X2 = width;
-    op.Y2 = height;
-    Ops.push_back(op);
+    Record(OpKind::Bitmap, x, y, width, height, Fore);
+    Ops.back().Symbol = symbol;
 }
-
 void RecordingSurface::PrintText(const std::string& text) {
-    RecordedOp op = Start(OpKind::Text, Fore);
-    op.X1 = CurrentX;
-    op.Y1 = CurrentY;
-    op.Text = text;
-    Ops.push_back(op);
+    Record(OpKind::Text, CurrentX, CurrentY, 0, 0, Fore);
+    Ops.back().Text = text;
 }
 
 void RecordingSurface::Refresh() { Ops.push_back(Start(OpKind::Refresh, Fore)); }

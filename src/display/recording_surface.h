@@ -51,6 +51,7 @@ public:
 
 private:
     RecordedOp Start(OpKind kind, Colour colour) const;
+    void Record(OpKind kind, float x1, float y1, float x2, float y2, Colour colour);
     float LastX = 0, LastY = 0;
 };
 
