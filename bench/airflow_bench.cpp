@@ -88,6 +88,7 @@ struct Mine {
     // Up to the meshes, as a run leaves them for balancing.
     void CheckAndMesh() {
         Restore();
+        CheckFanCurves(*M, Ui);
         CheckNetwork(*M, Ui);
         PrepareMeshOrder(*M);
         BuildMeshes(*M, Ui);

@@ -31,6 +31,17 @@ Loop ParallelLoop(float r1, float r2, float r3, float r4, float r5) {
     return n;
 }
 
+// The loop with a fan on the exhaust whose static curve is the straight line
+// P = p0 - slope x Q from flow q0 in steps of 10, run to the end.
+Loop FanLoop(float scale, float p0, float slope, float q0, WatchingUi& ui) {
+    Loop n = ParallelLoop(0.02f * scale, 0.2f * scale, 0.1f * scale, 0.1f * scale, 0.03f * scale);
+    SetStraightFan(*n.model, 1, p0, slope, q0, 10);
+    n.model->Airways[5].FanNumber = 1;
+    n.model->Airways[5].NoOfFans = 1;
+    RunAirflow(*n.model, ui);
+    return n;
+}
+
 TEST(Balance, ParallelAirwaysShareAFixedFlowAsOneOverTheRootOfTheirResistance) {
     Loop n = ParallelLoop(0.01f, 1.0f, 2.0f, 2.0f, 0.01f);
     Model& m = *n.model;
@@ -63,13 +74,9 @@ TEST(Balance, ParallelAirwaysShareAFixedFlowAsOneOverTheRootOfTheirResistance) {
 TEST(Balance, OneFanSettlesAtTheOperatingPointOfItsStraightLineCurve) {
     // Total resistance 0.02 + 0.2 / 4 + 0.03 = 0.1 against P = 1000 - 10 Q:
     // 0.1 Q^2 + 10 Q - 1000 = 0, Q = 50 (sqrt 5 - 1).
-    Loop n = ParallelLoop(0.02f, 0.2f, 0.1f, 0.1f, 0.03f);
-    Model& m = *n.model;
-    SetStraightFan(m, 1, 1000, 10, 0, 10);
-    m.Airways[5].FanNumber = 1;
-    m.Airways[5].NoOfFans = 1;
     WatchingUi ui;
-    RunAirflow(m, ui);
+    Loop n = FanLoop(1, 1000, 10, 0, ui);
+    Model& m = *n.model;
     ASSERT_EQ(m.SimFail, 0);
     const double q = 50.0 * (std::sqrt(5.0) - 1.0);
     EXPECT_NEAR(AirwayNo(m, 5).Quantity, q, 2e-3);
@@ -98,13 +105,9 @@ TEST(Balance, AStalledFanHoldsItsFirstPointAndANegatedFanGivesNothing) {
     // Resistance 1 against a curve that starts at 80 m3/s with 1000 Pa: the fan cannot reach
     // its curve and settles at sqrt(1000) on the pressure of point 1.
     {
-        Loop n = ParallelLoop(0.2f, 2.0f, 1.0f, 1.0f, 0.3f);
-        Model& m = *n.model;
-        SetStraightFan(m, 1, 1400, 5, 80, 10);
-        m.Airways[5].FanNumber = 1;
-        m.Airways[5].NoOfFans = 1;
         WatchingUi ui;
-        RunAirflow(m, ui);
+        Loop n = FanLoop(10, 1400, 5, 80, ui);
+        Model& m = *n.model;
         ASSERT_EQ(m.SimFail, 0);
         EXPECT_NEAR(AirwayNo(m, 5).Quantity, std::sqrt(1000.0), 2e-3);
         EXPECT_EQ(AirwayNo(m, 5).Pressure, StalledFanPressure);
@@ -163,12 +166,9 @@ TEST(Balance, TheConvergenceQuestionAndWhatEitherAnswerLeaves) {
 }
 
 TEST(Balance, CoarseAllowedErrorStopsAfterOnePassAndAnUnchangedNetworkBalancesAtOnce) {
-    Loop n = ParallelLoop(0.02f, 0.2f, 0.1f, 0.1f, 0.03f);
-    Model& m = *n.model;
-    SetStraightFan(m, 1, 1000, 10, 0, 10);
-    m.Airways[5].FanNumber = 1;
     WatchingUi ui;
-    RunAirflow(m, ui);
+    Loop n = FanLoop(1, 1000, 10, 0, ui);
+    Model& m = *n.model;
     ASSERT_EQ(m.SimFail, 0);
     // Run again on the balanced result: the first pass corrects nothing beyond the error.
     WatchingUi again;

@@ -125,6 +125,16 @@ TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorter
     EXPECT_TRUE(ui.Transcript.empty());
 }
 
+// The forest of the network in the model, in the given run mode, from a clean error list.
+void ForestInMode(Model& model, int mode) {
+    model.SimMode = static_cast<std::int16_t>(mode);
+    model.SimFail = 0;
+    model.RestrictionFlag = false;
+    model.ErrorList.clear();
+    PrepareMeshOrder(model);
+    BuildForest(model);
+}
+
 TEST(Forest, TreeChecksOfEveryMode) {
     // A fixed flow that is the only way to node 3 is reported in any mode.
     auto model = NewModel();
@@ -133,12 +143,7 @@ TEST(Forest, TreeChecksOfEveryMode) {
         model->Airways[3].BranchCode |= bc::FixedFlow;
         model->Airways[4].ResType = 1;
         model->Airways[4].Resistance = static_cast<float>(BlockedResValue);
-        model->SimMode = static_cast<std::int16_t>(mode);
-        model->SimFail = 0;
-        model->RestrictionFlag = false;
-        model->ErrorList.clear();
-        PrepareMeshOrder(*model);
-        BuildForest(*model);
+        ForestInMode(*model, mode);
         ASSERT_FALSE(model->ErrorList.empty()) << mode;
         EXPECT_EQ(model->ErrorList[0].Text, "FIX restricting flow");
         EXPECT_EQ(model->Airways[3].Comment, "Bad Fix");
@@ -155,12 +160,7 @@ TEST(Forest, TreeChecksOfEveryMode) {
             model->Airways[r].ResType = 1;
             model->Airways[r].Resistance = static_cast<float>(BlockedResValue);
         }
-        model->SimMode = static_cast<std::int16_t>(mode);
-        model->SimFail = 0;
-        model->RestrictionFlag = false;
-        model->ErrorList.clear();
-        PrepareMeshOrder(*model);
-        BuildForest(*model);
+        ForestInMode(*model, mode);
         if (mode == 1 || mode == 2) {
             ASSERT_EQ(model->ErrorList.size(), 1u);
             EXPECT_EQ(model->ErrorList[0].AirwayNo, 3);
@@ -177,11 +177,7 @@ TEST(Forest, TreeChecksOfEveryMode) {
     SetGraph(*model, 4, {{1, 2}, {3, 1}, {2, 4}, {4, 3}, {2, 3}}, {0.1f, 0.1f, 0, 0, 0.5f});
     model->Airways[3].FanNumber = 1;
     model->Airways[4].FanNumber = 2;
-    model->SimMode = 3;
-    model->SimFail = 0;
-    model->ErrorList.clear();
-    PrepareMeshOrder(*model);
-    BuildForest(*model);
+    ForestInMode(*model, 3);
     ASSERT_EQ(model->ErrorList.size(), 1u);
     EXPECT_EQ(model->ErrorList[0].Text, "Fan restricted");
     EXPECT_EQ(model->Airways[3].Comment, "Bad Fan");
