@@ -158,6 +158,8 @@ void RunAirflow(Model& model, ui::UserInterface& ui, RunHooks* hooks) {
     model.RestrictionFlag = false;
     model.AirwaysTurned = false;
     model.StopFlag = 0;
+    // A count beyond the table can only come from a damaged state; the table holds no more.
+    model.AirwayCount = std::clamp(model.AirwayCount, 0, MaxAirways);
     if (model.AirwayCount < 2) {
         ui.Message(model.AirwayCount < 1 ? "No data to simulate" : "Not enough data to simulate", ProgramName,
                    ui::Icon::Exclamation);

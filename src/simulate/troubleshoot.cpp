@@ -15,6 +15,7 @@ void RunTroubleshoot(Model& model, ui::UserInterface& ui, std::int16_t simMode, 
     model.SimMode = simMode;
     model.ShowProgress = 1;
     RunAirflow(model, ui, hooks);
+    if (hooks) hooks->Redraw();
 }
 
 void AfterForestChecks(Model& model, ui::UserInterface& ui) {

@@ -23,8 +23,8 @@ inline constexpr std::int16_t DuplicateAirways = 4; // "Find Duplicate Airways"
 inline constexpr std::int16_t NonConverging = -1;   // "Non-converging Airways"
 } // namespace mode
 
-// A menu entry of the Troubleshoot menu: sets SimMode and ShowProgress and runs the simulation.
-// The caller redraws afterwards.
+// A menu entry of the Troubleshoot menu: sets SimMode and ShowProgress, runs the simulation
+// and redraws.
 void RunTroubleshoot(Model& model, ui::UserInterface& ui, std::int16_t simMode, RunHooks* hooks = nullptr);
 
 // After the forest of a run in modes 1 to 3 that found a restriction: the warning of modes 1
@@ -39,7 +39,8 @@ void SayNothingFound(Model& model, ui::UserInterface& ui);
 void MarkNonConverging(Model& model, std::int32_t row, float correction, char decimalSeparator);
 
 // "Re-seed Airflows": asks for a seed value and gives it, taken down to a whole number, to
-// every airway without a fixed flow. An empty or cancelled answer does nothing.
+// every airway without a fixed flow. An empty or cancelled answer does nothing. The caller
+// redraws.
 void ReseedAirflows(Model& model, ui::UserInterface& ui);
 
 // The prompt of the re-seed question.

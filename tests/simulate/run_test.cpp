@@ -213,26 +213,6 @@ TEST(Run, AFanRunningBackwardsIsAWarningAndStillValid) {
     }
 }
 
-TEST(Run, ReverseAirwayTurnsEverythingButTheNodePressures) {
-    auto m = NewModel();
-    const std::int32_t r = AddAirway(*m, {1, 2, 3}, {4, 5, 6}, 1, bc::EntryAtSurface);
-    Airway& a = m->Airways[r];
-    a.EntryKey = 11, a.ExitKey = 22, a.EntryNode = "in", a.ExitNode = "out";
-    a.Quantity = 5, a.IconLoc = 0.2f, a.FromNodeP = -1, a.ToNodeP = -2;
-    ReverseAirway(*m, r);
-    EXPECT_EQ(a.EntryKey, 22);
-    EXPECT_EQ(a.ExitKey, 11);
-    EXPECT_EQ(a.X1, 4);
-    EXPECT_EQ(a.Z2, 3);
-    EXPECT_EQ(a.EntryNode, "out");
-    EXPECT_EQ(a.Quantity, -5.0f);
-    EXPECT_EQ(a.IconLoc, -0.2f);
-    EXPECT_FALSE(a.Has(bc::EntryAtSurface));
-    EXPECT_TRUE(a.Has(bc::ExitAtSurface));
-    EXPECT_EQ(a.FromNodeP, -1.0f);
-    EXPECT_EQ(a.ToNodeP, -2.0f);
-}
-
 TEST(Run, NeighbourListsNameTheRowsThatMeetEachEnd) {
     auto m = LoopWithFixedFlow(100, false);
     WatchingUi ui;
