@@ -10,6 +10,8 @@ namespace karvane::cli {
 void AddInfoCommand(CommandLine& cl);     // info FILE [--json]
 void AddConvertCommand(CommandLine& cl);  // convert IN OUT
 void AddGenerateCommand(CommandLine& cl); // generate OUT [--airways N] [--seed S] [--levels L] ...
+void AddSmokeCommand(CommandLine& cl);    // smoke FILE [--cumulative] [--json]
+void AddSourceCommand(CommandLine& cl);   // source FILE [--json]
 void AddRenderCommand(CommandLine& cl);   // render FILE OUT.svg [--view N] [--data TYPE] [--size WxH] ...
 
 } // namespace karvane::cli

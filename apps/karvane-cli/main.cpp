@@ -9,6 +9,8 @@ int main(int argc, char** argv) {
     AddInfoCommand(cl);
     AddConvertCommand(cl);
     AddGenerateCommand(cl);
+    AddSmokeCommand(cl);
+    AddSourceCommand(cl);
     AddRenderCommand(cl);
     return cl.Run(argc, argv);
 }

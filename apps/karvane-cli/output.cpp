@@ -1,8 +1,11 @@
 // Text and number forms of the command line's output.
 #include "output.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
+
+#include "files/number_text.h"
 
 namespace karvane::cli {
 
@@ -75,6 +78,46 @@ nlohmann::json MessagesJson(const ui::ConsoleUserInterface& ui) {
     for (const auto& e : ui.Transcript)
         list.push_back({{"kind", e.Kind}, {"title", ToUtf8(e.Title)}, {"text", ToUtf8(e.Text)}, {"answer", e.Answer}});
     return list;
+}
+
+nlohmann::json AirwayJson(const Airway& a) {
+    return {{"airwayNo", a.AirwayNo},
+            {"quantity", JsonSingle(a.Quantity)},
+            {"pressure", JsonSingle(a.Pressure)},
+            {"fromNodeP", JsonSingle(a.FromNodeP)},
+            {"toNodeP", JsonSingle(a.ToNodeP)},
+            {"resistance", JsonSingle(a.Resistance)},
+            {"length", JsonSingle(a.Length)},
+            {"comment", ToUtf8(TrimText(a.Comment))},
+            {"branchCode", a.BranchCode},
+            {"entryKey", files::PlainFixed(a.EntryKey, '.')},
+            {"exitKey", files::PlainFixed(a.ExitKey, '.')}};
+}
+
+nlohmann::json ErrorListJson(const Model& model) {
+    nlohmann::json list = nlohmann::json::array();
+    for (const NetworkError& e : model.ErrorList) list.push_back({{"airwayNo", e.AirwayNo}, {"text", ToUtf8(e.Text)}});
+    return list;
+}
+
+nlohmann::json ContaminantAirwaysJson(const Model& model) {
+    nlohmann::json list = nlohmann::json::array();
+    const std::int32_t n = std::min<std::int32_t>(model.AirwayCount, MaxAirways);
+    for (std::int32_t r = 1; r <= n; ++r) {
+        const Airway& a = model.Airways[r];
+        nlohmann::json j = AirwayJson(a);
+        j["gas1"] = a.Gas1;
+        j["gas2"] = a.Gas2;
+        j["spreadTime"] = JsonSingle(model.Smoke.SpreadTime[r]);
+        list.push_back(std::move(j));
+    }
+    return list;
+}
+
+nlohmann::json LegendJson(const Model& model) {
+    nlohmann::json thresholds = nlohmann::json::array();
+    for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));
+    return {{"thresholds", thresholds}, {"spreadMax", model.Smoke.SpreadMax}};
 }
 
 } // namespace karvane::cli

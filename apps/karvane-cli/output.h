@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "model/model.h"
 #include "ui/console_ui.h"
 
 namespace karvane::cli {
@@ -22,5 +23,21 @@ std::string SingleText(float value);
 
 // Every message, question and answer of a command: [{"kind", "title", "text", "answer"}].
 nlohmann::json MessagesJson(const ui::ConsoleUserInterface& ui);
+
+// The results of one airway row as the commands that run a simulation print them: airwayNo,
+// quantity, pressure, fromNodeP, toNodeP, resistance, length, comment, branchCode, and the
+// node keys entryKey and exitKey as the plain decimal text of their fixed-point value.
+nlohmann::json AirwayJson(const Airway& airway);
+
+// The network error list: [{"airwayNo", "text"}].
+nlohmann::json ErrorListJson(const Model& model);
+
+// Every airway row, in row order, as AirwayJson with the contaminant fields added: gas1 (report
+// pin), gas2 (level of a spread, or state of a sourcing) and spreadTime (seconds; 9999999 when
+// never reached).
+nlohmann::json ContaminantAirwaysJson(const Model& model);
+
+// The legend of the last spread: {"thresholds": [six values, top first], "spreadMax": seconds}.
+nlohmann::json LegendJson(const Model& model);
 
 } // namespace karvane::cli

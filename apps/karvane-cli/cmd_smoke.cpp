@@ -1,0 +1,95 @@
+// smoke FILE [--cumulative] [--json]: the contaminant spread from the sources stored in a
+// network (source bit and level), after an airflow run: every contaminated airway with its
+// level and the time the contaminant reaches it, and the legend.
+#include <iomanip>
+#include <iostream>
+#include <memory>
+
+#include "commands.h"
+#include "contaminant/colours.h"
+#include "contaminant/spread.h"
+#include "output.h"
+#include "session.h"
+
+namespace karvane::cli {
+
+namespace {
+
+struct SmokeOptions {
+    std::string Path;
+    bool Cumulative = false;
+    bool Json = false;
+};
+
+const char* ModeName(const Model& m) { return m.Set.SmokeCumulative == 1 ? "Cummulative" : "Fixed Injection"; }
+
+int CountSources(const Model& m) {
+    int sources = 0;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r)
+        if (m.Airways[r].Has(bc::ContaminantSource)) ++sources;
+    return sources;
+}
+
+void PrintSpread(const Model& m) {
+    std::ostream& o = std::cout;
+    int contaminated = 0;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r)
+        if (m.Airways[r].Gas2 != 0) ++contaminated;
+    o << "Mode: " << ModeName(m) << '\n';
+    o << "Sources: " << CountSources(m) << '\n';
+    o << "Contaminated airways: " << contaminated << '\n';
+    if (m.GasActive != 1) return; // no source with a flow: nothing to show
+    o << "Legend:";
+    for (const float t : m.Smoke.ContaminantThreshold) o << ' ' << contaminant::ThresholdText(t);
+    o << '\n';
+    o << "Slider end: " << contaminant::SpreadTimeText(m.Smoke.SpreadMax) << " (" << m.Smoke.SpreadMax << " s)\n";
+    o << std::setw(8) << "AirwayNo" << std::setw(7) << "Level" << "  Arrival\n";
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        if (a.Gas2 == 0) continue;
+        const float t = m.Smoke.SpreadTime[r];
+        o << std::setw(8) << a.AirwayNo << std::setw(7) << a.Gas2 << "  "
+          << (t == NeverReached ? std::string("-") : contaminant::SpreadTimeText(t)) << '\n';
+    }
+}
+
+} // namespace
+
+void AddSmokeCommand(CommandLine& cl) {
+    auto o = std::make_shared<SmokeOptions>();
+    CLI::App* sub = cl.Add("smoke", "Contaminant spread from the sources stored in a network", [&cl, o] {
+        Session s(cl);
+        if (!s.ok()) return ExitUsage;
+        const bool loaded = s.Load(o->Path);
+        Model& m = s.model();
+        if (loaded) {
+            if (o->Cumulative) m.Set.SmokeCumulative = 1;
+            contaminant::RunContaminantSpread(m, s.ui());
+        }
+        const bool ran = loaded && m.SimValid != 0 && m.AirwayCount > 1;
+        if (o->Json) {
+            nlohmann::json j;
+            j["file"] = ToUtf8(o->Path);
+            j["loaded"] = loaded;
+            if (loaded) {
+                j["simValid"] = m.SimValid;
+                j["mode"] = m.Set.SmokeCumulative == 1 ? "cumulative" : "fixed";
+                j["gasActive"] = m.GasActive;
+                j["legend"] = LegendJson(m);
+                j["errors"] = ErrorListJson(m);
+                j["airways"] = ContaminantAirwaysJson(m);
+            }
+            j["messages"] = MessagesJson(s.ui());
+            std::cout << j.dump(2) << '\n';
+        } else if (ran) {
+            PrintSpread(m);
+        }
+        return ran ? ExitOk : ExitFailure;
+    });
+    sub->add_option("FILE", o->Path, "Network file (.sim or .smm)")->required();
+    sub->add_flag("--cumulative", o->Cumulative,
+                  "Sources add their level to what flows into them (default: the network's setting)");
+    sub->add_flag("--json", o->Json, "Print one JSON object");
+}
+
+} // namespace karvane::cli
