@@ -1,6 +1,7 @@
 // The desktop program: the title window first; a click, or the timer when a network was named
 // on the command line, opens the main window.
 #include <QApplication>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -22,8 +23,9 @@ namespace {
 // Options for making pictures of the program without anyone at the screen:
 //   --screenshot FILE   the screen is saved to FILE once the steps have run, and the program ends
 //   --do STEPS          steps separated by commas: a menu entry or tool button by name
-//                       (mnuExecute, Tool24, ...), wait:MS, or runshot:FILE (the screen saved
-//                       while the next run stands at 70 per cent)
+//                       (mnuExecute, Tool24, ...), combo:NAME=INDEX (a choice from a list of
+//                       the tool bar), wait:MS, or runshot:FILE (the screen saved while the next
+//                       run stands at 70 per cent)
 struct PictureRun {
     QString Screenshot;
     QStringList Steps;
@@ -37,6 +39,7 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
     if (steps.isEmpty()) {
         if (!screenshot.isEmpty()) {
             SaveScreen(screenshot);
+            std::printf("%s\n", main.windowTitle().toLocal8Bit().constData());
             std::fflush(stdout);
             std::_Exit(0);
         }
@@ -53,6 +56,13 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
             SaveScreen(file);
             main.ProgressObserver = nullptr;
         };
+    } else if (step.startsWith(QStringLiteral("combo:"))) {
+        const QString name = step.mid(6).section(QLatin1Char('='), 0, 0);
+        const int index = step.section(QLatin1Char('='), 1).toInt();
+        if (auto* combo = main.findChild<QComboBox*>(name)) {
+            combo->setCurrentIndex(index);
+            Q_EMIT combo->activated(index);
+        }
     } else if (!main.Trigger(step)) {
         std::fprintf(stderr, "karvane: no enabled command %s\n", step.toLocal8Bit().constData());
     }

@@ -11,6 +11,8 @@
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
 #include <QWindowStateChangeEvent>
@@ -131,7 +133,14 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     connect(powerZoomTimer_, &QTimer::timeout, this, [this] { dispatcher_->PowerZoomTick(); });
 
     qApp->installEventFilter(this);
-    resize(1280, 860);
+    // Most of the screen, centred.
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        const QRect area = screen->availableGeometry();
+        resize(area.width() * 9 / 10, area.height() * 9 / 10);
+        move(area.center() - QPoint(width() / 2, height() / 2));
+    } else {
+        resize(1280, 860);
+    }
 }
 
 MainWindow::~MainWindow() {
