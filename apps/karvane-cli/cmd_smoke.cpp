@@ -68,18 +68,8 @@ void AddSmokeCommand(CommandLine& cl) {
         }
         const bool ran = loaded && m.SimValid != 0 && m.AirwayCount > 1;
         if (o->Json) {
-            nlohmann::json j;
-            j["file"] = ToUtf8(o->Path);
-            j["loaded"] = loaded;
-            if (loaded) {
-                j["simValid"] = m.SimValid;
-                j["mode"] = m.Set.SmokeCumulative == 1 ? "cumulative" : "fixed";
-                j["gasActive"] = m.GasActive;
-                j["legend"] = LegendJson(m);
-                j["errors"] = ErrorListJson(m);
-                j["airways"] = ContaminantAirwaysJson(m);
-            }
-            j["messages"] = MessagesJson(s.ui());
+            nlohmann::json j = ContaminantResultJson(o->Path, loaded, m, s.ui());
+            if (loaded) j["mode"] = m.Set.SmokeCumulative == 1 ? "cumulative" : "fixed";
             std::cout << j.dump(2) << '\n';
         } else if (ran) {
             PrintSpread(m);

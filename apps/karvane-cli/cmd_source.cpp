@@ -68,18 +68,7 @@ void AddSourceCommand(CommandLine& cl) {
         if (loaded) contaminant::RunSourcing(m, s.ui());
         const bool ran = loaded && m.GasActive == 2;
         if (o->Json) {
-            nlohmann::json j;
-            j["file"] = ToUtf8(o->Path);
-            j["loaded"] = loaded;
-            if (loaded) {
-                j["simValid"] = m.SimValid;
-                j["gasActive"] = m.GasActive;
-                j["legend"] = LegendJson(m);
-                j["errors"] = ErrorListJson(m);
-                j["airways"] = ContaminantAirwaysJson(m);
-            }
-            j["messages"] = MessagesJson(s.ui());
-            std::cout << j.dump(2) << '\n';
+            std::cout << ContaminantResultJson(o->Path, loaded, m, s.ui()).dump(2) << '\n';
         } else if (ran) {
             PrintSourcing(m);
         }

@@ -100,24 +100,32 @@ nlohmann::json ErrorListJson(const Model& model) {
     return list;
 }
 
-nlohmann::json ContaminantAirwaysJson(const Model& model) {
-    nlohmann::json list = nlohmann::json::array();
-    const std::int32_t n = std::min<std::int32_t>(model.AirwayCount, MaxAirways);
-    for (std::int32_t r = 1; r <= n; ++r) {
-        const Airway& a = model.Airways[r];
-        nlohmann::json j = AirwayJson(a);
-        j["gas1"] = a.Gas1;
-        j["gas2"] = a.Gas2;
-        j["spreadTime"] = JsonSingle(model.Smoke.SpreadTime[r]);
-        list.push_back(std::move(j));
+nlohmann::json ContaminantResultJson(const std::string& path, bool loaded, const Model& model,
+                                     const ui::ConsoleUserInterface& ui) {
+    nlohmann::json j;
+    j["file"] = ToUtf8(path);
+    j["loaded"] = loaded;
+    if (loaded) {
+        j["simValid"] = model.SimValid;
+        j["gasActive"] = model.GasActive;
+        nlohmann::json thresholds = nlohmann::json::array();
+        for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));
+        j["legend"] = {{"thresholds", thresholds}, {"spreadMax", model.Smoke.SpreadMax}};
+        j["errors"] = ErrorListJson(model);
+        nlohmann::json airways = nlohmann::json::array();
+        const std::int32_t n = std::min<std::int32_t>(model.AirwayCount, MaxAirways);
+        for (std::int32_t r = 1; r <= n; ++r) {
+            const Airway& a = model.Airways[r];
+            nlohmann::json row = AirwayJson(a);
+            row["gas1"] = a.Gas1;
+            row["gas2"] = a.Gas2;
+            row["spreadTime"] = JsonSingle(model.Smoke.SpreadTime[r]);
+            airways.push_back(std::move(row));
+        }
+        j["airways"] = std::move(airways);
     }
-    return list;
-}
-
-nlohmann::json LegendJson(const Model& model) {
-    nlohmann::json thresholds = nlohmann::json::array();
-    for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));
-    return {{"thresholds", thresholds}, {"spreadMax", model.Smoke.SpreadMax}};
+    j["messages"] = MessagesJson(ui);
+    return j;
 }
 
 } // namespace karvane::cli

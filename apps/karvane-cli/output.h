@@ -32,12 +32,12 @@ nlohmann::json AirwayJson(const Airway& airway);
 // The network error list: [{"airwayNo", "text"}].
 nlohmann::json ErrorListJson(const Model& model);
 
-// Every airway row, in row order, as AirwayJson with the contaminant fields added: gas1 (report
-// pin), gas2 (level of a spread, or state of a sourcing) and spreadTime (seconds; 9999999 when
-// never reached).
-nlohmann::json ContaminantAirwaysJson(const Model& model);
-
-// The legend of the last spread: {"thresholds": [six values, top first], "spreadMax": seconds}.
-nlohmann::json LegendJson(const Model& model);
+// What the contaminant commands print with --json: file, loaded and, when the network was
+// read, simValid, gasActive, legend ({"thresholds": six values, top first; "spreadMax":
+// seconds}), errors and airways (every row in row order as AirwayJson, with gas1 the report
+// pin, gas2 the level of a spread or the state of a sourcing, and spreadTime in seconds,
+// 9999999 when never reached); then messages.
+nlohmann::json ContaminantResultJson(const std::string& path, bool loaded, const Model& model,
+                                     const ui::ConsoleUserInterface& ui);
 
 } // namespace karvane::cli

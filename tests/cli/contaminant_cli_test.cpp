@@ -168,14 +168,5 @@ TEST_F(ContaminantCli, SourcePrintsEveryAirwaysState) {
     EXPECT_GT(smoke, 0);
 }
 
-TEST_F(ContaminantCli, AFileThatCannotBeReadFails) {
-    const Result r = Run("smoke '" + (dir_ / "missing.sim").string() + "' --json");
-    EXPECT_EQ(r.code, 1);
-    const auto doc = nlohmann::json::parse(r.out);
-    EXPECT_EQ(doc["loaded"], false);
-    EXPECT_FALSE(doc["messages"].empty());
-    EXPECT_EQ(Run("source '" + (dir_ / "missing.sim").string() + "'").code, 1);
-}
-
 } // namespace
 } // namespace karvane
