@@ -12,5 +12,9 @@ int main(int argc, char** argv) {
     AddSmokeCommand(cl);
     AddSourceCommand(cl);
     AddRenderCommand(cl);
+    AddExportDxfCommand(cl);
+    AddExportTextCommand(cl);
+    AddImportCommand(cl);
+    AddSimplifyCommand(cl);
     return cl.Run(argc, argv);
 }

@@ -282,6 +282,11 @@ bool ImportFile(Model& model, ui::UserInterface& ui, const std::string& importPa
         ReadDxfRows(rows, in);
     }
     out.ReadToEnd = !rows.Stopped();
+    // A row with both ends at the origin is what an entity without coordinates gives; node keys
+    // would take it for a cleared row and drop it, so it does not count as read.
+    std::erase_if(rows.Rows, [](const Airway& a) {
+        return a.X1 == 0 && a.Y1 == 0 && a.Z1 == 0 && a.X2 == 0 && a.Y2 == 0 && a.Z2 == 0;
+    });
     out.RowsRead = static_cast<std::int32_t>(rows.Rows.size());
     if (rows.Rows.empty()) {
         ui.SetBusy(false);
@@ -323,7 +328,12 @@ bool ImportFile(Model& model, ui::UserInterface& ui, const std::string& importPa
     out.ImportZMax = zMax;
     out.ImportZMin = zMin;
 
+    // New airways are numbered behind every number already given; a new network from 1.
+    std::int32_t highest = merge ? model.Set.LastAirwayNo : 0;
+    for (std::int32_t r = 1; r < first; ++r) highest = std::max(highest, model.Airways[static_cast<std::size_t>(r)].AirwayNo);
+    model.Set.LastAirwayNo = highest < std::numeric_limits<std::int32_t>::max() ? highest + 1 : highest;
     NumberAirways(model, first, false);
+    model.Set.LastAirwayNo -= 1;
     for (std::int32_t r = first; r <= last; ++r) FinishRow(model, model.Airways[static_cast<std::size_t>(r)], fields);
 
     if (!merge || model.AirwayCount <= 1) BlankLevels(model);

@@ -67,7 +67,9 @@ double MergeAngle(double c) {
 
 std::int32_t CmdSimp(Model& model, ui::UserInterface& ui, files::UndoLog& undo, const SimplifyFields& f) {
     ui.SetBusy(true);
-    SortAirways(model, ui, RecalcAllAirways);
+    // With fewer than two airways there is nothing to sort and nothing to merge; the sort's own
+    // "No Data to sort" box would only puzzle here.
+    if (CheckedAirwayCount(model) >= 2) SortAirways(model, ui, RecalcAllAirways);
     BuildNodeKeys(model, ui);
     simulate::BuildNeighbourLists(model);
 
