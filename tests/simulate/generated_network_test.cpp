@@ -23,11 +23,11 @@ namespace {
 std::unique_ptr<Model> Mine(std::int32_t airways, std::uint64_t seed) {
     auto m = std::make_unique<Model>();
     SetBuiltInSettings(*m);
-    minegen::MineSpec spec;
-    spec.Airways = airways;
-    spec.Seed = seed;
-    spec.Boosters = 1;
-    minegen::GenerateMine(*m, spec);
+    minegen::MineSpec plan;
+    plan.Airways = airways;
+    plan.Seed = seed;
+    plan.Boosters = 1;
+    minegen::GenerateMine(*m, plan);
     m->ShowProgress = 0;
     m->Set.MaxIter = 5000;
     m->Set.AllowErr = 0.0001f;
