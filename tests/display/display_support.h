@@ -54,7 +54,8 @@ struct Scene {
         a.PrimaryLayer = 1;
         a.SecondLayer = 1;
         a.AirwayNo = row;
-        const double dx = x2 - x1, dy = y2 - y1, dz = z2 - z1;
+        const double dx = static_cast<double>(x2) - x1, dy = static_cast<double>(y2) - y1,
+                     dz = static_cast<double>(z2) - z1;
         a.Length = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
         a.EntryKey = EndKey(M, x1, y1, z1, false);
         a.ExitKey = EndKey(M, x2, y2, z2, false);
