@@ -202,11 +202,12 @@ void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
 
         if (stations && a.RemoteStation != 0) {
             UseFont(model, surface, 2, std::max(1, sz.Font[2]));
+            // The station's name one line over the midpoint, its channels on the lines below.
             float y = my - hh;
             for (const StationLabelLine& line : ds.Stations->LabelLines(model, i)) {
                 surface.SetForeColour(line.TextColour);
                 Print(surface, mx, y, line.Text);
-                y -= hh;
+                y += hh;
             }
         }
 

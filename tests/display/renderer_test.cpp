@@ -332,6 +332,37 @@ TEST(Renderer, ContaminantResultsColourTheAirwaysAndTheirText) {
     EXPECT_EQ(s.Surface.Ops[1].OpColour, s.M.Set.Colours[0]);
 }
 
+class TwoLineStation : public StationLabels {
+public:
+    bool Active() const override { return On; }
+    std::vector<StationLabelLine> LabelLines(Model&, std::int32_t row) override {
+        Asked.push_back(row);
+        return {{"   Fan house", Rgb(255, 255, 255)}, {"Q  12.0m3/s", Rgb(255, 0, 0)}};
+    }
+    bool On = false;
+    std::vector<std::int32_t> Asked;
+};
+
+TEST(Renderer, StationLabelsOverTheirAirways) {
+    Drive s;
+    TwoLineStation station;
+    s.Ds.Stations = &station;
+    s.Row(s.Cross).RemoteStation = 4;
+    s.Redraw();
+    EXPECT_EQ(s.Surface.FindText("   Fan house"), nullptr); // real-time input off
+    station.On = true;
+    s.Redraw();
+    EXPECT_EQ(station.Asked, std::vector<std::int32_t>{s.Cross});
+    const RecordedOp* name = s.Surface.FindText("   Fan house");
+    const RecordedOp* flow = s.Surface.FindText("Q  12.0m3/s");
+    ASSERT_NE(name, nullptr);
+    ASSERT_NE(flow, nullptr);
+    const float hh = s.Surface.TextHeight("F");
+    EXPECT_TRUE(Near(name->X1, 50) && Near(flow->X1, 50));
+    EXPECT_TRUE(Near(name->Y1, 25 - hh) && Near(flow->Y1, 25));
+    EXPECT_EQ(flow->OpColour, Rgb(255, 0, 0));
+}
+
 // The node symbol at an airway's To end, decided by the literal scan of the whole table.
 std::size_t NodeSymbolsByScan(const Model& m, const DisplayState& ds) {
     std::size_t n = 0;
