@@ -32,6 +32,12 @@ float Mix(float staticP, float totalP, std::int16_t curveFraction) {
                               curveFraction * (static_cast<double>(totalP) - staticP) / 100.0);
 }
 
+// Whether a fan slot is unused: its name is blank (looked at in place, so that the check of
+// every run copies no name).
+bool Unused(const FanRecord& fan) {
+    return fan.FanName.find_first_not_of(" \t") == std::string::npos;
+}
+
 // Number of fan rows in the database (MaxFans); rows are numbered from 1.
 std::int32_t FanRows(const Model& model) { return static_cast<std::int32_t>(model.Fans.size()) - 1; }
 
@@ -45,7 +51,7 @@ const FanRecord* FanOf(const Model& model, std::int32_t fan) {
 void CheckFanCurves(Model& model, ui::UserInterface& ui) {
     for (std::int32_t f = 1; f <= FanRows(model); ++f) {
         FanRecord& fan = model.Fans[f];
-        if (TrimText(fan.FanName).empty()) continue;
+        if (Unused(fan)) continue;
         fan.FanPStatic[11] = 0;
         fan.FanPTotal[11] = 0;
 
