@@ -20,10 +20,9 @@ struct MeshSums {
     float D = 0; // its derivative with respect to the loop flow
 };
 
-// The flat columns the passes work on.
+// The flat columns the passes work on: flows, applied pressures and working curve slots.
 struct Columns {
     float* Q;
-    const float* R;
     const float* P;
     const float* FanLink;
 };
@@ -119,7 +118,8 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
     CopyColumnsIn(model);
     Seed(model);
 
-    const Columns cols{run.FlatQ.data(), run.FlatR.data(), run.FlatP.data(), run.FanLink.data()};
+    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
+    const float* resistance = run.FlatR.data();
     const std::int16_t* list = run.MeshList.data();
     const std::int32_t meshes = run.NumMeshes;
     const float allowErr = model.Set.AllowErr;
@@ -138,7 +138,7 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
             }
             const std::int32_t first = run.MeshStart[m], last = run.MeshStart[m + 1];
             if (list[first] < 0) continue; // a fixed mesh is held
-            const MeshSums sums = SumMesh(model, list, first, last, cols, cols.R);
+            const MeshSums sums = SumMesh(model, list, first, last, cols, resistance);
             if (sums.D == 0.0f) continue;
             const float dq = -sums.H / sums.D;
             const float size = std::fabs(dq);
@@ -188,9 +188,9 @@ void CloseBalance(Model& model) {
 
     // The pressure each fixed chord must supply to hold its flow. A chord belongs to its own
     // mesh alone, so the values stored on the way never enter another mesh's sum.
-    const Columns cols{run.FlatQ.data(), run.FlatR.data(), run.FlatP.data(), run.FanLink.data()};
+    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
     const std::int16_t* list = run.MeshList.data();
-    float* closing = run.FlatR.data(); // no longer needed as resistance: holds each chord's value
+    float* closing = run.FlatR.data(); // free in this step: holds each fixed chord's value
     for (std::int32_t i = 1; i <= n; ++i) closing[i] = 0.0f;
     for (std::int32_t m = 1; m <= run.NumMeshes; ++m) {
         if (model.StopFlag == 255) return;
