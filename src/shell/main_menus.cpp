@@ -122,16 +122,20 @@ void MainWindow::BuildMenus() {
 
     // Edit.
     QMenu* editMenu = menu("mnuEdit", QStringLiteral("&Edit"));
-    connect(AddAction(editMenu, "mnuUndo", QStringLiteral("Undo\tBackspace")), &QAction::triggered, this,
-            run(edit::cmd::Undo));
-    connect(AddAction(editMenu, "mnuRedo", QStringLiteral("Redo\tTab")), &QAction::triggered, this,
-            run(edit::cmd::Redo));
+    QAction* undo = AddAction(editMenu, "mnuUndo", QStringLiteral("Undo\tBackspace"));
+    undo->setData(edit::cmd::Undo);
+    connect(undo, &QAction::triggered, this, run(edit::cmd::Undo));
+    QAction* redo = AddAction(editMenu, "mnuRedo", QStringLiteral("Redo\tTab"));
+    redo->setData(edit::cmd::Redo);
+    connect(redo, &QAction::triggered, this, run(edit::cmd::Redo));
     editMenu->addSeparator();
     QMenu* copyPaste = sub(editMenu, "mnuCP", QStringLiteral("Copy-Paste"));
-    connect(AddAction(copyPaste, "mnuCpyPst", QStringLiteral("Copy / Paste Attributes\tF11")), &QAction::triggered,
-            this, run(edit::cmd::Attributes));
-    connect(AddAction(copyPaste, "mnuCopy2", QStringLiteral("Paste from Defaults")), &QAction::triggered, this,
-            run(edit::cmd::AttributesToDefaults));
+    QAction* copyAttributes = AddAction(copyPaste, "mnuCpyPst", QStringLiteral("Copy / Paste Attributes\tF11"));
+    copyAttributes->setData(edit::cmd::Attributes);
+    connect(copyAttributes, &QAction::triggered, this, run(edit::cmd::Attributes));
+    QAction* copyDefaults = AddAction(copyPaste, "mnuCopy2", QStringLiteral("Paste from Defaults"));
+    copyDefaults->setData(edit::cmd::AttributesToDefaults);
+    connect(copyDefaults, &QAction::triggered, this, run(edit::cmd::AttributesToDefaults));
     AddAction(copyPaste, "mnucpAttrib", QStringLiteral("Attributes to Copy..."), kLater);
     QMenu* tools = sub(editMenu, "mnuMods", QStringLiteral("Tools"));
     auto* toolMenuGroup = new QActionGroup(this);
@@ -333,6 +337,14 @@ void MainWindow::BuildMenus() {
             &MainWindow::ShowAbout);
     connect(AddAction(help, "mnuWebPage", QStringLiteral("Karvane Web Page")), &QAction::triggered, this,
             &MainWindow::OpenWebPage);
+
+    // The entries of commands whose work is not part of this version.
+    for (const auto& [name, a] : actions_) {
+        if (!a->data().isValid() || CommandAvailable(a->data().toInt())) continue;
+        a->setEnabled(false);
+        a->setToolTip(a->text().section(QLatin1Char('\t'), 0, 0) + QStringLiteral(" - ") + QString::fromLatin1(kLater));
+        a->setStatusTip(QString::fromLatin1(kLater));
+    }
 }
 
 void MainWindow::BuildRecentMenu() {

@@ -151,7 +151,7 @@ void MainWindow::RedrawAllWindows() {
 }
 
 void MainWindow::OnSubWindowActivated(QMdiSubWindow* sub) {
-    if (!sub || windows_.Switching) return;
+    if (!sub || windows_.Switching || pendingCurrent_ >= 0) return;
     int n = -1;
     for (int i = 0; i < edit::MaxViewWindows; ++i)
         if (subs_[static_cast<std::size_t>(i)] == sub) n = i;
@@ -201,11 +201,19 @@ bool MainWindow::CloseViewWindowRequested(int window) {
     subs_[static_cast<std::size_t>(window)] = nullptr;
     windows_.Switching = false;
     UpdateWindowMenu();
+    // The work area makes a window of its own choice active as the closed one goes; the highest
+    // remaining window is the one to be current.
+    pendingCurrent_ = next;
     QTimer::singleShot(0, this, [this, next] {
+        pendingCurrent_ = -1;
         if (!windows_.IsOpen(next)) return;
         windows_.Switching = true;
         if (QMdiSubWindow* sub = subs_[static_cast<std::size_t>(next)]) mdi_->setActiveSubWindow(sub);
         windows_.Switching = false;
+        if (windows_.CurWin != next) {
+            SyncArea(next);
+            edit::ActivateViewWindow(*model_, *ds_, windows_, next);
+        }
         ShowDataType();
         ShowLevel();
         RedrawWindow();

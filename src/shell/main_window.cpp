@@ -233,6 +233,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    ending_ = true;
     autosave_->stop();
     rotateTimer_->stop();
     forms::FinishEnd(*model_, ui_);

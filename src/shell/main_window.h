@@ -242,6 +242,7 @@ private:
     std::array<QPointer<ViewWindow>, edit::MaxViewWindows> views_{};
     std::array<QPointer<QMdiSubWindow>, edit::MaxViewWindows> subs_{};
     int pressWindow_ = -1;
+    int pendingCurrent_ = -1; // the window to become current once a closed one has gone
 
     std::map<QString, QAction*> actions_;
     std::map<int, QAction*> toolButtons_;

@@ -1,0 +1,333 @@
+// The main window: start-up, menus and tool bar, files, runs, the end.
+#include <QAction>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSlider>
+#include <QToolBar>
+
+#include "contaminant/colours.h"
+#include "dialogs/number_edit.h"
+#include "dialogs/smoke_windows.h"
+#include "display/level_selector.h"
+#include "edit/tool_table.h"
+#include "model/network_rows.h"
+#include "shell/qt_text.h"
+#include "shell/run_windows.h"
+#include "shell_rig.h"
+#include "shell_tests.h"
+#include "simulate/run.h"
+
+namespace karvane::shell::testing {
+
+namespace {
+
+QStringList ItemsOf(QComboBox* combo) {
+    QStringList items;
+    for (int i = 0; i < combo->count(); ++i) items << combo->itemText(i);
+    return items;
+}
+
+bool PictureHasLines(ViewWindow* v, std::int32_t background) {
+    const QImage& picture = v->Surface().Picture();
+    const QRgb back = QtSurface::ToQColor(background).rgb();
+    for (int y = 0; y < picture.height(); y += 3)
+        for (int x = 0; x < picture.width(); x += 3)
+            if (picture.pixel(x, y) != back) return true;
+    return false;
+}
+
+} // namespace
+
+void MainWindowTest::buildsEveryMenuAndToolButtonInOrder() {
+    ShellRig rig;
+    QStringList menus;
+    for (QAction* a : rig.W().menuBar()->actions()) menus << a->text();
+    QCOMPARE(menus, (QStringList{"&File", "&Edit", "&View", "&Run", "&Tools", "&Window", "&Help"}));
+
+    // The commands of this version work; the others are there, disabled, and say why.
+    for (const char* name : {"mnuNewFile", "mnuOpenFile", "mnuSaveFile", "mnuSaveAs", "mnuMergeFile", "mnuComment",
+                             "mnuMessage", "mnuReLoadDef", "mnuSaveDef", "mnuReLoadFan", "mnuSaveFan", "mnuExit",
+                             "mnuExecute", "mnuFire", "mnuTrace", "mnuFindResFans", "mnuDupAir", "mnuProblems",
+                             "mnuRemoveRedund", "mnnuNonConverge", "mnuResetAirflows", "mnuNewWindow", "mnuTileH",
+                             "mnuTileV", "MnuTileC", "mnuFreeze", "mnuPlanS", "mnu3d", "mnuLevels0", "mnuLevels1",
+                             "mnuLevels2", "mnuLevels3", "mnuShowLayers", "mnuViewData", "mnuSaveView", "mnuDelView",
+                             "mnuHelp", "mnuAbout", "mnuWebPage", "mnuDeselect", "mnuConfirm", "mnuFixL", "mnuUnFixL",
+                             "mnuAutoName", "mnuAutoNodes", "mnuResetAir", "mnuchecknumbers", "mnuRevCoord",
+                             "mnuReverse", "mnuremdup", "mnuPres", "mnuRmvFlow", "mnuClrSmoke", "mnuClrSources"}) {
+        QAction* a = rig.W().action(QString::fromLatin1(name));
+        QVERIFY2(a, name);
+        QVERIFY2(a->isEnabled(), name);
+    }
+    for (const char* name : {"mnuUndo", "mnuRedo", "mnuPrint", "mnuPsetup", "mnuFanData", "mnuRLBase", "mnuPower",
+                             "mnuSimp", "mnuOptionShow", "mnuSummary", "mnuDXFTrue", "mnuImportData", "mnuConvert",
+                             "mnuBar1", "mnuFBName"}) {
+        QAction* a = rig.W().action(QString::fromLatin1(name));
+        QVERIFY2(a, name);
+        QVERIFY2(!a->isEnabled(), name);
+        QVERIFY2(!a->toolTip().isEmpty(), name);
+    }
+
+    // Every button of the tool table, in its order, with its tip and a picture.
+    auto* bar = rig.W().findChild<QToolBar*>(QStringLiteral("Tools"));
+    QVERIFY(bar);
+    int expected = 0;
+    for (QAction* a : bar->actions()) {
+        if (!a->data().isValid()) continue;
+        QCOMPARE(a->data().toInt(), expected);
+        const edit::ToolCommand* c = edit::FindToolCommand(expected);
+        QVERIFY(a->toolTip().startsWith(QString::fromLatin1(c->Tip)));
+        QVERIFY(!a->icon().isNull());
+        QCOMPARE(a->isEnabled(), rig.W().CommandAvailable(expected));
+        ++expected;
+    }
+    QCOMPARE(expected, 32);
+    QVERIFY(!rig.W().toolButton(edit::cmd::Draw)->isEnabled());
+    QVERIFY(rig.W().toolButton(edit::cmd::Simulate)->isEnabled());
+    QVERIFY(rig.W().toolButton(edit::cmd::Zoom)->isChecked());
+
+    auto* sim = rig.W().findChild<QLabel*>(QStringLiteral("LblSim"));
+    QCOMPARE(sim->text(), QStringLiteral("SIM"));
+    QCOMPARE(sim->toolTip(), QStringLiteral("Simulation Vaild (Green = Yes, Red = No)"));
+    auto* group = rig.W().findChild<QComboBox*>(QStringLiteral("CmbDataType"));
+    QCOMPARE(ItemsOf(group), (QStringList{"Airflow", "Pressure", "Airway data", "Energy", "Other"}));
+    QCOMPARE(ItemsOf(rig.W().findChild<QComboBox*>(QStringLiteral("CmbDataVal"))),
+             (QStringList{"Quantity", "Velocity"}));
+    QCOMPARE(rig.W().findChild<QLabel*>(QStringLiteral("LblUnit"))->text(), QStringLiteral("m3/s"));
+    for (const char* name : {"CmbRL", "CmbView"}) QVERIFY(rig.W().findChild<QComboBox*>(QString::fromLatin1(name)));
+    for (const char* name : {"LblX", "LblY", "LblRL"}) QVERIFY(rig.W().findChild<QLabel*>(QString::fromLatin1(name)));
+    QVERIFY(rig.W().findChild<QScrollBar*>(QStringLiteral("VsbRL")));
+
+    QVERIFY(rig.W().windowTitle().startsWith(QStringLiteral("KARVANE [] [Scale = 1:")));
+    QCOMPARE(rig.W().windowTable().OpenCount(), 1);
+    QVERIFY(rig.Ui.Transcript.empty());
+}
+
+void MainWindowTest::startsWithoutItsOwnFilesAndSaysSo() {
+    ShellRig rig(false);
+    QVERIFY(rig.Ui.Said("Error re-loading defaults"));
+    QVERIFY(rig.Ui.Said("Error loading conversion values"));
+    // The program goes on with its built-in values and one view.
+    QCOMPARE(rig.M().Set.Density, 1.2f);
+    QCOMPARE(rig.W().windowTable().OpenCount(), 1);
+    QCOMPARE(rig.M().Levels[2].RLName, std::string("U/Ground"));
+    rig.OpenDemo();
+    QVERIFY(rig.M().AirwayCount > 100);
+}
+
+void MainWindowTest::opensTheDemoMineThroughTheOpenCommand() {
+    ShellRig rig;
+    rig.OpenDemo();
+    QVERIFY(rig.M().AirwayCount > 100);
+    QCOMPARE(rig.M().FileName, DemoMine);
+    QVERIFY(rig.W().windowTitle().contains(QStringLiteral("demo-mine.sim")));
+    QVERIFY(rig.W().windowTitle().contains(QStringLiteral("[Scale = 1:")));
+    QAction* recent = rig.W().action(QStringLiteral("mnuOld1"));
+    QVERIFY(recent->isVisible());
+    QVERIFY(recent->text().startsWith(QStringLiteral("&1 ")));
+    QCOMPARE(rig.W().findChild<QComboBox*>(QStringLiteral("CmbRL"))->count(), display::LevelListCount(rig.M()));
+    QVERIFY(!rig.Ds().Drawn.empty());
+    QVERIFY(PictureHasLines(rig.View(), rig.M().Set.Colours[3]));
+    QCOMPARE(rig.Ui.Texts("Open").size(), std::size_t(1));
+    // The folder of the choice is kept for the next open dialog.
+    QVERIFY(!rig.Ui.Store["Karvane/Files/DefaultDir"].empty());
+}
+
+void MainWindowTest::loadsTheNetworkNamedOnTheCommandLineAndOffersRecovery() {
+    {
+        ShellRig rig(true, DemoMine);
+        QCOMPARE(rig.M().FileName, DemoMine);
+        QVERIFY(rig.M().AirwayCount > 100);
+        QVERIFY(rig.Ui.Texts("Ask").empty());
+    }
+    ShellRig rig(true, {}, false);
+    QVERIFY(QFile::copy(FromPath(DemoMine), rig.Temp.filePath(QStringLiteral("tempsim.sim"))));
+    rig.Ui.Answers.push_back(ui::Answer::Yes);
+    rig.Start(DemoMine);
+    QCOMPARE(rig.Ui.Texts("Ask"),
+             (std::vector<std::string>{"An autosaved recovery file exists - do you wish to load this file"}));
+    QVERIFY(rig.M().AirwayCount > 100);
+    QCOMPARE(rig.M().FileName, std::string()); // the recovered network has no name
+}
+
+void MainWindowTest::aSimulationReachesTheSimulationLight() {
+    ShellRig rig;
+    rig.OpenDemo();
+    auto* sim = rig.W().findChild<QLabel*>(QStringLiteral("LblSim"));
+    QCOMPARE(sim->text(), QStringLiteral("SIM"));
+    QVERIFY(sim->styleSheet().contains(QStringLiteral("#ffc080")));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuExecute")));
+    QCOMPARE(rig.M().SimValid, std::int16_t(-1));
+    QCOMPARE(sim->text(), QStringLiteral("OK"));
+    QVERIFY(sim->styleSheet().contains(QStringLiteral("#00ff00")));
+    const auto& captions = rig.Ui.ProgressCaptions;
+    for (const char* stage : {"Checking airways", "Meshing airways", "Balancing airflows", "Resolving Pressures"})
+        QVERIFY2(std::find(captions.begin(), captions.end(), stage) != captions.end(), stage);
+    QCOMPARE(rig.Ui.ProgressPercents.back(), 100);
+    QVERIFY(!rig.W().errorWindow()->isVisible());
+    // The menus and the tool bar are usable again after the run.
+    QVERIFY(rig.W().menuBar()->isEnabled());
+
+    // F12 in a view runs it again.
+    const std::size_t before = rig.Ui.ProgressPercents.size();
+    rig.Key(rig.View(), Qt::Key_F12);
+    QVERIFY(rig.Ui.ProgressPercents.size() > before);
+    QCOMPARE(sim->text(), QStringLiteral("OK"));
+}
+
+void MainWindowTest::aFailedRunShowsTheErrorListAndGotoFindsTheAirway() {
+    ShellRig rig;
+    Model& m = rig.M();
+    auto add = [&m](std::int32_t x1, std::int32_t x2) {
+        const std::int32_t row = NewAirwayRow(m);
+        Airway& a = m.Airways[static_cast<std::size_t>(row)];
+        a.X1 = x1;
+        a.X2 = x2;
+        a.Y1 = a.Y2 = 100;
+        a.Z1 = a.Z2 = 490;
+        a.Width = a.Height = 4;
+        a.BranchCode = bc::Rectangular;
+        a.NoAirways = 1;
+        a.PrimaryLayer = a.SecondLayer = 1;
+    };
+    add(0, 100);
+    add(100, 300);
+    rig.W().Trigger(QStringLiteral("mnuFitAll"));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuExecute")));
+    ErrorListWindow* errors = rig.W().errorWindow();
+    QVERIFY(errors->isVisible());
+    QCOMPARE(errors->windowTitle(), QStringLiteral("Sim Fail Error List"));
+    QListWidget* list = errors->List();
+    QVERIFY(list->count() >= 2);
+    int exitLine = -1;
+    for (int i = 0; i < list->count(); ++i)
+        if (list->item(i)->data(Qt::UserRole).toString().endsWith(QStringLiteral("\tNo exit from branch"))) exitLine = i;
+    QVERIFY(exitLine >= 0);
+    list->setCurrentRow(exitLine);
+    const std::int32_t airwayNo = errors->SelectedAirwayNo();
+    std::int32_t row = 0;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r)
+        if (m.Airways[static_cast<std::size_t>(r)].AirwayNo == airwayNo) row = r;
+    QVERIFY(row > 0);
+    const Airway& a = m.Airways[static_cast<std::size_t>(row)];
+    errors->findChild<QPushButton*>(QStringLiteral("Command2"))->click();
+    // Goto centres the view on the airway and the list stays open.
+    QCOMPARE(rig.Ds().View.CentreX, static_cast<float>((a.X1 + a.X2) / 2));
+    QCOMPARE(rig.Ds().View.CentreY, static_cast<float>((a.Y1 + a.Y2) / 2));
+    QVERIFY(errors->isVisible());
+    QCOMPARE(rig.W().findChild<QLabel*>(QStringLiteral("LblSim"))->text(), QStringLiteral("SIM"));
+    errors->findChild<QPushButton*>(QStringLiteral("Command1"))->click();
+    QVERIFY(!errors->isVisible());
+    QCOMPARE(m.StopFlag, std::uint8_t(255));
+}
+
+void MainWindowTest::theEndAsksAboutUnsavedWorkAndCancelKeepsTheProgram() {
+    ShellRig rig;
+    rig.OpenDemo();
+    QFile recovery(rig.Temp.filePath(QStringLiteral("tempsim.sim")));
+    QVERIFY(recovery.open(QIODevice::WriteOnly));
+    recovery.close();
+    rig.M().NetworkSaved = No0;
+    rig.Ui.Answers.push_back(ui::Answer::Cancel);
+    QVERIFY(!rig.W().close());
+    QVERIFY(rig.W().isVisible());
+    QCOMPARE(rig.Ui.Transcript.back().Text, std::string("Karvane data is not saved - Save it?"));
+    QVERIFY(recovery.exists());
+
+    rig.M().DefaultsSaved = No0;
+    rig.Ui.Answers = {ui::Answer::No, ui::Answer::Cancel};
+    QVERIFY(!rig.W().close());
+    QCOMPARE(rig.Ui.Transcript.back().Text, std::string("Karvane defaults are not saved - Save them?"));
+
+    rig.Ui.Answers = {ui::Answer::No, ui::Answer::No};
+    QVERIFY(rig.W().close());
+    QVERIFY(!recovery.exists());
+    QCOMPARE(rig.Ui.Store["Karvane/Files/Name1"], DemoMine);
+}
+
+void MainWindowTest::theLevelListAndTheDataTypeListsDriveTheView() {
+    ShellRig rig;
+    rig.OpenDemo();
+    auto* levels = rig.W().findChild<QComboBox*>(QStringLiteral("CmbRL"));
+    auto* scroll = rig.W().findChild<QScrollBar*>(QStringLiteral("VsbRL"));
+    QVERIFY(levels->count() >= 3);
+    levels->setCurrentIndex(0);
+    Q_EMIT levels->activated(0);
+    QCOMPARE(rig.Ds().View.LevelMode, display::lm::Single);
+    QCOMPARE(rig.Ds().View.CurrentLevel, std::int16_t(1));
+    QCOMPARE(scroll->value(), 1);
+    rig.Key(rig.View(), Qt::Key_Down);
+    QCOMPARE(rig.Ds().View.CurrentLevel, std::int16_t(2));
+    QCOMPARE(levels->currentIndex(), 1);
+    QCOMPARE(scroll->value(), 2);
+    rig.Key(rig.View(), Qt::Key_Up);
+    QCOMPARE(rig.Ds().View.CurrentLevel, std::int16_t(1));
+    QVERIFY(rig.W().windowTable().Windows[0].Caption.starts_with("View 1 : "));
+
+    rig.W().Trigger(QStringLiteral("mnuLevels3"));
+    QCOMPARE(rig.Ds().View.LevelMode, display::lm::All);
+    QCOMPARE(levels->currentIndex(), -1);
+    // The Single/Multi button goes back to the level that was shown.
+    rig.W().Trigger(QStringLiteral("Tool27"));
+    QCOMPARE(rig.Ds().View.LevelMode, display::lm::Single);
+    QCOMPARE(levels->currentIndex(), 0);
+
+    auto* group = rig.W().findChild<QComboBox*>(QStringLiteral("CmbDataType"));
+    auto* value = rig.W().findChild<QComboBox*>(QStringLiteral("CmbDataVal"));
+    group->setCurrentIndex(1);
+    Q_EMIT group->activated(1);
+    QCOMPARE(rig.Ds().View.DataType, std::int16_t(22));
+    QCOMPARE(value->count(), 7);
+    QCOMPARE(rig.W().findChild<QLabel*>(QStringLiteral("LblUnit"))->text(), QStringLiteral("Pa"));
+    rig.W().Trigger(QStringLiteral("mnuOther0"));
+    QCOMPARE(rig.Ds().View.DataType, std::int16_t(52));
+    QCOMPARE(value->currentText(), QStringLiteral("Airway Number"));
+    QCOMPARE(rig.W().findChild<QLabel*>(QStringLiteral("LblUnit"))->text(), QString());
+    // Returning to a group brings back its last value.
+    group->setCurrentIndex(1);
+    Q_EMIT group->activated(1);
+    QCOMPARE(rig.Ds().View.DataType, std::int16_t(22));
+    QVERIFY(rig.W().windowTable().Windows[0].Caption.ends_with("Total Loss"));
+}
+
+void MainWindowTest::aSmokeRunShowsItsLegendAndTheSliderCutsTheTime() {
+    ShellRig rig;
+    rig.OpenDemo();
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuExecute")));
+    Model& m = rig.M();
+    // A source in the airway of the largest flow.
+    std::int32_t source = 1;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r)
+        if (m.Airways[static_cast<std::size_t>(r)].Quantity > m.Airways[static_cast<std::size_t>(source)].Quantity)
+            source = r;
+    m.Airways[static_cast<std::size_t>(source)].BranchCode |= bc::ContaminantSource;
+    m.Airways[static_cast<std::size_t>(source)].Contaminant = 100;
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuFire")));
+    auto* smoke = rig.W().smokeWindow();
+    QVERIFY(smoke->isVisible());
+    smoke->findChild<QPushButton*>(QStringLiteral("OK"))->click();
+    QCOMPARE(m.GasActive, std::int16_t(1));
+    auto* legend = rig.W().smokeLegend();
+    QVERIFY(legend->isVisible());
+    QCOMPARE(rig.Ds().View.DataType, std::int16_t(55));
+    QCOMPARE(legend->Slider()->maximum(), m.Smoke.SpreadMax);
+    QCOMPARE(legend->Percent(0)->text(), QStringLiteral("100"));
+    // A second smoke simulation needs the first cleared.
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuFire")));
+    QVERIFY(rig.Ui.Said("Contaminant must be cleared before simulating"));
+
+    legend->Slider()->setValue(0);
+    QCOMPARE(m.Smoke.SpreadLimit, 1);
+    QCOMPARE(legend->TimerText(), QStringLiteral("0:00:00"));
+    legend->findChild<QPushButton*>(QStringLiteral("CmdExit"))->click();
+    QCOMPARE(m.GasActive, std::int16_t(0));
+    QCOMPARE(m.Smoke.SpreadLimit, 0);
+    QVERIFY(!legend->isVisible());
+    QCOMPARE(rig.Ds().View.DataType, std::int16_t(12));
+}
+
+} // namespace karvane::shell::testing

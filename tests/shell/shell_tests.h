@@ -1,0 +1,35 @@
+// The GUI test classes of the desktop program.
+#pragma once
+
+#include <QObject>
+
+namespace karvane::shell::testing {
+
+// The main window: start-up, menus, tool bar, files, runs, the end.
+class MainWindowTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void buildsEveryMenuAndToolButtonInOrder();
+    void startsWithoutItsOwnFilesAndSaysSo();
+    void opensTheDemoMineThroughTheOpenCommand();
+    void loadsTheNetworkNamedOnTheCommandLineAndOffersRecovery();
+    void aSimulationReachesTheSimulationLight();
+    void aFailedRunShowsTheErrorListAndGotoFindsTheAirway();
+    void theEndAsksAboutUnsavedWorkAndCancelKeepsTheProgram();
+    void theLevelListAndTheDataTypeListsDriveTheView();
+    void aSmokeRunShowsItsLegendAndTheSliderCutsTheTime();
+};
+
+// The view windows: gestures, tools, windows.
+class ViewWindowTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void clicksAndDragsOfTheZoomToolChangeTheViewBox();
+    void theWheelZoomsAboutTheMiddleAndStepsBack();
+    void bothButtonsAndTheRotationButtonTurnTheView();
+    void toolButtonsAndKeysReachTheirTools();
+    void eachViewWindowKeepsItsOwnView();
+    void namedViewsAreSavedAndChosenFromTheList();
+};
+
+} // namespace karvane::shell::testing
