@@ -96,6 +96,9 @@ int Render(const CommandLine& cl, const RenderOptions& o) {
     ds->AreaWidth = width;
     ds->AreaHeight = height;
     ds->DecimalSeparator = ui.DecimalSeparator();
+    // The program's first window stands in Single mode at the level the load chose, until a
+    // start-up view of the file says otherwise.
+    ds->View.LevelMode = display::lm::Single;
     display::ShowLoadedNetwork(m, *ds, ui, report.StartupViewRead, {report.CurrentLevel, report.CurRL});
 
     if (o.View >= 0) {
