@@ -2,6 +2,8 @@
 // on the command line, opens the main window.
 #include <QApplication>
 #include <QComboBox>
+#include <QMouseEvent>
+#include <QPushButton>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -24,8 +26,10 @@ namespace {
 //   --screenshot FILE   the screen is saved to FILE once the steps have run, and the program ends
 //   --do STEPS          steps separated by commas: a menu entry or tool button by name
 //                       (mnuExecute, Tool24, ...), combo:NAME=INDEX (a choice from a list of
-//                       the tool bar), wait:MS, or runshot:FILE (the screen saved while the next
-//                       run stands at 70 per cent)
+//                       the tool bar), click:XxY (the left button on the current view),
+//                       button:WINDOW/NAME (a button of one of the program's windows),
+//                       grab:NAME=FILE (a picture of one part of the window), wait:MS, or
+//                       runshot:FILE (the screen saved while the next run stands at 70 per cent)
 struct PictureRun {
     QString Screenshot;
     QStringList Steps;
@@ -56,6 +60,30 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
             SaveScreen(file);
             main.ProgressObserver = nullptr;
         };
+    } else if (step.startsWith(QStringLiteral("grab:"))) {
+        // grab:NAME=FILE, a picture of one part of the window, twice its size.
+        const QString name = step.mid(5).section(QLatin1Char('='), 0, 0);
+        if (auto* widget = main.findChild<QWidget*>(name)) {
+            const QPixmap picture = widget->grab();
+            picture.scaled(picture.size() * 2, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                .save(step.section(QLatin1Char('='), 1));
+        }
+    } else if (step.startsWith(QStringLiteral("click:"))) {
+        // click:XxY with the left button on the current view, X and Y in pixels.
+        const QStringList xy = step.mid(6).split(QLatin1Char('x'));
+        if (auto* view = main.view(main.windowTable().CurWin); view && xy.size() == 2) {
+            const QPointF at(xy[0].toDouble(), xy[1].toDouble());
+            for (QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                QMouseEvent event(type, at, view->mapToGlobal(at), Qt::LeftButton,
+                                  type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+                QApplication::sendEvent(view, &event);
+            }
+        }
+    } else if (step.startsWith(QStringLiteral("button:"))) {
+        // button:WINDOW/NAME, a push button of one of the program's windows.
+        const QString window = step.mid(7).section(QLatin1Char('/'), 0, 0);
+        if (auto* owner = main.findChild<QWidget*>(window))
+            if (auto* button = owner->findChild<QPushButton*>(step.section(QLatin1Char('/'), 1))) button->click();
     } else if (step.startsWith(QStringLiteral("combo:"))) {
         const QString name = step.mid(6).section(QLatin1Char('='), 0, 0);
         const int index = step.section(QLatin1Char('='), 1).toInt();

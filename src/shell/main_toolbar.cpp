@@ -339,6 +339,8 @@ void MainWindow::ShowSimIndicator() {
 }
 
 void MainWindow::RefreshControls() {
+    // The coordinate labels start at the middle of the view.
+    if (windows_.IsOpen(windows_.CurWin) && ds_->View.Is3D == 0) display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
     ShowDataType();
     FillLevelList();
     ShowSimIndicator();

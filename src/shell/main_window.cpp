@@ -30,6 +30,7 @@
 #include "files/conversion_file.h"
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
+#include "files/number_text.h"
 #include "model/network_rows.h"
 #include "model/units.h"
 #include "shell/icons.h"
@@ -270,7 +271,12 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void MainWindow::ShowViewStatus() {
-    const display::StatusLabels& l = ds_->Labels;
+    display::StatusLabels& l = ds_->Labels;
+    // A plan view shows its centre beside the coordinates too (a 3D view's rotation sets them).
+    if (ds_->View.Is3D == 0) {
+        l.CentreX = files::PlainSingle(ds_->View.CentreX, ds_->DecimalSeparator);
+        l.CentreY = files::PlainSingle(ds_->View.CentreY, ds_->DecimalSeparator);
+    }
     lblX_->setText(FromMessage(l.LabelX));
     lblY_->setText(FromMessage(l.LabelY));
     lblRL_->setText(FromMessage(l.LabelRL));
