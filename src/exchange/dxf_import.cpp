@@ -4,7 +4,6 @@
 #include <optional>
 #include <string>
 
-#include "exchange/dxf_export.h"
 #include "exchange/import_rows.h"
 #include "files/number_text.h"
 

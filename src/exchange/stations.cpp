@@ -95,7 +95,8 @@ std::vector<display::StationLabelLine> StationMonitor::LabelLines(Model& model, 
     if (!st) return lines;
     ApplyStationFlow(model, row);
 
-    lines.push_back({"   " + TrimText(st->StationName) + " " + TrimText(st->StationText[2]), StationNameColour});
+    const std::string time = TrimText(st->StationText[2]);
+    lines.push_back({"   " + TrimText(st->StationName) + (time.empty() ? "" : " " + time), StationNameColour});
     for (int k = 1; k <= ChannelCount; ++k) {
         const auto c = static_cast<std::size_t>(k);
         const Alarm alarm = ChannelAlarm(model, s, k);
