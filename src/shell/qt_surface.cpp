@@ -19,6 +19,9 @@ namespace {
 // exact, and a line towards a far point keeps its direction closely enough for the view.
 constexpr double kFar = 1.0e6;
 
+// The least font height, in pixels, at which text is drawn.
+constexpr int kLegiblePixels = 4;
+
 double Held(double v) {
     if (!std::isfinite(v)) return 0;
     return std::clamp(v, -kFar, kFar);
@@ -87,6 +90,8 @@ QPainter& QtSurface::Painter() {
         painter_->setRenderHint(QPainter::Antialiasing, !invert);
         painter_->setRenderHint(QPainter::TextAntialiasing, !invert);
         if (invert) painter_->setCompositionMode(QPainter::RasterOp_SourceXorDestination);
+        painterFontSet_ = false;
+        painterPenSet_ = false;
     }
     return *painter_;
 }
@@ -143,9 +148,31 @@ const QFont& QtSurface::Font() {
         font_.setStyleHint(QFont::SansSerif);
         font_.setPixelSize(std::max(1, static_cast<int>(std::lround(std::max(1, fontPoints_) * pixelsPerPoint_))));
         font_.setBold(fontBold_);
+        metrics_ = std::make_unique<QFontMetricsF>(font_);
+        painterFontSet_ = false;
         fontDirty_ = false;
     }
     return font_;
+}
+
+const QFontMetricsF& QtSurface::Metrics() {
+    Font();
+    return *metrics_;
+}
+
+void QtSurface::UsePen(display::Colour colour) {
+    const display::Colour c = mode_ == display::DrawMode::Invert ? 0xFFFFFF : colour;
+    if (painterPenSet_ && painterPenColour_ == c && painterPenWidth_ == lineWidth_ && painterPenStyle_ == style_) return;
+    QPen pen(ToQColor(c));
+    pen.setWidth(lineWidth_);
+    pen.setCosmetic(true);
+    pen.setCapStyle(Qt::RoundCap);
+    if (style_ == display::LineStyle::Dotted) pen.setStyle(Qt::DotLine);
+    painter_->setPen(pen);
+    painterPenColour_ = c;
+    painterPenWidth_ = lineWidth_;
+    painterPenStyle_ = style_;
+    painterPenSet_ = true;
 }
 
 void QtSurface::Clear() {
@@ -158,13 +185,13 @@ void QtSurface::FlushLines() {
         pending_.clear();
         return;
     }
-    QPen pen(mode_ == display::DrawMode::Invert ? QColor(Qt::white) : ToQColor(pendingColour_));
-    pen.setWidth(lineWidth_);
-    pen.setCosmetic(true);
-    pen.setCapStyle(Qt::RoundCap);
-    if (style_ == display::LineStyle::Dotted) pen.setStyle(Qt::DotLine);
-    painter_->setPen(pen);
+    UsePen(pendingColour_);
+    // Airway lines are drawn without smoothing: tens of thousands of them at every step of a
+    // rotation stay quick, and a line of one pixel reads as sharply.
+    const bool smooth = painter_->testRenderHint(QPainter::Antialiasing);
+    if (smooth) painter_->setRenderHint(QPainter::Antialiasing, false);
     painter_->drawLines(pending_.data(), static_cast<int>(pending_.size()));
+    if (smooth) painter_->setRenderHint(QPainter::Antialiasing, true);
     pending_.clear();
 }
 
@@ -204,10 +231,7 @@ void QtSurface::FilledRectangle(float x1, float y1, float x2, float y2, display:
 void QtSurface::Circle(float x, float y, float radius) {
     FlushLines();
     QPainter& p = Painter();
-    QPen pen(mode_ == display::DrawMode::Invert ? QColor(Qt::white) : ToQColor(fore_));
-    pen.setWidth(lineWidth_);
-    pen.setCosmetic(true);
-    p.setPen(pen);
+    UsePen(fore_);
     p.setBrush(Qt::NoBrush);
     const double r = Held(std::fabs(static_cast<double>(radius) / width_ * image_.width()));
     p.drawEllipse(ToPixel(x, y), r, r);
@@ -276,28 +300,34 @@ void QtSurface::PutBitmap(int symbol, float x, float y, float width, float heigh
 void QtSurface::PrintText(const std::string& text) {
     if (text.empty()) return;
     FlushLines();
-    QPainter& p = Painter();
-    const QFont& font = Font();
-    p.setFont(font);
-    const QString s = FromCp1252(text);
-    const QFontMetricsF metrics(font);
+    // Text below a few pixels cannot be read: it is left out rather than laid out as a smudge,
+    // which on a whole mine seen from afar would cost more than all its lines.
+    Font();
+    if (font_.pixelSize() < kLegiblePixels) return;
+    const QFontMetricsF& metrics = Metrics();
     const QPointF at = ToPixel(curX_, curY_);
+    // Text wholly off the area is not laid out at all.
     if (at.x() > image_.width() + 8 || at.y() > image_.height() + 8 || at.y() < -metrics.height() - 8) return;
+    QPainter& p = Painter();
+    if (!painterFontSet_) {
+        p.setFont(font_);
+        painterFontSet_ = true;
+    }
+    const QString s = FromCp1252(text);
+    if (at.x() < -metrics.maxWidth() * static_cast<double>(s.size()) - 8) return;
     if (opaque_ && mode_ == display::DrawMode::Copy) {
         p.fillRect(QRectF(at, QSizeF(metrics.horizontalAdvance(s), metrics.height())), ToQColor(back_));
     }
-    p.setPen(mode_ == display::DrawMode::Invert ? QColor(Qt::white) : ToQColor(fore_));
+    UsePen(fore_);
     p.drawText(QPointF(at.x(), at.y() + metrics.ascent()), s);
 }
 
 float QtSurface::TextWidth(const std::string& text) {
-    const QFontMetricsF metrics(Font());
-    return static_cast<float>(metrics.horizontalAdvance(FromCp1252(text)) * width_ / image_.width());
+    return static_cast<float>(Metrics().horizontalAdvance(FromCp1252(text)) * width_ / image_.width());
 }
 
 float QtSurface::TextHeight(const std::string&) {
-    const QFontMetricsF metrics(Font());
-    return static_cast<float>(metrics.height() * height_ / image_.height());
+    return static_cast<float>(Metrics().height() * height_ / image_.height());
 }
 
 void QtSurface::Refresh() {

@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QLineF>
 #include <QPointF>
@@ -82,6 +83,8 @@ private:
     void FlushLines();
     void QueueLine(const QPointF& a, const QPointF& b, display::Colour colour);
     const QFont& Font();
+    const QFontMetricsF& Metrics();
+    void UsePen(display::Colour colour);
     const QImage& SymbolImage(int symbol, int w, int h);
 
     QImage image_;
@@ -102,6 +105,13 @@ private:
     bool fontBold_ = false;
     bool fontDirty_ = true;
     QFont font_;
+    std::unique_ptr<QFontMetricsF> metrics_;
+    bool painterFontSet_ = false; // the painter holds font_
+    // The pen the painter holds, so that it is set only when it changes.
+    display::Colour painterPenColour_ = -1;
+    int painterPenWidth_ = 0;
+    display::LineStyle painterPenStyle_ = display::LineStyle::Solid;
+    bool painterPenSet_ = false;
 
     // Lines of one pen wait here and go to the painter together.
     std::vector<QLineF> pending_;
