@@ -65,8 +65,10 @@ void TreeChecks(Model& model, std::int32_t a) {
     const bool fixedFlow = w.Has(bc::FixedFlow);
     if (!fixedFlow && !(model.Run.Work[a] >= RestrictionWeight)) return;
     if (fixedFlow) {
-        // A fixed flow that no loop can carry, in every mode.
-        ReportAirwayFault(model, a, "FIX restricting flow", "Bad Fix");
+        // A fixed flow that no loop can carry, in every mode. Listed and noted, but not marked
+        // as an error of the drawing: the airway keeps its own look.
+        model.ErrorList.push_back({w.AirwayNo, "FIX restricting flow"});
+        w.Comment = FitText("Bad Fix", CommentWidth);
         model.SimFail = 1;
     }
     if ((model.SimMode == 1 || model.SimMode == 2) && w.ResType == 1) {

@@ -147,6 +147,7 @@ TEST(Forest, TreeChecksOfEveryMode) {
         ASSERT_FALSE(model->ErrorList.empty()) << mode;
         EXPECT_EQ(model->ErrorList[0].Text, "FIX restricting flow");
         EXPECT_EQ(model->Airways[3].Comment, "Bad Fix");
+        EXPECT_FALSE(model->Airways[3].Has(bc::ErrorMark)) << mode; // listed, not marked
         EXPECT_EQ(model->SimFail, 1);
         // The bulkhead closes the loop as a chord, so nothing is said of it.
         EXPECT_EQ(model->ErrorList.size(), 1u) << mode;
