@@ -613,3 +613,22 @@ TEST(NetworkLoad, MergeKeepingTheOriginalFans) {
     EXPECT_EQ(NetworkText(model, '.'), before);
     EXPECT_EQ(model.FirstLoadRow, 1);
 }
+
+TEST(NetworkLoad, MergedFansBeyondTheDatabaseSize) {
+    AppFolder dir;
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    model.Set.MaxFans = 1; // fan 1 is named, so the merged fan 1 would become fan 2
+    dir.Ui.FilePaths = {SecondNetwork(dir)};
+    dir.Ui.Answers = {ui::Answer::No};
+    MergeNetwork(model, dir.Ui);
+
+    const std::vector<std::string> said = dir.Ui.Texts("Message");
+    ASSERT_EQ(said.size(), 1u);
+    EXPECT_EQ(said[0], "Fan database default size is smaller than the file size !\nAny fans above fan 1 will be "
+                       "deleted");
+    // The fans are passed over to their closing line; the rest of the file still joins.
+    EXPECT_EQ(model.AirwayCount, 7);
+    EXPECT_EQ(model.Fans[1].FanName, "Main fan, No.1");
+    ASSERT_NE(FindByName(model, "B fixed pressure"), nullptr);
+}
