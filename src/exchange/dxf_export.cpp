@@ -191,12 +191,7 @@ bool WriteDxf(Model& model, const display::DisplayState& ds, const std::string& 
         dxf.Pair("0", "EOF");
         code = out.Commit();
     }
-    ui.SetBusy(false);
-    if (code != files::err::None) {
-        ui.Message(ExportErrorText, ProgramName, ui::Icon::Exclamation);
-        return false;
-    }
-    return true;
+    return EndExport(ui, code);
 }
 
 } // namespace

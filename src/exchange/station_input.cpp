@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "exchange/stations.h"
+#include "exchange/text_export.h"
 #include "files/app_files.h"
 #include "files/number_text.h"
 #include "files/text_file.h"
@@ -44,10 +45,7 @@ int ReadStationFile(Model& model, const std::string& path, std::array<std::strin
 std::string ResultsLine(const Model& model, std::int32_t row, char sep) {
     const Airway& a = model.Airways[static_cast<std::size_t>(row)];
     std::string line;
-    auto put = [&line](const std::string& item) {
-        if (!line.empty()) line += '\t';
-        line += item;
-    };
+    auto put = [&line](const std::string& item) { AddField(line, item); };
     auto name = [](const std::string& text) {
         std::size_t end = text.size();
         while (end > 0 && text[end - 1] == ' ') --end;

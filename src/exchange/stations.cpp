@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 
+#include "exchange/text_export.h"
 #include "files/number_text.h"
 #include "files/station_list.h"
 #include "files/text_file.h"
@@ -140,9 +141,7 @@ TickResult WriteResults(Model& model, ui::UserInterface& ui, StationHooks& hooks
     files::TextFileWriter out;
     int code = out.Open(model.Stations.OutputFile);
     if (code == files::err::None) {
-        std::string heading;
-        for (const char* h : ResultsHeadings) heading += (heading.empty() ? "" : "\t") + std::string(h);
-        out.WriteLine(heading);
+        out.WriteLine(TabJoined(ResultsHeadings));
         for (std::int32_t row = 1; row <= CheckedAirwayCount(model); ++row) out.WriteLine(ResultsLine(model, row, sep));
         code = out.Commit();
     }

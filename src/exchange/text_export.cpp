@@ -25,13 +25,28 @@ float RoundedInUnit(const Model& model, float value, const char* pattern, int un
 
 } // namespace
 
+void AddField(std::string& line, std::string_view item) {
+    if (!line.empty()) line += '\t';
+    line += item;
+}
+
+std::string TabJoined(std::span<const char* const> items) {
+    std::string line;
+    for (const char* item : items) AddField(line, item);
+    return line;
+}
+
+bool EndExport(ui::UserInterface& ui, int code) {
+    ui.SetBusy(false);
+    if (code == files::err::None) return true;
+    ui.Message(ExportErrorText, ProgramName, ui::Icon::Exclamation);
+    return false;
+}
+
 std::string TextExportLine(const Model& model, std::int32_t row, char sep) {
     const Airway& a = model.Airways[static_cast<std::size_t>(row)];
     std::string line;
-    auto put = [&line](const std::string& item) {
-        if (!line.empty()) line += '\t';
-        line += item;
-    };
+    auto put = [&line](const std::string& item) { AddField(line, item); };
     auto length = [&](double v) { return files::PaddedSingle(ToDisplay(model, v, uc::Length), sep); };
     for (std::int32_t v : {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}) put(length(v));
     put(files::PaddedSingle(RoundedInUnit(model, a.Quantity, "0.0", uc::Flow), sep));
@@ -53,19 +68,12 @@ bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui) {
     files::TextFileWriter out;
     int code = out.Open(file);
     if (code == files::err::None) {
-        std::string heading;
-        for (const char* h : TextExportHeadings) heading += (heading.empty() ? "" : "\t") + std::string(h);
-        out.WriteLine(heading);
+        out.WriteLine(TabJoined(TextExportHeadings));
         const std::int32_t count = std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(model.Airways.size()) - 1);
         for (std::int32_t row = 1; row <= count; ++row) out.WriteLine(TextExportLine(model, row, sep));
         code = out.Commit();
     }
-    ui.SetBusy(false);
-    if (code != files::err::None) {
-        ui.Message(ExportErrorText, ProgramName, ui::Icon::Exclamation);
-        return false;
-    }
-    return true;
+    return EndExport(ui, code);
 }
 
 } // namespace karvane::exchange

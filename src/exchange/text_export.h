@@ -3,7 +3,9 @@
 #pragma once
 
 #include <array>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "model/model.h"
 #include "ui/user_interface.h"
@@ -24,5 +26,14 @@ bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui);
 
 // The text of one airway's line, without its line end.
 std::string TextExportLine(const Model& model, std::int32_t row, char sep);
+
+// Lines of tab-separated items, as the exports and the results file write them: a tab between
+// items, none behind the last.
+void AddField(std::string& line, std::string_view item);
+std::string TabJoined(std::span<const char* const> items);
+
+// The end of every export: the busy pointer off, and "Error exporting File" when the file was
+// not written (`code` is the error code of the write). Returns whether it was written.
+bool EndExport(ui::UserInterface& ui, int code);
 
 } // namespace karvane::exchange

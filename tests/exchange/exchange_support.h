@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
 #include <memory>
 #include <string>
@@ -53,6 +54,15 @@ struct ExchangeBench {
         RecalcAllAirways(*M);
     }
 };
+
+// The six coordinates of an airway, and those of every row of a network.
+using Ends = std::array<std::int32_t, 6>;
+inline Ends EndsOf(const Airway& a) { return {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}; }
+inline std::vector<Ends> AllEnds(const Model& m) {
+    std::vector<Ends> out;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out.push_back(EndsOf(m.Airways[static_cast<std::size_t>(r)]));
+    return out;
+}
 
 // The lines of a text, split at CR LF; a bare line feed stays inside its line, so that a test
 // sees it.

@@ -15,18 +15,12 @@
 using namespace karvane;
 using namespace karvane::exchange;
 using karvane::testing::CrLf;
+using karvane::testing::AllEnds;
+using karvane::testing::Ends;
+using karvane::testing::EndsOf;
 using karvane::testing::ExchangeBench;
 
 namespace {
-
-using Ends = std::array<std::int32_t, 6>;
-Ends EndsOf(const Airway& a) { return {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}; }
-
-std::vector<Ends> AllEnds(const Model& m) {
-    std::vector<Ends> out;
-    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out.push_back(EndsOf(m.Airways[static_cast<std::size_t>(r)]));
-    return out;
-}
 
 std::string Fixture(const char* name) { return std::string(KARVANE_TEST_DATA) + "/" + name; }
 

@@ -18,12 +18,12 @@ using karvane::testing::ExchangeBench;
 
 namespace {
 
-using Ends = std::array<std::int32_t, 6>;
-Ends EndsOf(const Airway& a) { return {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}; }
+using karvane::testing::Ends;
+using karvane::testing::EndsOf;
 
+// The ends of every row in order of their coordinates, whatever the order of the rows.
 std::vector<Ends> AllEnds(const Model& m) {
-    std::vector<Ends> out;
-    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out.push_back(EndsOf(m.Airways[static_cast<std::size_t>(r)]));
+    std::vector<Ends> out = karvane::testing::AllEnds(m);
     std::sort(out.begin(), out.end());
     return out;
 }
@@ -352,45 +352,31 @@ TEST(Simplify, LengthsCombinedOrStraight) {
 }
 
 TEST(Simplify, OptionalTests) {
-    auto chain = [](SimplifyRun& run) {
-        run.B.Add(300, 0, 500, 200, 0, 500);
-        run.B.Add(200, 0, 500, 100, 0, 500);
-        run.B.Add(100, 0, 500, 0, 0, 500);
+    struct Case {
+        const char* What;
+        void (*Change)(Model&);
+        bool SimplifyFields::*Flag;
+        std::int32_t Count; // merges with the box ticked; without it the whole chain merges
     };
-    SimplifyFields f = Fields(500, 10);
-    {
-        SimplifyRun run;
-        chain(run);
-        run.B.m().Airways[2].ResType = 7;
-        f.CheckR = true;
-        EXPECT_EQ(run.Simplify(f), 0) << "a preset resistance neither starts nor joins";
-        f.CheckR = false;
-        EXPECT_EQ(run.Simplify(f), 2);
-    }
-    {
-        SimplifyRun run;
-        chain(run);
-        run.B.m().Airways[3].WallType = 9;
-        f.CheckK = true;
-        EXPECT_EQ(run.Simplify(f), 1);
-        f.CheckK = false;
-    }
-    {
-        SimplifyRun run;
-        chain(run);
-        run.B.m().Airways[1].Width = 5;
-        f.CheckS = true;
-        EXPECT_EQ(run.Simplify(f), 1);
-        f.CheckS = false;
-    }
-    {
-        SimplifyRun run;
-        chain(run);
-        run.B.m().Airways[2].BranchCode |= bc::Selected;
-        f.CheckSel = true;
-        EXPECT_EQ(run.Simplify(f), 1) << "only the selected row starts a merge";
-        EXPECT_EQ(AllEnds(run.B.m()), (std::vector<Ends>{{200, 0, 500, 0, 0, 500}, {300, 0, 500, 200, 0, 500}}));
-        f.CheckSel = false;
+    const std::vector<Case> cases{
+        {"a preset resistance neither starts nor joins", [](Model& m) { m.Airways[2].ResType = 7; },
+         &SimplifyFields::CheckR, 0},
+        {"wall types differ", [](Model& m) { m.Airways[3].WallType = 9; }, &SimplifyFields::CheckK, 1},
+        {"sizes differ", [](Model& m) { m.Airways[1].Width = 5; }, &SimplifyFields::CheckS, 1},
+        {"only the selected row starts", [](Model& m) { m.Airways[2].BranchCode |= bc::Selected; },
+         &SimplifyFields::CheckSel, 1},
+    };
+    for (const Case& c : cases) {
+        for (bool ticked : {true, false}) {
+            SimplifyRun run;
+            run.B.Add(300, 0, 500, 200, 0, 500);
+            run.B.Add(200, 0, 500, 100, 0, 500);
+            run.B.Add(100, 0, 500, 0, 0, 500);
+            c.Change(run.B.m());
+            SimplifyFields f = Fields(500, 10);
+            f.*c.Flag = ticked;
+            EXPECT_EQ(run.Simplify(f), ticked ? c.Count : 2) << c.What;
+        }
     }
 }
 
