@@ -159,6 +159,11 @@ void FinishRow(Model& model, Airway& a, const ImportFields& fields) {
     a.WallType = 4;
 }
 
+// Ten metres above a level, held within the range of a level.
+std::int32_t TenAbove(std::int32_t rl) {
+    return static_cast<std::int32_t>(std::min<std::int64_t>(static_cast<std::int64_t>(rl) + 10, std::numeric_limits<std::int32_t>::max()));
+}
+
 std::int32_t FirstFreeLevel(const Model& model, int from) {
     for (int r = from; r <= LevelRowsInFile; ++r)
         if (IsFreeLevel(model.Levels[static_cast<std::size_t>(r)])) return r;
@@ -168,7 +173,7 @@ std::int32_t FirstFreeLevel(const Model& model, int from) {
 // One level spanning the heights of the import, and a surface above it.
 void BuildImportLevel(Model& model, ui::UserInterface& ui, std::int32_t zMax, std::int32_t zMin) {
     LevelRecord& surface = model.Levels[1];
-    if (!(surface.RLMax > zMax && surface.RLMin > zMax)) surface = {"Surface", zMax + 10, zMax + 10};
+    if (!(surface.RLMax > zMax && surface.RLMin > zMax)) surface = {"Surface", TenAbove(zMax), TenAbove(zMax)};
     if (const std::int32_t row = FirstFreeLevel(model, 2); row != 0) {
         model.Levels[static_cast<std::size_t>(row)] = {"Import Level", zMax, zMin};
     } else {
@@ -242,7 +247,7 @@ void BuildLevelsByHeight(Model& model, ui::UserInterface& ui) {
         model.Levels[1] = {"Surface", highest, highest};
     } else {
         const LevelRecord& top = model.Levels[2];
-        const std::int32_t rl = (IsFreeLevel(top) ? highest : top.RLMin) + 10;
+        const std::int32_t rl = TenAbove(IsFreeLevel(top) ? highest : top.RLMin);
         model.Levels[1] = {"Surface", rl, rl};
     }
     SortLevels(model);
