@@ -17,5 +17,7 @@ void AddExportDxfCommand(CommandLine& cl);  // export-dxf FILE OUT.dxf [--screen
 void AddExportTextCommand(CommandLine& cl); // export-text FILE OUT.txt
 void AddImportCommand(CommandLine& cl);     // import IN.dxf|IN.txt OUT.sim [--merge BASE.sim] [--levels] ...
 void AddSimplifyCommand(CommandLine& cl);   // simplify FILE OUT [--max-length L] [--max-angle A] ...
+void AddSimulateCommand(CommandLine& cl);   // simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]
+void AddSummaryCommand(CommandLine& cl);    // summary FILE [--json]
 
 } // namespace karvane::cli

@@ -16,5 +16,7 @@ int main(int argc, char** argv) {
     AddExportTextCommand(cl);
     AddImportCommand(cl);
     AddSimplifyCommand(cl);
+    AddSimulateCommand(cl);
+    AddSummaryCommand(cl);
     return cl.Run(argc, argv);
 }

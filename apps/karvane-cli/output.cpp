@@ -94,6 +94,13 @@ nlohmann::json AirwayJson(const Airway& a) {
             {"exitKey", files::PlainFixed(a.ExitKey, '.')}};
 }
 
+nlohmann::json AirwaysJson(const Model& model) {
+    nlohmann::json airways = nlohmann::json::array();
+    const std::int32_t n = std::clamp<std::int32_t>(model.AirwayCount, 0, MaxAirways);
+    for (std::int32_t r = 1; r <= n; ++r) airways.push_back(AirwayJson(model.Airways[r]));
+    return airways;
+}
+
 nlohmann::json ErrorListJson(const Model& model) {
     nlohmann::json list = nlohmann::json::array();
     for (const NetworkError& e : model.ErrorList) list.push_back({{"airwayNo", e.AirwayNo}, {"text", ToUtf8(e.Text)}});
@@ -112,15 +119,14 @@ nlohmann::json ContaminantResultJson(const std::string& path, bool loaded, const
         for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));
         j["legend"] = {{"thresholds", thresholds}, {"spreadMax", model.Smoke.SpreadMax}};
         j["errors"] = ErrorListJson(model);
-        nlohmann::json airways = nlohmann::json::array();
-        const std::int32_t n = std::min<std::int32_t>(model.AirwayCount, MaxAirways);
-        for (std::int32_t r = 1; r <= n; ++r) {
+        nlohmann::json airways = AirwaysJson(model);
+        for (std::size_t i = 0; i < airways.size(); ++i) {
+            const auto r = static_cast<std::int32_t>(i) + 1;
             const Airway& a = model.Airways[r];
-            nlohmann::json row = AirwayJson(a);
+            nlohmann::json& row = airways[i];
             row["gas1"] = a.Gas1;
             row["gas2"] = a.Gas2;
             row["spreadTime"] = JsonSingle(model.Smoke.SpreadTime[r]);
-            airways.push_back(std::move(row));
         }
         j["airways"] = std::move(airways);
     }

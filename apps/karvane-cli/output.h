@@ -29,6 +29,10 @@ nlohmann::json MessagesJson(const ui::ConsoleUserInterface& ui);
 // node keys entryKey and exitKey as the plain decimal text of their fixed-point value.
 nlohmann::json AirwayJson(const Airway& airway);
 
+// Every row of the network in row order as AirwayJson: the "airways" list of the commands
+// that print results. Callers add their own fields to the rows by index (row r at r - 1).
+nlohmann::json AirwaysJson(const Model& model);
+
 // The network error list: [{"airwayNo", "text"}].
 nlohmann::json ErrorListJson(const Model& model);
 

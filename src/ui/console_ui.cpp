@@ -66,7 +66,7 @@ void ConsoleUserInterface::Message(const std::string& text, const std::string& t
 Answer ConsoleUserInterface::Ask(const std::string& text, const std::string& title, Buttons buttons, Icon) {
     bool yes = Policy == AnswerPolicy::Yes;
     if (yes && buttons != Buttons::OK) {
-        std::string key = title + '\n' + text;
+        std::string key = SameQuestionTitles.count(title) != 0 ? title : title + '\n' + text;
         repeatYes_ = key == lastYesQuestion_ ? repeatYes_ + 1 : 1;
         lastYesQuestion_ = key;
         if (repeatYes_ > MaxRepeatYes) yes = false;

@@ -7,6 +7,7 @@
 #include <iosfwd>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,10 @@ public:
 
     AnswerPolicy Policy = AnswerPolicy::No;
     int MaxRepeatYes = 3;
+    // Titles of questions that count as the same question whatever their text: a question
+    // whose text carries a figure that changes each time it comes back (the convergence a
+    // run has reached) would otherwise never be seen as repeated.
+    std::set<std::string> SameQuestionTitles;
     // Paths handed out in turn by the file dialogs.
     std::deque<std::string> FilePaths;
     // Whether progress captions are printed (as "Progress: caption").

@@ -1,0 +1,401 @@
+// karvane-cli simulate and summary: a clean run of the demo mine and its JSON (Kirchhoff's first
+// law read back from the printed airways, totals that agree with the rows), a saved result
+// that reads back to the same summary, a missing file, the troubleshooting modes with their
+// messages, and the convergence question answered Yes only a few times in batch.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+#include "engineering/resistance.h"
+#include "files/conversion_file.h"
+#include "files/defaults_file.h"
+#include "files/fan_file.h"
+#include "files/network_file.h"
+#include "files/network_load.h"
+#include "files/number_text.h"
+#include "model/units.h"
+#include "ui/scripted_ui.h"
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+
+namespace karvane {
+namespace {
+
+const std::string Demo = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
+
+struct Result {
+    int code = -1;
+    std::string out, err;
+    json Json() const { return json::parse(out); }
+};
+
+std::string ReadAll(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// The texts of the messages in a result's JSON under one title.
+std::vector<std::string> TextsTitled(const json& doc, const std::string& title) {
+    std::vector<std::string> texts;
+    for (const auto& m : doc["messages"])
+        if (m["title"] == title) texts.push_back(m["text"].get<std::string>());
+    return texts;
+}
+
+bool HasMessage(const json& doc, const std::string& text) {
+    for (const auto& m : doc["messages"])
+        if (m["text"] == text) return true;
+    return false;
+}
+
+class SimulateCli : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = fs::temp_directory_path() / ("karvane_sim_cli_" + std::to_string(::getpid()) + "_" +
+                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    std::string Q(const fs::path& p) const { return "'" + p.string() + "'"; }
+
+    Result Run(const std::string& args) {
+        Result r;
+        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
+        const std::string cmd = "'" + std::string(KARVANE_CLI) + "' " + args + " >" + Q(out) + " 2>" + Q(err);
+        const int status = std::system(cmd.c_str());
+        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        r.out = ReadAll(out);
+        r.err = ReadAll(err);
+        return r;
+    }
+
+    // The demo mine read in process as the command line reads it, for variants of it.
+    std::unique_ptr<Model> LoadDemo(ui::ScriptedUserInterface& ui) {
+        auto m = std::make_unique<Model>();
+        ui.App = fs::path(KARVANE_CLI).parent_path().string();
+        SetBuiltInUnits(m->Units);
+        files::LoadConversions(*m, ui);
+        files::LoadBuiltInSettings(*m, ui);
+        files::LoadFanDatabase(*m, ui);
+        m->FileName = Demo;
+        EXPECT_TRUE(files::LoadNetwork(*m, ui));
+        return m;
+    }
+
+    std::string SaveVariant(Model& m, ui::ScriptedUserInterface& ui, const std::string& name) {
+        const std::string path = (dir_ / name).string();
+        m.FileName = path;
+        m.ViewWindowOpen = true;
+        EXPECT_TRUE(files::SaveNetwork(m, ui, 0));
+        return path;
+    }
+
+    // Appends an airway between two points, numbered after the last one.
+    static std::int32_t AddAirway(Model& m, const Airway& like, std::int32_t x1, std::int32_t y1, std::int32_t z1,
+                                  std::int32_t x2, std::int32_t y2, std::int32_t z2) {
+        const std::int32_t row = ++m.AirwayCount;
+        Airway& a = m.Airways[row];
+        a = like;
+        a.X1 = x1, a.Y1 = y1, a.Z1 = z1, a.X2 = x2, a.Y2 = y2, a.Z2 = z2;
+        a.AirwayNo = ++m.Set.LastAirwayNo;
+        a.ResType = 0;
+        a.FanNumber = 0;
+        a.NoOfFans = 0;
+        a.Comment.clear();
+        return row;
+    }
+
+    // The demo mine with two detours beside drives, each through a new point south of the
+    // drive: a bulkhead then a booster fan, and a fan then a bulkhead. Bulkheads and fans are
+    // equally heavy, so the airway of each detour that meets the forest first joins it and
+    // the other closes the loop: the first detour keeps its bulkhead in the forest, the
+    // second its fan.
+    std::string DemoWithRestrictions() {
+        ui::ScriptedUserInterface ui;
+        auto m = LoadDemo(ui);
+        std::vector<std::int32_t> drives;
+        std::int16_t fanNumber = 0;
+        for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
+            const Airway& a = m->Airways[r];
+            if (a.FanNumber == 0 && a.ResType == 0 && a.Z1 == a.Z2 && a.Y1 == a.Y2 && a.X1 < a.X2 &&
+                a.EntryKey != SurfaceKey && a.ExitKey != SurfaceKey)
+                drives.push_back(r);
+            if (fanNumber == 0 && a.FanNumber > 0) fanNumber = a.FanNumber;
+        }
+        EXPECT_GE(drives.size(), 10u);
+        EXPECT_GT(fanNumber, 0);
+        auto detour = [&](std::int32_t row, bool bulkheadFirst) {
+            const Airway d = m->Airways[row];
+            const std::int32_t mx = (d.X1 + d.X2) / 2, my = d.Y1 - 9;
+            const std::int32_t first = AddAirway(*m, d, d.X1, d.Y1, d.Z1, mx, my, d.Z1);
+            const std::int32_t second = AddAirway(*m, d, mx, my, d.Z1, d.X2, d.Y2, d.Z2);
+            Airway& bulkhead = m->Airways[bulkheadFirst ? first : second];
+            bulkhead.ResType = 1;
+            bulkhead.BranchName = FitText("Test Bulkhead", NameWidth);
+            Airway& fan = m->Airways[bulkheadFirst ? second : first];
+            fan.FanNumber = fanNumber;
+            fan.NoOfFans = 1;
+            fan.BranchName = FitText("Test Fan", NameWidth);
+        };
+        detour(drives.front(), true);
+        detour(drives[drives.size() / 2], false);
+        RecalcAllAirways(*m);
+        return SaveVariant(*m, ui, "restricted.sim");
+    }
+
+    fs::path dir_;
+};
+
+TEST_F(SimulateCli, TheDemoMineRunsCleanlyAndItsJsonHoldsTogether) {
+    const Result r = Run("simulate '" + Demo + "' --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    const json doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 0);
+    EXPECT_EQ(doc["simValid"], -1);
+    EXPECT_EQ(doc["mode"], 0);
+    EXPECT_TRUE(doc["errors"].empty()) << doc["errors"].dump();
+    for (const auto& m : doc["messages"]) EXPECT_NE(m["kind"], "Ask") << m.dump();
+
+    const json& totals = doc["totals"];
+    const json& airways = doc["airways"];
+    ASSERT_GT(airways.size(), 100u);
+    EXPECT_EQ(totals["numberOfAirways"].get<std::size_t>(), airways.size());
+
+    // Rows in row order, every field present; flow continuity at every node below the surface
+    // from the printed keys and quantities; the totals are sums over the same rows.
+    const std::string surface = files::PlainFixed(SurfaceKey, '.');
+    std::map<std::string, double> balance;
+    std::map<std::string, int> ends;
+    double intake = 0, length = 0, airPower = 0;
+    std::int64_t lastNo = 0;
+    for (const auto& a : airways) {
+        for (const char* key : {"airwayNo", "quantity", "pressure", "fromNodeP", "toNodeP", "resistance", "length",
+                                "comment", "branchCode", "entryKey", "exitKey"})
+            ASSERT_TRUE(a.contains(key)) << key;
+        EXPECT_NE(a["airwayNo"].get<std::int64_t>(), lastNo);
+        lastNo = a["airwayNo"].get<std::int64_t>();
+        const std::string from = a["entryKey"], to = a["exitKey"];
+        EXPECT_EQ(from.find_first_not_of("0123456789."), std::string::npos) << from;
+        const double q = a["quantity"].get<double>();
+        balance[to] += q;
+        balance[from] -= q;
+        ++ends[to], ++ends[from];
+        if (from == surface) intake += q;
+        length += a["length"].get<double>();
+        airPower += a["resistance"].get<double>() * q * q * q;
+    }
+    ASSERT_GT(intake, 10.0);
+    int junctions = 0;
+    for (const auto& [key, net] : balance) {
+        if (key == surface) continue;
+        EXPECT_NEAR(net, 0.0, 1e-4 * intake) << key;
+        if (ends[key] >= 3) ++junctions;
+    }
+    EXPECT_GT(junctions, 20);
+    EXPECT_NEAR(totals["totalFlow"].get<double>(), intake, 1e-4 * intake);
+    EXPECT_EQ(totals["totalAirflow"].get<double>(), std::trunc(totals["totalFlow"].get<double>()));
+    EXPECT_NEAR(totals["lengthOfAirways"].get<double>(), length, 1e-4 * length);
+    EXPECT_NEAR(totals["airPowerKW"].get<double>(), std::trunc(airPower / 1000.0), 1.0 + 1e-3 * airPower / 1000.0);
+    EXPECT_GT(totals["numberOfFans"].get<int>(), 0);
+    const double efficiency = totals["efficiency"].get<double>();
+    EXPECT_GT(efficiency, 0.0);
+    EXPECT_LE(efficiency, 1.0);
+    EXPECT_NEAR(totals["mineResistance"].get<double>(),
+                totals["airPowerKW"].get<double>() * 1000.0 / std::pow(totals["totalFlow"].get<double>(), 3.0),
+                0.01 * totals["mineResistance"].get<double>());
+
+    // The same run as text: the result, the summary figures and an empty error list.
+    const Result t = Run("simulate '" + Demo + "'");
+    ASSERT_EQ(t.code, 0) << t.err;
+    EXPECT_NE(t.out.find("Run: simulation\nResult: valid\nTotal Airflow: " +
+                         std::to_string(totals["totalAirflow"].get<long long>()) + " m3/s\n"),
+              std::string::npos)
+        << t.out;
+    for (const char* label : {"Total Air Power: ", "Network Input Power: ", "Network Efficiency: ", "Mine Resistance: ",
+                              "Annual Power Cost: $", "Number of Airways: ", "Length of Airways: ", "Number of Fans: "})
+        EXPECT_NE(t.out.find(std::string("\n") + label), std::string::npos) << label;
+    EXPECT_NE(t.out.find("\nErrors: 0\n"), std::string::npos) << t.out;
+}
+
+TEST_F(SimulateCli, ASavedResultReadsBackToTheSameSummary) {
+    const fs::path out = dir_ / "balanced.sim";
+    const Result r = Run("--clock '2026-05-04 10:20:30' simulate '" + Demo + "' --out " + Q(out) + " --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    ASSERT_TRUE(fs::exists(out));
+    const json run = r.Json();
+    EXPECT_EQ(run["saved"], true);
+
+    const Result s = Run("summary " + Q(out) + " --json");
+    ASSERT_EQ(s.code, 0) << s.err;
+    const json sum = s.Json();
+    EXPECT_TRUE(sum["loaded"].get<bool>());
+    const json &a = run["totals"], &b = sum["totals"];
+    for (const char* whole : {"numberOfAirways", "numberOfFans", "totalAirflow"})
+        EXPECT_EQ(a[whole], b[whole]) << whole;
+    for (const char* figure : {"totalFlow", "lengthOfAirways", "efficiency", "mineResistance"})
+        EXPECT_NEAR(a[figure].get<double>(), b[figure].get<double>(), 1e-3 * std::fabs(a[figure].get<double>()))
+            << figure;
+    for (const char* kw : {"airPowerKW", "inputPowerKW"})
+        EXPECT_NEAR(a[kw].get<double>(), b[kw].get<double>(), 1.0 + 1e-3 * a[kw].get<double>()) << kw;
+    ASSERT_EQ(run["airways"].size(), sum["airways"].size());
+    for (std::size_t i = 0; i < run["airways"].size(); ++i) {
+        const json &x = run["airways"][i], &y = sum["airways"][i];
+        EXPECT_EQ(x["airwayNo"], y["airwayNo"]);
+        EXPECT_EQ(x["entryKey"], y["entryKey"]);
+        EXPECT_NEAR(x["quantity"].get<double>(), y["quantity"].get<double>(), 0.01);
+    }
+
+    // The summary as text: the figures as the report labels them, and nothing asked.
+    const Result t = Run("summary " + Q(out));
+    ASSERT_EQ(t.code, 0) << t.err;
+    EXPECT_EQ(t.out.rfind("Total Airflow: " + std::to_string(b["totalAirflow"].get<long long>()) + " m3/s\n", 0), 0u)
+        << t.out;
+    EXPECT_NE(t.out.find("\nNumber of Airways: " + std::to_string(b["numberOfAirways"].get<int>()) + "\n"),
+              std::string::npos);
+    EXPECT_EQ(t.err, "");
+}
+
+TEST_F(SimulateCli, AMissingFileFailsWithItsMessage) {
+    const fs::path missing = dir_ / "no-such-mine.sim";
+    for (const char* command : {"simulate", "summary"}) {
+        Result r = Run(std::string(command) + " " + Q(missing));
+        EXPECT_EQ(r.code, 1) << command;
+        EXPECT_TRUE(r.out.empty()) << r.out;
+        EXPECT_NE(r.err.find(": ERROR 53: That file doesn't exist.\n"), std::string::npos) << r.err;
+
+        r = Run(std::string(command) + " " + Q(missing) + " --json");
+        EXPECT_EQ(r.code, 1);
+        const json doc = r.Json();
+        EXPECT_FALSE(doc["loaded"].get<bool>());
+        EXPECT_FALSE(doc.contains("airways"));
+        EXPECT_TRUE(HasMessage(doc, "ERROR 53: That file doesn't exist.")) << r.out;
+    }
+    // Nothing is written for a file that was never read.
+    EXPECT_EQ(Run("simulate " + Q(missing) + " --out " + Q(dir_ / "out.sim")).code, 1);
+    EXPECT_FALSE(fs::exists(dir_ / "out.sim"));
+    // Options out of range are usage errors.
+    for (const char* bad : {" --mode 5", " --max-iter 0", " --allow-err -1"})
+        EXPECT_EQ(Run("simulate '" + Demo + "'" + bad).code, 2) << bad;
+}
+
+TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
+    // On the clean demo mine: nothing to find.
+    struct Clean {
+        const char* mode;
+        const char* text;
+    };
+    for (const Clean& c :
+         {Clean{"1", "There are NO unnecessary bulkheads."}, Clean{"2", "There were NO unnecessary bulkheads removed."},
+          Clean{"3", "There are NO fans that are being restricted by other fans."},
+          Clean{"-1", "There are NO major convergence problems"}}) {
+        const Result r = Run("simulate '" + Demo + "' --mode " + c.mode + " --json");
+        ASSERT_EQ(r.code, 0) << c.mode << r.err;
+        const json doc = r.Json();
+        EXPECT_EQ(doc["mode"], std::stoi(c.mode));
+        EXPECT_EQ(doc["simFail"], 0) << c.mode;
+        EXPECT_TRUE(HasMessage(doc, c.text)) << c.mode << r.out.substr(0, 2000);
+    }
+    // Mode 4 on a clean network ends silently.
+    Result r = Run("simulate '" + Demo + "' --mode 4 --json");
+    ASSERT_EQ(r.code, 0);
+    EXPECT_TRUE(r.Json()["messages"].empty()) << r.out.substr(0, 2000);
+
+    // A bulkhead and a fan that no loop can use.
+    const std::string restricted = DemoWithRestrictions();
+    r = Run("simulate '" + restricted + "' --mode 1 --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    json doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    EXPECT_EQ(TextsTitled(doc, "Possible meshing problems"),
+              std::vector<std::string>{"CAUTION - Bulkheads are present which MAY restrict meshes formation."});
+    bool badBulkhead = false;
+    for (const auto& a : doc["airways"]) badBulkhead = badBulkhead || a["comment"] == "Bad BBH";
+    EXPECT_TRUE(badBulkhead);
+    EXPECT_FALSE(doc["errors"].empty());
+
+    r = Run("simulate '" + restricted + "' --mode 3 --json");
+    doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    EXPECT_EQ(TextsTitled(doc, "Possible meshing problems"),
+              std::vector<std::string>{"WARNING - Fans are present which restrict other fans."});
+
+    // Mode 2 asks; No keeps the bulkheads, Yes removes them and says how many, and the saved
+    // network has them no more.
+    r = Run("simulate '" + restricted + "' --mode 2 --json");
+    doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    ASSERT_EQ(TextsTitled(doc, "Remove redundant bulkheads").size(), 1u);
+    EXPECT_EQ(doc["messages"].back()["answer"], "No");
+    const fs::path cleared = dir_ / "cleared.sim";
+    r = Run("--answer yes simulate '" + restricted + "' --mode 2 --out " + Q(cleared) + " --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    doc = r.Json();
+    EXPECT_TRUE(HasMessage(doc, "There were 1 unnecessary bulkheads removed from the network"))
+        << r.out.substr(0, 3000);
+    const Result again = Run("simulate " + Q(cleared) + " --mode 1 --json");
+    EXPECT_TRUE(HasMessage(again.Json(), "There are NO unnecessary bulkheads.")) << again.out.substr(0, 3000);
+
+    // Mode 4 lists a duplicate without asking about it.
+    {
+        ui::ScriptedUserInterface ui;
+        auto m = LoadDemo(ui);
+        const Airway& d = m->Airways[m->AirwayCount / 2];
+        const std::int32_t copy = AddAirway(*m, d, d.X1, d.Y1, d.Z1, d.X2, d.Y2, d.Z2);
+        const std::string dup = SaveVariant(*m, ui, "duplicate.sim");
+        r = Run("simulate '" + dup + "' --mode 4 --json");
+        doc = r.Json();
+        EXPECT_EQ(doc["simFail"], 1);
+        for (const auto& msg : doc["messages"]) EXPECT_NE(msg["kind"], "Ask") << msg.dump();
+        bool listed = false;
+        for (const auto& e : doc["errors"]) listed = listed || e["text"] == "Duplicate airway";
+        EXPECT_TRUE(listed) << doc["errors"].dump() << copy;
+        // An ordinary run asks, and fails on No.
+        r = Run("simulate '" + dup + "' --json");
+        EXPECT_EQ(r.code, 1);
+        EXPECT_EQ(TextsTitled(r.Json(), "Duplicate branches"),
+                  std::vector<std::string>{"Duplicate branches exist - delete them ?"});
+    }
+}
+
+TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {
+    // A generated mine in still air, one pass at a time: the question comes back after every
+    // pass for as long as the user goes on.
+    const fs::path still = dir_ / "still.sim";
+    ASSERT_EQ(Run("generate " + Q(still) + " --airways 300 --seed 3").code, 0);
+    Result r = Run("--answer yes simulate " + Q(still) + " --max-iter 1 --json");
+    json doc = r.Json();
+    std::vector<std::string> answers;
+    for (const auto& m : doc["messages"])
+        if (m["title"] == "Convergence Warning") answers.push_back(m["answer"]);
+    EXPECT_EQ(answers, (std::vector<std::string>{"Yes", "Yes", "Yes", "No"})) << r.err;
+    for (const std::string& text : TextsTitled(doc, "Convergence Warning"))
+        EXPECT_NE(text.find("\nDo you wish to keep on simulating ?"), std::string::npos);
+
+    // Mode -1 marks the airways that still move in the last pass.
+    r = Run("simulate " + Q(still) + " --mode -1 --max-iter 1 --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    ASSERT_FALSE(doc["errors"].empty());
+    EXPECT_EQ(doc["errors"][0]["text"], "Converge Error");
+    int marked = 0;
+    for (const auto& a : doc["airways"]) marked += a["comment"].get<std::string>().rfind("Converge ", 0) == 0;
+    EXPECT_EQ(static_cast<std::size_t>(marked), doc["errors"].size());
+}
+
+} // namespace
+} // namespace karvane
