@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QWheelEvent>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -28,6 +29,7 @@ namespace {
 //                       (mnuExecute, Tool24, ...), combo:NAME=INDEX (a choice from a list of
 //                       the tool bar), click:XxY (the left button on the current view),
 //                       button:WINDOW/NAME (a button of one of the program's windows),
+//                       wheel:N (notches of the wheel on the current view),
 //                       grab:NAME=FILE (a picture of one part of the window), wait:MS, or
 //                       runshot:FILE (the screen saved while the next run stands at 70 per cent)
 struct PictureRun {
@@ -51,8 +53,11 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
     }
     const QString step = steps.takeFirst().trimmed();
     int wait = 300;
+    if (step.startsWith(QStringLiteral("wait:"))) wait = step.mid(5).toInt();
+    // The next step is due before this one runs: a step may open a window that waits for the user.
+    QTimer::singleShot(wait, &main, [&main, steps, screenshot] { RunSteps(main, steps, screenshot); });
     if (step.startsWith(QStringLiteral("wait:"))) {
-        wait = step.mid(5).toInt();
+        // Only the pause before the next step.
     } else if (step.startsWith(QStringLiteral("runshot:"))) {
         const QString file = step.mid(8);
         main.ProgressObserver = [&main, file](int percent) {
@@ -79,6 +84,14 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
                 QApplication::sendEvent(view, &event);
             }
         }
+    } else if (step.startsWith(QStringLiteral("wheel:"))) {
+        // wheel:N notches on the current view, in for positive N.
+        if (auto* view = main.view(main.windowTable().CurWin)) {
+            const QPointF at(view->width() / 2.0, view->height() / 2.0);
+            QWheelEvent event(at, view->mapToGlobal(at), QPoint(), QPoint(0, 120 * step.mid(6).toInt()), Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(view, &event);
+        }
     } else if (step.startsWith(QStringLiteral("button:"))) {
         // button:WINDOW/NAME, a push button of one of the program's windows.
         const QString window = step.mid(7).section(QLatin1Char('/'), 0, 0);
@@ -94,7 +107,6 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
     } else if (!main.Trigger(step)) {
         std::fprintf(stderr, "karvane: no enabled command %s\n", step.toLocal8Bit().constData());
     }
-    QTimer::singleShot(wait, &main, [&main, steps, screenshot] { RunSteps(main, steps, screenshot); });
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QMdiArea>
 #include <QMenuBar>
+#include <QPrinter>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -34,6 +36,7 @@
 #include "engineering/resistance.h"
 #include "files/defaults_file.h"
 #include "files/network_file.h"
+#include "files/recent_files.h"
 #include "forms/network_commands.h"
 #include "forms/view_names.h"
 #include "forms/view_options.h"
@@ -249,7 +252,7 @@ void MainWindow::SourcingSimulation() {
     AfterRun();
     if (model_->GasActive != 2) return;
     smokeLegend_->hide();
-    smokeTrace_->SetTraceShown(true);
+    smokeTrace_->SimButton()->setText(QStringLiteral("Clear Trace"));
     smokeTrace_->OnClearPins = [this] {
         if (contaminant::ClearPins(*model_, ui_)) RedrawAllWindows();
     };
@@ -328,12 +331,12 @@ void MainWindow::ShowViewerDialog() {
 }
 
 void MainWindow::ShowFileNote() {
-    static bool placed = false;
-    if (!placed) {
+    if (!fileNotePlaced_) {
+        // The first opening stands at the right of the main window; later ones where it was left.
         const QRect frame = geometry();
         fileNote_->resize(333, 333);
         fileNote_->move(frame.right() - fileNote_->width() - 20, frame.top() + 140);
-        placed = true;
+        fileNotePlaced_ = true;
     }
     fileNote_->SetNote(FromCp1252(model_->FileNote));
     fileNote_->OnClosed = [this](const QString& note) {
@@ -370,6 +373,18 @@ void MainWindow::ApplySettingsTimers() {
         autosave_->stop();
     }
     UpdateMenuTicks();
+}
+
+void MainWindow::ReadPrinterWidth() {
+    // The scale figure of the title tells how a printout would come out: the printable width of
+    // the printer in the orientation of the print settings.
+    QPrinter printer(QPrinter::ScreenResolution);
+    const std::string name = ui_.GetSetting(files::StoreApp, files::FilesSection, "PrinterName", "");
+    if (!name.empty()) printer.setPrinterName(FromPath(name));
+    const std::string orient = ui_.GetSetting(files::StoreApp, files::FilesSection, "PrintOrient", "0");
+    printer.setPageOrientation(orient == "1" ? QPageLayout::Landscape : QPageLayout::Portrait);
+    const double width = printer.pageLayout().paintRect(QPageLayout::Millimeter).width();
+    if (width > 10) ds_->PrintableWidthMm = width;
 }
 
 void MainWindow::OnAutosaveTick() {

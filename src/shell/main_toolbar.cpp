@@ -184,6 +184,8 @@ void MainWindow::ShowToolState(int value) {
     const int current = dispatcher_->State().CommandValue;
     if (QAction* b = toolButton(current == edit::cmd::AttributesToDefaults ? edit::cmd::Attributes : current))
         b->setChecked(true);
+    if (const edit::ToolCommand* c = edit::FindToolCommand(current); c && toolLabel_)
+        toolLabel_->setText(QStringLiteral("Tool: ") + QString::fromLatin1(*c->Tip ? c->Tip : c->MenuCaption));
     UpdateMenuTicks();
 }
 
@@ -344,6 +346,7 @@ void MainWindow::RefreshControls() {
     ShowDataType();
     FillLevelList();
     ShowSimIndicator();
+    ShowToolState(dispatcher_->State().CommandValue);
     SetCaptionOf(windows_, *model_, *ds_);
     UpdateWindowMenu();
     UpdateMenuTicks();

@@ -102,6 +102,10 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     BuildMenus();
     BuildToolBars();
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
+    toolLabel_ = new QLabel(this);
+    toolLabel_->setObjectName(QStringLiteral("LblTool"));
+    toolLabel_->setContentsMargins(6, 0, 6, 0);
+    statusBar()->addPermanentWidget(toolLabel_);
 
     simForm_ = new SimulationWindow(this);
     simForm_->OnCancel = [this] {
@@ -191,6 +195,7 @@ void MainWindow::StartUp(const std::string& commandFile) {
     });
     Passing([&] {
         ds.DecimalSeparator = ui_.DecimalSeparator();
+        ReadPrinterWidth();
         m.NetworkSaved = Yes255;
         FillDataTypeLists();
     });

@@ -217,6 +217,7 @@ private:
     void DeleteNamedView();
     void OnAutosaveTick();
     void ApplySettingsTimers();
+    void ReadPrinterWidth();
     void OpenHelp();
     void ShowAbout();
     void OpenWebPage();
@@ -237,6 +238,8 @@ private:
     bool ending_ = false;
     QTimer* resizeTimer_ = nullptr;
     QString lastBitmapName_;
+    bool fileNotePlaced_ = false;
+    QLabel* toolLabel_ = nullptr;
 
     QMdiArea* mdi_ = nullptr;
     std::array<QPointer<ViewWindow>, edit::MaxViewWindows> views_{};
