@@ -152,6 +152,20 @@ TickResult WriteResults(Model& model, ui::UserInterface& ui, StationHooks& hooks
     return TickResult::Done;
 }
 
+std::int32_t ActivateInput(Model& model, ui::UserInterface& ui, StationMonitor& monitor, StationHooks& hooks, bool on) {
+    model.Stations.InputActive = on;
+    // A reading redraws by itself; otherwise the views are redrawn here.
+    if (!on || ReadStations(model, ui, monitor, hooks) != TickResult::Done) hooks.RedrawViews();
+    return on ? files::StationTimerIntervalMs(model.Stations.InputSeconds) : 0;
+}
+
+std::int32_t ActivateOutput(Model& model, ui::UserInterface& ui, StationHooks& hooks, bool on) {
+    model.Stations.OutputActive = on;
+    if (on) WriteResults(model, ui, hooks);
+    hooks.RedrawViews();
+    return on ? files::StationTimerIntervalMs(model.Stations.OutputSeconds) : 0;
+}
+
 RemoteFields FillRemote(const Model& model, int station, char sep) {
     RemoteFields f;
     f.LblNumber = std::clamp(station, 1, StationCount);
@@ -164,6 +178,21 @@ RemoteFields FillRemote(const Model& model, int station, char sep) {
     f.TxtTimer = files::PlainDouble(table.InputSeconds, sep);
     f.ChkAlarm = table.AlarmsOn != 0;
     return f;
+}
+
+Station CopyStation(const RemoteFields& f) {
+    Station st;
+    for (std::size_t k = 1; k <= static_cast<std::size_t>(ChannelCount); ++k) {
+        st.ChannelName[k] = f.TxtLngNames[k];
+        st.ChannelAbbrev[k] = f.Abrev[k];
+        st.ChannelUnits[k] = f.RUnits[k];
+        st.ChannelFactor[k] = files::ToSingle(ParseLeadingNumber(f.Mult[k]));
+        st.AlarmLow[k] = files::ToSingle(ParseLeadingNumber(f.ALow[k]));
+        st.AlarmHigh[k] = files::ToSingle(ParseLeadingNumber(f.AHigh[k]));
+    }
+    st.StationName = f.TxtStationName;
+    st.UpdateFlow = f.ChkUpdateQ ? -1 : 0;
+    return st;
 }
 
 void PasteStation(RemoteFields& f, const Station& st, char sep) {

@@ -114,6 +114,13 @@ TickResult ReadStations(Model& model, ui::UserInterface& ui, StationMonitor& mon
 // The output timer's tick: the results file written anew, or "Error writing realtime values".
 TickResult WriteResults(Model& model, ui::UserInterface& ui, StationHooks& hooks);
 
+// mnuRemote ("Activate Input") checked or unchecked: the flag follows; checked, the data file
+// is read at once. The views are redrawn either way. Returns the interval the input timer is
+// to run at, in milliseconds, 0 to stop it.
+std::int32_t ActivateInput(Model& model, ui::UserInterface& ui, StationMonitor& monitor, StationHooks& hooks, bool on);
+// mnuRealOutStart ("Activate Output"): the same for the results file and the output timer.
+std::int32_t ActivateOutput(Model& model, ui::UserInterface& ui, StationHooks& hooks, bool on);
+
 // ---------------------------------------------------------------------------------------------
 // The two dialogs.
 
@@ -139,7 +146,9 @@ void ScrollStation(Model& model, RemoteFields& fields, int station, char decimal
 // cmdOK and mnuExit: the fields stored, the settings marked as changed. Returns the input
 // timer's interval in milliseconds.
 std::int32_t CloseRemote(Model& model, const RemoteFields& fields);
-// mnuPaste: the station remembered by mnuCopy ("Copy Station") written into the one on screen.
+// mnuCopy ("Copy Station"): the station on screen as the boxes hold it; mnuPaste ("Paste
+// Station") writes such a copy into the station on screen.
+Station CopyStation(const RemoteFields& fields);
 void PasteStation(RemoteFields& fields, const Station& copied, char decimalSep);
 
 // frmRealOut ("Realtime Output File").

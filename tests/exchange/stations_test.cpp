@@ -27,7 +27,7 @@ struct Views : StationHooks {
     void RedrawViews() override {
         ++Redraws;
         Lines.clear();
-        if (!Monitor->Active()) return;
+        if (!Monitor || !Monitor->Active()) return;
         for (std::int32_t r = 1; r <= M->AirwayCount; ++r)
             if (M->Airways[static_cast<std::size_t>(r)].RemoteStation != 0) Lines.push_back(Monitor->LabelLines(*M, r));
     }
@@ -209,12 +209,20 @@ TEST(StationTimers, InputTickReadsRedrawsAndResimulates) {
     views.M = &m;
     views.Monitor = &monitor;
 
-    // No file: the message at each tick, no redraw.
+    // No file: the message at each tick, no redraw of the tick's own.
     EXPECT_EQ(ReadStations(m, b.ui(), monitor, views), TickResult::Failed);
     EXPECT_EQ(b.ui().Texts("Message"), std::vector<std::string>{"Error - Can't find correct realtime station file - "
                                                                 "check directory or file name in TOOLS => realtime "
                                                                 "stations"});
     EXPECT_EQ(views.Redraws, 0);
+    // Switched off and on from the menu: a redraw either way, the timer's period when on.
+    EXPECT_EQ(ActivateInput(m, b.ui(), monitor, views, false), 0);
+    EXPECT_FALSE(m.Stations.InputActive);
+    EXPECT_EQ(ActivateInput(m, b.ui(), monitor, views, true), 10000);
+    EXPECT_TRUE(m.Stations.InputActive);
+    EXPECT_EQ(views.Redraws, 2);
+    EXPECT_EQ(b.ui().Texts("Message").size(), 2u);
+    views.Redraws = 0;
 
     // Busy: the tick is skipped without a look at the file.
     b.Dir.Write("logger.rem", CrLf({"S\tA\tB\tQuantity", "", "2\tDrive\t08:00\t254"}));
@@ -277,6 +285,12 @@ TEST(StationTimers, ResultsFileLineByLine) {
     EXPECT_EQ(lines[1], "1\tPortal\t  X4\tMain drive\t10\t-20\t480\t110\t-20\t470\t4\t4\t0,0125\t2,5\t0,125\t12,5\t2\t1\t"
                         "100,5\t-1,25\t0\t1\t1\t0,5\t-9999999\t1\t4");
 
+    b.Dir.Write("out.txt", "");
+    EXPECT_EQ(ActivateOutput(m, b.ui(), views, true), 60000);
+    EXPECT_EQ(karvane::testing::CrLfLines(b.Dir.Read("out.txt")).size(), 2u) << "written at once";
+    EXPECT_EQ(ActivateOutput(m, b.ui(), views, false), 0);
+    EXPECT_FALSE(m.Stations.OutputActive);
+
     views.BusyNow = true;
     EXPECT_EQ(WriteResults(m, b.ui(), views), TickResult::Skipped);
     views.BusyNow = false;
@@ -313,7 +327,7 @@ TEST(StationDialogs, InputStationsAndOutputFile) {
     f.Mult[1] = "";
     f.AHigh[1] = "45.5";
     f.TxtStationName = "North 2";
-    const Station copied = st;
+    const Station copied = CopyStation(f);
     ScrollStation(m, f, 7, ',');
     EXPECT_EQ(st.StationName, "North 2");
     EXPECT_FLOAT_EQ(st.ChannelFactor[1], 2.5f);
@@ -324,8 +338,10 @@ TEST(StationDialogs, InputStationsAndOutputFile) {
     f.TxtTimer = "100";
     m.DefaultsSaved = Yes255;
     EXPECT_EQ(CloseRemote(m, f), 65535) << "the platform's timer holds at most 65535 ms";
-    EXPECT_EQ(StationNo(m, 7).StationName, "North");
-    EXPECT_FLOAT_EQ(StationNo(m, 7).AlarmHigh[1], 40.0f);
+    EXPECT_EQ(StationNo(m, 7).StationName, "North 2");
+    EXPECT_FLOAT_EQ(StationNo(m, 7).AlarmHigh[1], 45.5f);
+    EXPECT_FLOAT_EQ(StationNo(m, 7).ChannelFactor[1], 0.0f) << "the copy holds the boxes as they stood";
+    EXPECT_EQ(StationNo(m, 7).ChannelName[1], "Quantity");
     EXPECT_EQ(m.DefaultsSaved, No0);
     EXPECT_EQ(FillRemote(m, 99, '.').LblNumber, 50);
 
