@@ -20,6 +20,7 @@
 #include "contaminant/colours.h"
 #include "contaminant/sourcing.h"
 #include "contaminant/spread.h"
+#include "dialogs/exchange_dialogs.h"
 #include "dialogs/file_note_window.h"
 #include "dialogs/level_dialogs.h"
 #include "dialogs/smoke_windows.h"
@@ -34,6 +35,9 @@
 #include "edit/tool_table.h"
 #include "edit/view_gestures.h"
 #include "engineering/resistance.h"
+#include "exchange/dxf_export.h"
+#include "exchange/import.h"
+#include "exchange/simplify.h"
 #include "files/defaults_file.h"
 #include "files/network_file.h"
 #include "files/recent_files.h"
@@ -539,6 +543,65 @@ void MainWindow::NetworkCommand(const char* name) {
     UpdateMenuTicks();
 }
 
+void MainWindow::ExportCommand(int kind) {
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    dispatcher_->CancelGesture();
+    const char sep = ui_.DecimalSeparator();
+    const bool written = exchange::ExportFile(*model_, *ds_, ui_, kind, [this, sep](exchange::ExportFields& fields) {
+        dialogs::ExportOptionsDialog dialog(fields, sep, this);
+        if (dialog.exec() != QDialog::Accepted) return false;
+        fields = dialog.Fields();
+        return true;
+    });
+    // The sizes asked for are settings.
+    if (written && kind != exchange::exportkind::Text) model_->DefaultsSaved = No0;
+    if (kind == exchange::exportkind::DxfScreen) RedrawWindow();
+}
+
+void MainWindow::ImportCommand(bool dxf) {
+    if (runActive_) return;
+    dispatcher_->CancelGesture();
+    RedrawWindow();
+    const std::optional<std::string> path = exchange::ChooseImportFile(ui_, dxf);
+    if (!path) return;
+    dialogs::ImportOptionsDialog dialog(exchange::ImportFields{}, ui_.DecimalSeparator(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    const exchange::ImportFields fields = dialog.Fields();
+    if (!fields.ChkMerge) {
+        model_->GasActive = 0;
+        CloseSmokeWindows();
+        errorForm_->hide();
+    }
+    exchange::ImportReport report;
+    exchange::ImportFile(*model_, ui_, *path, fields, &report);
+    if (!report.NetworkChanged) return;
+    if (!fields.ChkMerge) undo_.ResetUndo();
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    SyncArea(windows_.CurWin);
+    display::ChooseLevelRow(*model_, *ds_, report.CurrentLevel);
+    display::FitView(*model_, *ds_, ui_);
+    display::ApplyRotation(*model_, *ds_);
+    FillLevelList();
+    RefreshControls();
+    RedrawAllWindows();
+}
+
+void MainWindow::ShowSimplify() {
+    if (!simplify_) {
+        simplify_ = new dialogs::SimplifyWindow(this);
+        simplify_->OnSimplify = [this](const exchange::SimplifyFields& fields) {
+            if (runActive_) return;
+            ui_.SetBusy(true);
+            exchange::CmdSimp(*model_, ui_, undo_, fields);
+            ui_.SetBusy(false);
+            AfterRun();
+        };
+    }
+    simplify_->show();
+    simplify_->raise();
+    simplify_->activateWindow();
+}
+
 void MainWindow::BeforeLoad() {
     dispatcher_->CancelGesture();
     if (!windows_.IsOpen(windows_.CurWin) && windows_.OpenCount() == 0) NewViewWindow();
@@ -550,6 +613,7 @@ void MainWindow::BeforeLoad() {
 }
 
 void MainWindow::AfterLoad(const files::LoadReport& report) {
+    undo_.ResetUndo();
     if (!windows_.IsOpen(windows_.CurWin)) return;
     SyncArea(windows_.CurWin);
     display::LoadedLevel level;
@@ -585,6 +649,7 @@ void MainWindow::AfterMerge() {
 }
 
 void MainWindow::AfterNewNetwork() {
+    undo_.ResetUndo();
     model_->GasActive = 0;
     CloseSmokeWindows();
     errorForm_->hide();

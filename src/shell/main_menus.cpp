@@ -11,6 +11,7 @@
 #include "dialogs/smoke_windows.h"
 #include "display/data_types.h"
 #include "edit/tool_table.h"
+#include "exchange/dxf_export.h"
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
 #include "forms/file_commands.h"
@@ -93,13 +94,18 @@ void MainWindow::BuildMenus() {
             [this] { files::SaveFanDatabase(*model_, ui_); });
     file->addSeparator();
     QMenu* import = sub(file, "mnuImport", QStringLiteral("Import"));
-    AddAction(import, "MnuDXF", QStringLiteral("DXF File..."), kLater);
-    AddAction(import, "mnuImportData", QStringLiteral("Text File..."), kLater);
+    connect(AddAction(import, "MnuDXF", QStringLiteral("DXF File...")), &QAction::triggered, this,
+            [this] { ImportCommand(true); });
+    connect(AddAction(import, "mnuImportData", QStringLiteral("Text File...")), &QAction::triggered, this,
+            [this] { ImportCommand(false); });
     AddAction(import, "mnuConvert", QStringLiteral("Import Airnet File"), "This import has no converter");
     QMenu* exportMenu = sub(file, "mnuExport", QStringLiteral("Export"));
-    AddAction(exportMenu, "mnuDXFTrue", QStringLiteral("DXF, True Coordinates..."), kLater);
-    AddAction(exportMenu, "MnuDXFScreen", QStringLiteral("DXF, Screen..."), kLater);
-    AddAction(exportMenu, "mnuExportData", QStringLiteral("Text File..."), kLater);
+    connect(AddAction(exportMenu, "mnuDXFTrue", QStringLiteral("DXF, True Coordinates...")), &QAction::triggered, this,
+            [this] { ExportCommand(exchange::exportkind::DxfTrue); });
+    connect(AddAction(exportMenu, "MnuDXFScreen", QStringLiteral("DXF, Screen...")), &QAction::triggered, this,
+            [this] { ExportCommand(exchange::exportkind::DxfScreen); });
+    connect(AddAction(exportMenu, "mnuExportData", QStringLiteral("Text File...")), &QAction::triggered, this,
+            [this] { ExportCommand(exchange::exportkind::Text); });
     file->addSeparator();
     AddAction(file, "mnuPrint", QStringLiteral("&Print..."), kLater);
     AddAction(file, "mnuPsetup", QStringLiteral("Print Setup"), kLater);
@@ -259,7 +265,8 @@ void MainWindow::BuildMenus() {
     AddAction(toolsMenu, "mnuFanData", QStringLiteral("Fans..."), kLater);
     AddAction(toolsMenu, "mnuRLBase", QStringLiteral("Levels..."), kLater);
     AddAction(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet..."), kLater);
-    AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify..."), kLater);
+    connect(AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify...")), &QAction::triggered, this,
+            &MainWindow::ShowSimplify);
     toolsMenu->addSeparator();
     const auto networkCommand = [this](const char* name) { return [this, name] { NetworkCommand(name); }; };
     connect(AddAction(toolsMenu, "mnuremdup", QStringLiteral("Remove duplicates")), &QAction::triggered, this,

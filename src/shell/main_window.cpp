@@ -45,6 +45,12 @@ class MainWindow::Hooks : public contaminant::SpreadHooks {
 public:
     explicit Hooks(MainWindow& w) : w_(w) {}
     void Redraw() override { w_.RedrawWindow(); }
+    void LogAirway(Model& model, std::int32_t row, int action) override {
+        w_.undo_.LogAirway(model, w_.ui_, row, action, w_.undo_.CurrentStep);
+    }
+    void EndUndoStep() override {
+        if (w_.undo_.CurrentStep < UndoCapacity) ++w_.undo_.CurrentStep;
+    }
     void RememberDataTypes() override {
         if (display::DataGroupOf(w_.ds_->View.DataType) != 5 || w_.ds_->View.DataType < 55)
             w_.rememberedDataType_ = w_.ds_->View.DataType;
@@ -220,6 +226,7 @@ void MainWindow::StartUp(const std::string& commandFile) {
         RedrawWindow();
     });
     mainLoading_ = false;
+    Passing([&] { undo_.Open(ui_); });
     ds.StartingUp = false;
     Passing([&] {
         if (!commandFile.empty()) forms::LoadNamedFile(m, ui_, *this, commandFile);

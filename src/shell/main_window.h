@@ -16,6 +16,7 @@
 #include "edit/tool_dispatch.h"
 #include "edit/view_windows.h"
 #include "files/recent_files.h"
+#include "files/undo_log.h"
 #include "forms/file_commands.h"
 #include "model/model.h"
 #include "shell/qt_user_interface.h"
@@ -34,6 +35,7 @@ class QTimer;
 class QToolBar;
 
 namespace karvane::dialogs {
+class SimplifyWindow;
 class SmokeWindow;
 class SmokeLegendWindow;
 class SmokeTraceWindow;
@@ -223,6 +225,9 @@ private:
     void OpenWebPage();
     void ClearNetworkInLastWindow();
     void NetworkCommand(const char* name);
+    void ExportCommand(int kind);
+    void ImportCommand(bool dxf);
+    void ShowSimplify();
 
     ui::UserInterface& ui_;
     QtUserInterface* qtUi_ = nullptr;
@@ -285,6 +290,9 @@ private:
     SmokeLegendWindow* smokeLegend_ = nullptr;
     SmokeTraceWindow* smokeTrace_ = nullptr;
     FileNoteWindow* fileNote_ = nullptr;
+    dialogs::SimplifyWindow* simplify_ = nullptr;
+    // The undo log: the rows every change touches, for the undo of a later version.
+    files::UndoLog undo_;
 
     // The data types shown before a contaminant result took over the lists.
     int rememberedDataType_ = 0;

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void theEndAsksAboutUnsavedWorkAndCancelKeepsTheProgram();
     void theLevelListAndTheDataTypeListsDriveTheView();
     void aSmokeRunShowsItsLegendAndTheSliderCutsTheTime();
+    void exportsImportsAndSimplifiesTheNetwork();
 };
 
 // The view windows: gestures, tools, windows.
