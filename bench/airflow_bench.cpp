@@ -64,10 +64,6 @@ struct Mine {
         plan.Airways = airways;
         plan.Seed = 1;
         plan.Boosters = 1;
-        // The largest mine is spread over 25 levels. On the generator's own 15 its grid of
-        // drives and crosscuts makes 14,615 meshes of 725,692 entries, more than the mesh store
-        // holds (20 x MaxAirways), and the run would stop with the mesh store message.
-        if (airways >= 30000) plan.Levels = 25;
         minegen::GenerateMine(*M, plan);
         M->ShowProgress = 0;
         M->Set.MaxIter = 5000;

@@ -178,7 +178,12 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
     ClearNetworkTables(m);
 
     const int target = std::clamp<std::int32_t>(spec.Airways, MinAirways, MaxAirways);
-    int levels = spec.Levels > 0 ? std::min(spec.Levels, 40) : std::clamp(3 + (target + 1500) / 2500, 2, 24);
+    // Beyond 10,000 airways the mine grows downwards by a level per 1,000 airways rather than
+    // in width, so that its levels stay a few dozen drives wide: a loop through a level's
+    // grid then stays short, and the meshes of 30,000 airways fit the mesh store with room.
+    int levels = spec.Levels > 0   ? std::min(spec.Levels, 40)
+                 : target <= 10000 ? std::clamp(3 + (target + 1500) / 2500, 2, 24)
+                                   : std::min(7 + (target - 10000) / 1000, 40);
     int nIn = spec.IntakeShafts > 0 ? std::min(spec.IntakeShafts, 6) : 1 + target / 12000;
     int nOut = spec.ExhaustShafts > 0 ? std::min(spec.ExhaustShafts, 8) : 1 + target / 9000;
 
@@ -230,6 +235,13 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
     const Shape access{bc::Rectangular, 5.5f, 5.5f, wall::SmoothBlasted, shock::Low, layer::Intake};
     const Shape drive{bc::Rectangular, 5.0f, 5.0f, wall::AverageBlasted, shock::None, layer::Workings};
     const Shape crosscut{bc::Rectangular, 4.0f, 4.0f, wall::RoughBlasted, shock::Low, layer::Workings};
+    // A wide level has a main crosscut across its middle, as large as a drive: the easiest way
+    // between its drives, so that the spanning forest crosses the level there and a loop
+    // through a panel crosscut runs back to the middle rather than to the grid's western edge.
+    const Shape mainCrosscut{bc::Rectangular, 5.0f, 5.0f, wall::SmoothBlasted, shock::None, layer::Workings};
+    constexpr int kMainCrosscutColumns = 16; // grids at least this wide have one
+    const int mainColumn = nx >= kMainCrosscutColumns ? nx / 2 : -1;
+    lay.MainCrosscutColumn = mainColumn;
     const Shape diagonal{bc::Rectangular, 4.0f, 4.0f, wall::RoughBlasted, shock::Slight, layer::Workings};
     const Shape ramp{bc::Rectangular, 5.5f, 6.0f, wall::SmoothBlasted, shock::None, layer::RampsRaises};
     const Shape raise{bc::Circular, 0, 3.0f, wall::Raisebored, shock::Slight, layer::RampsRaises};
@@ -268,6 +280,10 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
         }
         for (int i = 0; i < nx; ++i)
             for (int j = 0; j + 1 < ny; ++j) {
+                if (i == mainColumn) {
+                    b.Add(node(i, j, k), node(i, j + 1, k), mainCrosscut, LevelTag(k) + " Main XC", k);
+                    continue;
+                }
                 std::int32_t r = b.Add(node(i, j, k), node(i, j + 1, k), crosscut, Cat(LevelTag(k), " XC ", i + 1), k);
                 if (i > 0 && i + 1 < nx) interiorCrosscuts.push_back(r);
             }
@@ -390,6 +406,17 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
         w.BranchName = FitText(TrimText(w.BranchName) + (steel ? " Steel Door" : " Wood Door"), NameWidth);
         w.PrimaryLayer = layer::Controls;
         lay.DoorRows.push_back(r);
+    }
+    // Fixed flows: crosscuts of the workings held at a set quantity (a pump station or a
+    // workshop that must have its air).
+    const int fixedFlows = spec.FixedFlows >= 0 ? spec.FixedFlows : target < 1000 ? 0 : 1 + target / 10000;
+    for (std::int32_t r : pick(interiorCrosscuts, fixedFlows)) {
+        Airway& w = m.Airways[r];
+        w.BranchCode |= bc::FixedFlow;
+        w.Quantity = static_cast<float>(rng.Range(4, 8));
+        w.BranchName = FitText(TrimText(w.BranchName) + " Fixed Flow", NameWidth);
+        w.PrimaryLayer = layer::Controls;
+        lay.FixedFlowRows.push_back(r);
     }
     int bulkheads = spec.Bulkheads >= 0 ? spec.Bulkheads : static_cast<int>(interiorDrives.size()) / 500;
     for (std::int32_t r : pick(interiorDrives, bulkheads)) {

@@ -1,6 +1,7 @@
 // A synthetic underground mine built straight into the model, for benchmarks, tests and the
 // demo network: intake and exhaust shafts from the surface down through the levels, each level
-// a grid of drives and crosscuts, declines and return raises between levels, regulators, doors
+// a grid of drives and crosscuts (a larger main crosscut across the middle of a wide grid),
+// declines and return raises between levels, regulators, doors, crosscuts held at a fixed flow
 // and a main fan on every exhaust shaft. The same seed and size always give the same mine.
 #pragma once
 
@@ -14,12 +15,14 @@ namespace karvane::minegen {
 struct MineSpec {
     std::int32_t Airways = 1000; // rows to build, held between MinAirways and MaxAirways
     std::uint64_t Seed = 1;
-    int Levels = 0;        // 0: chosen from the size (4 for 1,000 airways, 15 for 30,000)
+    int Levels = 0;        // 0: chosen from the size (4 for 1,000 airways, 7 for 10,000, 27 for 30,000)
     int IntakeShafts = 0;  // 0: chosen from the size
     int ExhaustShafts = 0; // 0: chosen from the size
     int Boosters = 0;      // booster fans in the exhaust accesses of the deepest levels
     int Doors = -1;        // doors in crosscuts; -1: about one crosscut in 200
     int Bulkheads = -1;    // bulkheads in drives; -1: about one drive in 500
+    int FixedFlows = -1;   // crosscuts with a fixed flow; -1: none below 1,000 airways, else one
+                           // and one more for every 10,000
 };
 
 inline constexpr std::int32_t MinAirways = 20;
@@ -35,6 +38,8 @@ struct MineLayout {
     std::vector<std::int32_t> BoosterRows; // rows of booster fan airways
     std::vector<std::int32_t> RegulatorRows;
     std::vector<std::int32_t> DoorRows;
+    std::vector<std::int32_t> FixedFlowRows;
+    int MainCrosscutColumn = -1; // grid column of the levels' main crosscuts; -1: none
 };
 
 // Fan database rows the generator fills.

@@ -65,6 +65,10 @@ void AddGenerateCommand(CommandLine& cl) {
         ->check(CLI::Range(0, 40));
     sub->add_option("--doors", o->Spec.Doors, "Doors in crosscuts (default: about one crosscut in 200)")
         ->check(CLI::NonNegativeNumber);
+    sub->add_option("--fixed-flows", o->Spec.FixedFlows,
+                    "Crosscuts held at a fixed flow (default: none below 1000 airways, else one and one more "
+                    "for every 10000)")
+        ->check(CLI::NonNegativeNumber);
     sub->add_option("--comment", o->Comment, "Comment of the file (default: a description of the mine)");
     sub->add_flag("--balance", o->Balance, "Balance the mine once and keep its flows and pressures in the file");
     sub->add_option("--balance-iterations", o->BalanceIterations, "Limit of passes of that run (default 2000)")

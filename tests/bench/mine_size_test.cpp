@@ -1,0 +1,71 @@
+// Generated mines at the generator's own defaults, at the sizes the benchmarks use: each one
+// runs cleanly within the mesh store (20 x MaxAirways entries) and holds its fixed flows.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "bench/mine_generator.h"
+#include "model/builtin_settings.h"
+#include "simulate/run.h"
+#include "ui/scripted_ui.h"
+
+namespace {
+
+using namespace karvane;
+
+struct DefaultMine {
+    std::unique_ptr<Model> M = std::make_unique<Model>();
+    minegen::MineLayout Layout;
+    explicit DefaultMine(std::int32_t airways) {
+        SetBuiltInSettings(*M);
+        minegen::MineSpec spec;
+        spec.Airways = airways;
+        Layout = minegen::GenerateMine(*M, spec);
+        M->ShowProgress = 0;
+    }
+};
+
+TEST(DefaultMines, RunCleanlyWithinTheMeshStore) {
+    for (std::int32_t size : {1000, 10000, 30000}) {
+        SCOPED_TRACE(size);
+        DefaultMine mine(size);
+        Model& m = *mine.M;
+        ASSERT_EQ(m.AirwayCount, size);
+        ASSERT_FALSE(mine.Layout.FixedFlowRows.empty());
+        std::vector<std::pair<std::int32_t, float>> fixed; // airway number, quantity
+        for (std::int32_t r : mine.Layout.FixedFlowRows) {
+            EXPECT_TRUE(m.Airways[r].Has(bc::FixedFlow));
+            fixed.emplace_back(m.Airways[r].AirwayNo, m.Airways[r].Quantity);
+        }
+        // Wide grids cross in the middle, so that the loops through them stay short.
+        EXPECT_EQ(mine.Layout.MainCrosscutColumn >= 0, mine.Layout.GridColumns >= 16);
+
+        ui::ScriptedUserInterface ui;
+        ui.DefaultAnswer = ui::Answer::No;
+        m.Set.MaxIter = 5000; // from still air
+        simulate::RunAirflow(m, ui);
+        // Not a word: no mesh store message, no convergence question, no fault.
+        ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Title << ": " << ui.Transcript.front().Text;
+        EXPECT_EQ(m.SimFail, 0);
+        EXPECT_NE(m.SimValid, 0);
+        EXPECT_LE(m.Run.MeshStart[m.Run.NumMeshes + 1] - 1, MeshListCapacity / 2)
+            << "the mine should leave the mesh store room to grow";
+
+        // The fixed flows kept their quantity (a run may have turned the rows round).
+        for (const auto& [number, quantity] : fixed) {
+            bool found = false;
+            for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+                if (m.Airways[r].AirwayNo != number) continue;
+                found = true;
+                EXPECT_FLOAT_EQ(std::fabs(m.Airways[r].Quantity), quantity) << number;
+            }
+            EXPECT_TRUE(found) << number;
+        }
+    }
+}
+
+} // namespace
