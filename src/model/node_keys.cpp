@@ -1,10 +1,10 @@
 // Node keys from coordinates, the sort of the airway table by keys, and the duplicate and
 // zero-length checks. The sort works on an index of keys and then moves each row once, so a
-// network of 30,000 airways sorts in n log n with no copy of the table.
+// network of 30,000 airways sorts in n log n with no copy of the table. Marks and orders live
+// in the scratch columns of the run state, allocated once, so that a run allocates nothing.
 #include "model/node_keys.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace karvane {
 
@@ -21,9 +21,17 @@ std::int64_t Wrapped(std::int32_t value, std::int64_t shift, std::int64_t period
 
 bool SameKeys(const Airway& a, const Airway& b) { return a.EntryKey == b.EntryKey && a.ExitKey == b.ExitKey; }
 
+// One mark per row, 1..AirwayCount, all clear: the scratch column that the checks share
+// (none of them keeps its marks past its own pass).
+std::int32_t* ClearRowMarks(Model& model, std::int32_t n) {
+    std::int32_t* marks = model.Run.ScratchB.data();
+    std::fill_n(marks, n + 1, 0);
+    return marks;
+}
+
 // Removes the marked rows 1..AirwayCount: the others close up in order, the freed rows at the
 // end are cleared, and AirwayCount falls.
-void RemoveMarkedRows(Model& model, const std::vector<std::uint8_t>& marked) {
+void RemoveMarkedRows(Model& model, const std::int32_t* marked) {
     const std::int32_t n = CheckedAirwayCount(model);
     std::int32_t write = 0;
     for (std::int32_t read = 1; read <= n; ++read) {
@@ -56,7 +64,7 @@ struct DeletableFault {
 template <typename IsFaulty>
 void DeleteOrReport(Model& model, ui::UserInterface& ui, IsFaulty isFaulty, const DeletableFault& fault) {
     const std::int32_t n = CheckedAirwayCount(model);
-    std::vector<std::uint8_t> doomed;
+    std::int32_t* doomed = nullptr;
     bool asked = false;
     bool remove = false;
     for (std::int32_t row = 1; row <= n; ++row) {
@@ -65,7 +73,7 @@ void DeleteOrReport(Model& model, ui::UserInterface& ui, IsFaulty isFaulty, cons
             asked = true;
             remove = AgreesToDelete(model, ui, fault.Question, fault.Title);
             if (remove) {
-                doomed.assign(static_cast<std::size_t>(n) + 1, 0);
+                doomed = ClearRowMarks(model, n);
             } else {
                 model.SimFail = 1;
             }
@@ -94,9 +102,7 @@ Fixed4 NodeKey(std::int32_t x, std::int32_t y, std::int32_t z) {
     return level + north + east;
 }
 
-std::int32_t SurfaceLevel(const Model& model) {
-    return model.Levels.size() > 1 ? model.Levels[1].RLMin : 0;
-}
+std::int32_t SurfaceLevel(const Model& model) { return model.Levels.size() > 1 ? model.Levels[1].RLMin : 0; }
 
 Fixed4 EndKey(const Model& model, std::int32_t x, std::int32_t y, std::int32_t z, bool forcedToSurface) {
     if (forcedToSurface || z >= SurfaceLevel(model)) return SurfaceKey;
@@ -114,7 +120,7 @@ void ReportAirwayFault(Model& model, std::int32_t row, const char* line, const c
 void BuildNodeKeys(Model& model, ui::UserInterface& ui) {
     const std::int32_t n = CheckedAirwayCount(model);
     const std::int32_t surface = SurfaceLevel(model);
-    std::vector<std::uint8_t> blank(static_cast<std::size_t>(n) + 1, 0);
+    std::int32_t* blank = ClearRowMarks(model, n);
     bool anyBlank = false;
     bool bothOnSurface = false;
 
@@ -179,24 +185,28 @@ void SortAirwayRows(Model& model) {
     };
     if (std::is_sorted(rows.begin() + 1, rows.begin() + n + 1, before)) return;
 
-    struct Keyed {
-        Fixed4 Entry;
-        Fixed4 Exit;
-        std::int32_t Row;
-    };
-    std::vector<Keyed> order(static_cast<std::size_t>(n));
-    for (std::int32_t row = 1; row <= n; ++row) order[row - 1] = {rows[row].EntryKey, rows[row].ExitKey, row};
-    std::stable_sort(order.begin(), order.end(), [](const Keyed& a, const Keyed& b) {
-        if (a.Entry != b.Entry) return a.Entry > b.Entry;
-        return a.Exit > b.Exit;
+    // The rows by descending keys, equal keys in row order (the order of a stable sort, which
+    // would want a buffer of its own). Entry keys are copied beside the order, so that most
+    // comparisons stay out of the table; exit keys are read only where entries tie.
+    RunState& run = model.Run;
+    std::int32_t* order = run.ScratchA.data();
+    Fixed4* entry = run.ScratchQueue.data();
+    for (std::int32_t row = 1; row <= n; ++row) {
+        order[row - 1] = row;
+        entry[row] = rows[row].EntryKey;
+    }
+    std::sort(order, order + n, [&rows, entry](std::int32_t a, std::int32_t b) {
+        if (entry[a] != entry[b]) return entry[a] > entry[b];
+        if (rows[a].ExitKey != rows[b].ExitKey) return rows[a].ExitKey > rows[b].ExitKey;
+        return a < b;
     });
 
-    // Position p takes the row that stood at order[p - 1].Row. Follow each cycle of the
+    // Position p takes the row that stood at order[p - 1]. Follow each cycle of the
     // permutation, so that every row is moved once.
-    std::vector<std::uint8_t> placed(static_cast<std::size_t>(n) + 1, 0);
+    std::int32_t* placed = ClearRowMarks(model, n);
     for (std::int32_t start = 1; start <= n; ++start) {
         if (placed[start]) continue;
-        if (order[start - 1].Row == start) {
+        if (order[start - 1] == start) {
             placed[start] = 1;
             continue;
         }
@@ -204,7 +214,7 @@ void SortAirwayRows(Model& model) {
         std::int32_t to = start;
         for (;;) {
             placed[to] = 1;
-            const std::int32_t from = order[to - 1].Row;
+            const std::int32_t from = order[to - 1];
             if (from == start) {
                 rows[to] = std::move(held);
                 break;
@@ -219,20 +229,21 @@ void CheckDuplicates(Model& model, ui::UserInterface& ui, ResistanceRefresh refr
     // Duplicates stand next to each other in key order. Of each run of equal rows the last
     // one stays.
     DeleteOrReport(
-        model, ui, [&](std::int32_t row, std::int32_t n) {
+        model, ui,
+        [&](std::int32_t row, std::int32_t n) {
             return row < n && SameKeys(model.Airways[row], model.Airways[row + 1]);
         },
         {"Duplicate branches exist - delete them ?", "Duplicate branches", "Duplicate airway", "Duplicate branch"});
 
     // An airway whose two ends are one node has no length (the surface node excepted: an
     // airway with both ends there was reported when the keys were built).
-    DeleteOrReport(
-        model, ui, [&](std::int32_t row, std::int32_t) {
-            const Airway& a = model.Airways[row];
-            return a.EntryKey == a.ExitKey && a.EntryKey != SurfaceKey && a.EntryKey != 0;
-        },
-        {"Branches with identical start/end points detected - delete them ?", "Zero length branches",
-         "Same start/end", "Same start/end"});
+    DeleteOrReport(model, ui,
+                   [&](std::int32_t row, std::int32_t) {
+                       const Airway& a = model.Airways[row];
+                       return a.EntryKey == a.ExitKey && a.EntryKey != SurfaceKey && a.EntryKey != 0;
+                   },
+                   {"Branches with identical start/end points detected - delete them ?", "Zero length branches",
+                    "Same start/end", "Same start/end"});
 
     if (refresh) refresh(model);
 }

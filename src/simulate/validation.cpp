@@ -1,13 +1,12 @@
 // The checking stage of an airflow run: node numbers and the connection checks over the rows
 // sorted by key. Lookups go by binary search over the sorted entry keys and by a sorted list
-// of end points, so a 30,000-airway mine is checked in n log n.
+// of end points, so a 30,000-airway mine is checked in n log n. Marks and lists live in the
+// scratch columns of the run state: the stage allocates nothing.
 #include "simulate/validation.h"
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 #include <tuple>
-#include <vector>
 
 #include "engineering/resistance.h"
 
@@ -30,35 +29,47 @@ std::int32_t FirstEntryAtOrBelow(const Model& model, std::int32_t n, Fixed4 key)
     return lo;
 }
 
-// Every airway end by its coordinates, to find the other airways that touch a point.
-struct EndPoint {
-    std::int32_t X, Y, Z;
-    std::int32_t Row;
-    bool operator<(const EndPoint& o) const { return std::tie(X, Y, Z, Row) < std::tie(o.X, o.Y, o.Z, o.Row); }
-};
-
+// Every airway end by its coordinates, to find the other airways that touch a point: the rows
+// ordered by their From points and, apart, by their To points (two scratch columns).
 class EndPoints {
 public:
-    explicit EndPoints(const Model& model, std::int32_t n) {
-        ends_.reserve(2 * static_cast<std::size_t>(n));
-        for (std::int32_t row = 1; row <= n; ++row) {
-            const Airway& a = model.Airways[row];
-            ends_.push_back({a.X1, a.Y1, a.Z1, row});
-            ends_.push_back({a.X2, a.Y2, a.Z2, row});
-        }
-        std::sort(ends_.begin(), ends_.end());
+    using Point = std::tuple<std::int32_t, std::int32_t, std::int32_t>;
+
+    EndPoints(Model& model, std::int32_t n)
+        : rows_(model.Airways),
+          n_(n),
+          byFrom_(model.Run.ScratchC.data()),
+          byTo_(model.Run.ScratchD.data()) {
+        for (std::int32_t row = 1; row <= n; ++row) byFrom_[row - 1] = byTo_[row - 1] = row;
+        std::sort(byFrom_, byFrom_ + n, [this](std::int32_t a, std::int32_t b) { return From(a) < From(b); });
+        std::sort(byTo_, byTo_ + n, [this](std::int32_t a, std::int32_t b) { return To(a) < To(b); });
     }
 
     // Whether an end of any row but this one stands at the point.
     bool OtherRowAt(std::int32_t x, std::int32_t y, std::int32_t z, std::int32_t row) const {
-        const auto first = std::lower_bound(ends_.begin(), ends_.end(), EndPoint{x, y, z, 0});
-        const auto last = std::upper_bound(ends_.begin(), ends_.end(), EndPoint{x, y, z, MaxAirways + 1});
-        // Within the point the ends are in row order, so the row's own ends lie together.
-        return first != last && (first->Row != row || std::prev(last)->Row != row);
+        const Point p{x, y, z};
+        return OtherIn(byFrom_, p, row, &EndPoints::From) || OtherIn(byTo_, p, row, &EndPoints::To);
     }
 
 private:
-    std::vector<EndPoint> ends_;
+    Point From(std::int32_t r) const { return {rows_[r].X1, rows_[r].Y1, rows_[r].Z1}; }
+    Point To(std::int32_t r) const { return {rows_[r].X2, rows_[r].Y2, rows_[r].Z2}; }
+
+    // Whether a row other than `row` has this end at the point. Each row has one end in a
+    // list, so more than one row there means another one.
+    bool OtherIn(const std::int32_t* list, const Point& p, std::int32_t row,
+                 Point (EndPoints::*end)(std::int32_t) const) const {
+        const std::int32_t* first =
+            std::lower_bound(list, list + n_, p, [&](std::int32_t r, const Point& q) { return (this->*end)(r) < q; });
+        const std::int32_t* last =
+            std::upper_bound(first, list + n_, p, [&](const Point& q, std::int32_t r) { return q < (this->*end)(r); });
+        return last - first > 1 || (last - first == 1 && *first != row);
+    }
+
+    const std::vector<Airway>& rows_;
+    std::int32_t n_;
+    std::int32_t* byFrom_;
+    std::int32_t* byTo_;
 };
 
 void Fault(Model& model, std::int32_t row, const char* line, const char* comment) {
@@ -96,7 +107,8 @@ void CheckConnections(Model& model) {
 
     // Exits: every airway must lead to a node that some airway leaves. A node reached this
     // way has an inflow; any row found gives the same node number.
-    std::vector<std::uint8_t> inflow(static_cast<std::size_t>(run.NumNodes) + 1, 0);
+    std::int32_t* inflow = run.ScratchB.data();
+    std::fill_n(inflow, run.NumNodes + 1, 0);
     for (std::int32_t row = 1; row <= n; ++row) {
         const Fixed4 key = rows[row].ExitKey;
         const std::int32_t m = FirstEntryAtOrBelow(model, n, key);
