@@ -24,6 +24,7 @@
 #include "dialogs/file_note_window.h"
 #include "dialogs/level_dialogs.h"
 #include "dialogs/smoke_windows.h"
+#include "dialogs/station_dialogs.h"
 #include "dialogs/view_dialogs.h"
 #include "display/data_types.h"
 #include "display/display_list.h"
@@ -600,6 +601,38 @@ void MainWindow::ShowSimplify() {
     simplify_->show();
     simplify_->raise();
     simplify_->activateWindow();
+}
+
+void MainWindow::ActivateStations(bool input, bool on) {
+    QTimer* timer = input ? inputTimer_ : outputTimer_;
+    const std::int32_t interval = input ? exchange::ActivateInput(*model_, ui_, *monitor_, *stationHooks_, on)
+                                        : exchange::ActivateOutput(*model_, ui_, *stationHooks_, on);
+    if (interval > 0) {
+        timer->start(interval);
+    } else {
+        timer->stop();
+    }
+    ShowSimIndicator();
+}
+
+void MainWindow::ShowStationDialog(bool input) {
+    std::int32_t interval = 0;
+    bool accepted = false;
+    if (input) {
+        dialogs::RemoteDialog dialog(*model_, ui_, this);
+        accepted = dialog.exec() == QDialog::Accepted;
+        interval = dialog.InputInterval();
+    } else {
+        dialogs::RealOutDialog dialog(*model_, ui_, this);
+        accepted = dialog.exec() == QDialog::Accepted;
+        interval = dialog.OutputInterval();
+    }
+    if (accepted) {
+        // A running timer takes its new period at once.
+        QTimer* timer = input ? inputTimer_ : outputTimer_;
+        if (timer->isActive() && interval > 0) timer->start(interval);
+    }
+    RedrawAllWindows();
 }
 
 void MainWindow::BeforeLoad() {

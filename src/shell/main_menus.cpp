@@ -256,8 +256,12 @@ void MainWindow::BuildMenus() {
             &MainWindow::SourcingSimulation);
     runMenu->addSeparator();
     QMenu* realtime = sub(runMenu, "mnuRT2", QStringLiteral("Realtime"));
-    AddAction(realtime, "mnuRemote", QStringLiteral("Activate Input"), kLater);
-    AddAction(realtime, "mnuRealOutStart", QStringLiteral("Activate Output"), kLater);
+    QAction* input = AddAction(realtime, "mnuRemote", QStringLiteral("Activate Input"));
+    input->setCheckable(true);
+    connect(input, &QAction::toggled, this, [this](bool on) { ActivateStations(true, on); });
+    QAction* output = AddAction(realtime, "mnuRealOutStart", QStringLiteral("Activate Output"));
+    output->setCheckable(true);
+    connect(output, &QAction::toggled, this, [this](bool on) { ActivateStations(false, on); });
     AddAction(runMenu, "mnuSummary", QStringLiteral("Summary..."), kLater);
 
     // Tools.
@@ -293,8 +297,10 @@ void MainWindow::BuildMenus() {
     connect(AddAction(smoke, "mnuClrSources", QStringLiteral("Clear Smoke Sourcing")), &QAction::triggered, this,
             networkCommand("mnuClrSources"));
     QMenu* realtimeData = sub(toolsMenu, "mnuRD", QStringLiteral("Realtime Data"));
-    AddAction(realtimeData, "mnuRemoteStation", QStringLiteral("Input..."), kLater);
-    AddAction(realtimeData, "mnuRealOut", QStringLiteral("Output..."), kLater);
+    connect(AddAction(realtimeData, "mnuRemoteStation", QStringLiteral("Input...")), &QAction::triggered, this,
+            [this] { ShowStationDialog(true); });
+    connect(AddAction(realtimeData, "mnuRealOut", QStringLiteral("Output...")), &QAction::triggered, this,
+            [this] { ShowStationDialog(false); });
     QMenu* trouble = sub(toolsMenu, "mnuSimOpt", QStringLiteral("Troubleshoot"));
     connect(AddAction(trouble, "mnuFindResFans", QStringLiteral("Find Restrictive Fans")), &QAction::triggered, this,
             [this] { Troubleshoot(simulate::mode::RestrictiveFans); });

@@ -83,6 +83,24 @@ private:
     MainWindow& w_;
 };
 
+// What the station timers need of the windows: the busy state that makes a tick wait, the
+// redraws, and the run hooks of a resimulation.
+class MainWindow::StationRoads : public exchange::StationHooks {
+public:
+    explicit StationRoads(MainWindow& w) : w_(w) {}
+    bool Busy() override {
+        const QCursor* cursor = QApplication::overrideCursor();
+        return w_.runActive_ || (cursor && cursor->shape() == Qt::WaitCursor);
+    }
+    void RedrawViews() override { w_.RedrawAllWindows(); }
+    void Redraw() override { w_.RedrawWindow(); }
+    void LogAirway(Model& model, std::int32_t row, int action) override { w_.hooks_->LogAirway(model, row, action); }
+    void EndUndoStep() override { w_.hooks_->EndUndoStep(); }
+
+private:
+    MainWindow& w_;
+};
+
 MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     : QMainWindow(parent), ui_(ui), model_(std::make_unique<Model>()),
       ds_(std::make_unique<display::DisplayState>()) {
@@ -93,6 +111,10 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     }
     hooks_ = std::make_unique<Hooks>(*this);
     dispatcher_ = std::make_unique<edit::ToolDispatcher>(*model_, *ds_, ui_, *this);
+    monitor_ = std::make_unique<exchange::StationMonitor>(*model_, ui_.DecimalSeparator());
+    monitor_->Beep = [] { QApplication::beep(); };
+    ds_->Stations = monitor_.get();
+    stationHooks_ = std::make_unique<StationRoads>(*this);
     ds_->StartingUp = true;
     ds_->WindowCurrent = false;
 
@@ -140,6 +162,18 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     rotateTimer_->setObjectName(QStringLiteral("TimerRotate"));
     rotateTimer_->setInterval(40);
     connect(rotateTimer_, &QTimer::timeout, this, &MainWindow::OnRotationTick);
+    inputTimer_ = new QTimer(this);
+    inputTimer_->setObjectName(QStringLiteral("Timer1"));
+    connect(inputTimer_, &QTimer::timeout, this, [this] {
+        if (!model_->Stations.InputActive) return;
+        exchange::ReadStations(*model_, ui_, *monitor_, *stationHooks_);
+        ShowSimIndicator();
+    });
+    outputTimer_ = new QTimer(this);
+    outputTimer_->setObjectName(QStringLiteral("Timer2"));
+    connect(outputTimer_, &QTimer::timeout, this, [this] {
+        if (model_->Stations.OutputActive) exchange::WriteResults(*model_, ui_, *stationHooks_);
+    });
     powerZoomTimer_ = new QTimer(this);
     connect(powerZoomTimer_, &QTimer::timeout, this, [this] { dispatcher_->PowerZoomTick(); });
 
@@ -249,6 +283,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     ending_ = true;
     autosave_->stop();
     rotateTimer_->stop();
+    inputTimer_->stop();
+    outputTimer_->stop();
     forms::FinishEnd(*model_, ui_);
     simForm_->hide();
     errorForm_->hide();

@@ -17,6 +17,7 @@
 #include "edit/view_windows.h"
 #include "files/recent_files.h"
 #include "files/undo_log.h"
+#include "exchange/stations.h"
 #include "forms/file_commands.h"
 #include "model/model.h"
 #include "shell/qt_user_interface.h"
@@ -228,6 +229,8 @@ private:
     void ExportCommand(int kind);
     void ImportCommand(bool dxf);
     void ShowSimplify();
+    void ActivateStations(bool input, bool on);
+    void ShowStationDialog(bool input);
 
     ui::UserInterface& ui_;
     QtUserInterface* qtUi_ = nullptr;
@@ -293,6 +296,12 @@ private:
     dialogs::SimplifyWindow* simplify_ = nullptr;
     // The undo log: the rows every change touches, for the undo of a later version.
     files::UndoLog undo_;
+    // The real-time stations: the labels at their airways, and the input and output timers.
+    class StationRoads;
+    std::unique_ptr<exchange::StationMonitor> monitor_;
+    std::unique_ptr<exchange::StationHooks> stationHooks_;
+    QTimer* inputTimer_ = nullptr;
+    QTimer* outputTimer_ = nullptr;
 
     // The data types shown before a contaminant result took over the lists.
     int rememberedDataType_ = 0;

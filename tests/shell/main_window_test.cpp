@@ -17,6 +17,7 @@
 #include "dialogs/smoke_windows.h"
 #include "display/level_selector.h"
 #include "edit/tool_table.h"
+#include "exchange/stations.h"
 #include "model/network_rows.h"
 #include "shell/qt_text.h"
 #include "shell/run_windows.h"
@@ -383,6 +384,55 @@ void MainWindowTest::exportsImportsAndSimplifiesTheNetwork() {
     QVERIFY(filter && filter->isVisible());
     filter->findChild<QPushButton*>(QStringLiteral("CmdSimp"))->click();
     QVERIFY(rig.Ui.Texts("Message").back().starts_with("The network size was reduced by "));
+}
+
+void MainWindowTest::realTimeStationsAreReadAndResultsWritten() {
+    ShellRig rig;
+    rig.OpenDemo();
+    QVERIFY(!rig.W().action(QStringLiteral("mnuRT2"))->isVisible());
+    Model& m = rig.M();
+    m.Set.RealTimeOn = 1;
+    rig.W().RefreshControls();
+    QVERIFY(rig.W().action(QStringLiteral("mnuRT2"))->isVisible());
+    QVERIFY(rig.W().action(QStringLiteral("mnuRD"))->isVisible());
+
+    Station& station = m.Stations.Stations[1];
+    station.StationName = "Main intake";
+    station.ChannelName[1] = "Temperature";
+    station.ChannelAbbrev[1] = "T";
+    station.ChannelFactor[1] = 0.5f;
+    m.Airways[1].RemoteStation = 1;
+    const QString data = rig.Temp.filePath(QStringLiteral("logger.rem"));
+    QFile file(data);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("Station\tText\tTime\tTemp\tHumidity\tCO\tNO2\tFlow\r\n--\r\n1\tA\t09:15\t57\t80\t1\t0\t12\r\n");
+    file.close();
+    m.Stations.InputFile = ToPath(data);
+    m.Stations.InputSeconds = 5;
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuRemote")));
+    QVERIFY(m.Stations.InputActive);
+    QCOMPARE(station.ChannelValue[1], 57);
+    QCOMPARE(station.StationText[2], std::string("09:15"));
+    QVERIFY(rig.W().findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+    QVERIFY(rig.Ds().Stations && rig.Ds().Stations->Active());
+
+    const QString results = rig.Temp.filePath(QStringLiteral("results.txt"));
+    m.Stations.OutputFile = ToPath(results);
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuRealOutStart")));
+    QVERIFY(QFile::exists(results));
+    QVERIFY(rig.W().findChild<QTimer*>(QStringLiteral("Timer2"))->isActive());
+
+    // Unchecked, both stop.
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuRemote")));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuRealOutStart")));
+    QVERIFY(!m.Stations.InputActive);
+    QVERIFY(!rig.W().findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+    QVERIFY(!rig.W().findChild<QTimer*>(QStringLiteral("Timer2"))->isActive());
+
+    // A data file that is not there: the message of the input.
+    m.Stations.InputFile = ToPath(rig.Temp.filePath(QStringLiteral("missing.rem")));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuRemote")));
+    QVERIFY(rig.Ui.Said(exchange::StationFileErrorText));
 }
 
 } // namespace karvane::shell::testing

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void theLevelListAndTheDataTypeListsDriveTheView();
     void aSmokeRunShowsItsLegendAndTheSliderCutsTheTime();
     void exportsImportsAndSimplifiesTheNetwork();
+    void realTimeStationsAreReadAndResultsWritten();
 };
 
 // The view windows: gestures, tools, windows.
