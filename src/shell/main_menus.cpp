@@ -9,12 +9,14 @@
 #include <QStatusBar>
 
 #include "dialogs/smoke_windows.h"
+#include "dialogs/summary_dialog.h"
 #include "display/data_types.h"
 #include "edit/tool_table.h"
 #include "exchange/dxf_export.h"
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
 #include "forms/file_commands.h"
+#include "forms/summary_form.h"
 #include "shell/main_window.h"
 #include "shell/qt_text.h"
 #include "simulate/troubleshoot.h"
@@ -262,7 +264,11 @@ void MainWindow::BuildMenus() {
     QAction* output = AddAction(realtime, "mnuRealOutStart", QStringLiteral("Activate Output"));
     output->setCheckable(true);
     connect(output, &QAction::toggled, this, [this](bool on) { ActivateStations(false, on); });
-    AddAction(runMenu, "mnuSummary", QStringLiteral("Summary..."), kLater);
+    connect(AddAction(runMenu, "mnuSummary", QStringLiteral("Summary...")), &QAction::triggered, this, [this] {
+        dialogs::SummaryDialog dialog(forms::FillSummary(*model_, ui_.DecimalSeparator()), this);
+        dialog.exec();
+        RedrawAllWindows();
+    });
 
     // Tools.
     QMenu* toolsMenu = menu("mnuDefaults", QStringLiteral("&Tools"));
