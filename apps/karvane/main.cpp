@@ -2,15 +2,15 @@
 // on the command line, opens the main window.
 #include <QApplication>
 #include <QComboBox>
-#include <QMouseEvent>
-#include <QPushButton>
-#include <QWheelEvent>
 #include <QGuiApplication>
+#include <QMouseEvent>
 #include <QPixmap>
+#include <QPushButton>
 #include <QScreen>
 #include <QStringList>
 #include <QStyleFactory>
 #include <QTimer>
+#include <QWheelEvent>
 #include <cstdio>
 #include <memory>
 
@@ -146,9 +146,9 @@ int main(int argc, char** argv) {
         main->StartUp(commandFile);
         QApplication::restoreOverrideCursor();
         title.release()->deleteLater();
-        if (unattended) QTimer::singleShot(800, main.get(), [&main, &pictures] {
-            RunSteps(*main, pictures.Steps, pictures.Screenshot);
-        });
+        if (unattended)
+            QTimer::singleShot(800, main.get(),
+                               [&main, &pictures] { RunSteps(*main, pictures.Steps, pictures.Screenshot); });
     };
     title->show();
     const int code = app.exec();

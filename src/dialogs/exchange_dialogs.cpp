@@ -39,8 +39,8 @@ ExportOptionsDialog::ExportOptionsDialog(const exchange::ExportFields& fields, c
     auto* layout = new QVBoxLayout(this);
     auto* form = new QFormLayout;
     const char* const names[6] = {"TxtData", "TxtNode", "TxtAirway", "TxtNodeCircle", "TxtArrow", "TxtFloat"};
-    const char* const captions[6] = {"Data Text Size",  "Node Text Size", "Airway Label Text Size",
-                                     "Node Size",       "Arrow Size",     "Floating Text Size"};
+    const char* const captions[6] = {"Data Text Size", "Node Text Size", "Airway Label Text Size",
+                                     "Node Size",      "Arrow Size",     "Floating Text Size"};
     const std::string* values[6] = {&fields.TxtData,       &fields.TxtNode,  &fields.TxtAirway,
                                     &fields.TxtNodeCircle, &fields.TxtArrow, &fields.TxtFloat};
     for (std::size_t i = 0; i < boxes_.size(); ++i) {
@@ -54,7 +54,8 @@ ExportOptionsDialog::ExportOptionsDialog(const exchange::ExportFields& fields, c
     visible_->setChecked(fields.ChkVisible);
     layout->addWidget(visible_);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("Export"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("CmdExport"));
+    buttons->addButton(QStringLiteral("Export"), QDialogButtonBox::AcceptRole)
+        ->setObjectName(QStringLiteral("CmdExport"));
     buttons->addButton(QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -106,7 +107,8 @@ ImportOptionsDialog::ImportOptionsDialog(const exchange::ImportFields& fields, c
     }
     layout->addWidget(offsets);
     auto* buttons = new QDialogButtonBox(this);
-    buttons->addButton(QStringLiteral("Import"), QDialogButtonBox::AcceptRole)->setObjectName(QStringLiteral("CmdImport"));
+    buttons->addButton(QStringLiteral("Import"), QDialogButtonBox::AcceptRole)
+        ->setObjectName(QStringLiteral("CmdImport"));
     buttons->addButton(QDialogButtonBox::Cancel);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -158,9 +160,12 @@ SimplifyWindow::SimplifyWindow(QWidget* parent) : QWidget(parent, Qt::Window) {
     limits->setColumnMinimumWidth(1, 200);
     layout->addLayout(limits);
     const char* const names[6] = {"CheckR", "CheckK", "CheckS", "CheckSel", "ChkCombine", "ChkZero"};
-    const char* const captions[6] = {"Ensure no resistance presets filtered", "Ensure wall types are the same",
-                                     "Ensure airway dimsensions are the same", "Filter selected airways only",
-                                     "Use Combined Lengths",                   "Remove airways with zero flow"};
+    const char* const captions[6] = {"Ensure no resistance presets filtered",
+                                     "Ensure wall types are the same",
+                                     "Ensure airway dimsensions are the same",
+                                     "Filter selected airways only",
+                                     "Use Combined Lengths",
+                                     "Remove airways with zero flow"};
     for (std::size_t i = 0; i < checks_.size(); ++i) {
         checks_[i] = Check(this, names[i], captions[i]);
         layout->addWidget(checks_[i]);

@@ -19,14 +19,18 @@ namespace {
 
 QString LevelText(const Model& model, int row) {
     const LevelRecord& level = model.Levels[static_cast<std::size_t>(row)];
-    return shell::FromCp1252(TrimText(level.RLName)) + QStringLiteral("   (%1 to %2)").arg(level.RLMin).arg(level.RLMax);
+    return shell::FromCp1252(TrimText(level.RLName)) +
+           QStringLiteral("   (%1 to %2)").arg(level.RLMin).arg(level.RLMax);
 }
 
 } // namespace
 
 SelectLevelsDialog::SelectLevelsDialog(const Model& model, const std::vector<int>& selected, ui::UserInterface& ui,
                                        QWidget* parent)
-    : QDialog(parent), model_(model), ui_(ui), selected_(selected) {
+    : QDialog(parent),
+      model_(model),
+      ui_(ui),
+      selected_(selected) {
     setObjectName(QStringLiteral("frmSelLevel"));
     setWindowTitle(QStringLiteral("Select Levels"));
     auto* grid = new QGridLayout(this);
@@ -38,7 +42,8 @@ SelectLevelsDialog::SelectLevelsDialog(const Model& model, const std::vector<int
     chosen_->setObjectName(QStringLiteral("LstSelected"));
     grid->addWidget(available_, 1, 0);
     grid->addWidget(chosen_, 1, 1);
-    auto* hint = new QLabel(QStringLiteral("Double click a level to select it, or to take it off the selection."), this);
+    auto* hint =
+        new QLabel(QStringLiteral("Double click a level to select it, or to take it off the selection."), this);
     hint->setWordWrap(true);
     grid->addWidget(hint, 2, 0, 1, 2);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);

@@ -248,7 +248,8 @@ SmokeTraceWindow::SmokeTraceWindow(QWidget* parent) : QWidget(parent, Qt::Tool) 
         grid->addWidget(label, i, 1);
     }
     layout->addWidget(frame);
-    auto* hint = new QLabel(QStringLiteral("Click here with the left button to pin smoke,\nthe right button to pin clear air."), this);
+    auto* hint = new QLabel(
+        QStringLiteral("Click here with the left button to pin smoke,\nthe right button to pin clear air."), this);
     hint->setStyleSheet(QStringLiteral("color: #555;"));
     layout->addWidget(hint);
     auto* clear = new QPushButton(QStringLiteral("Clear Pins"), this);

@@ -30,7 +30,10 @@ const char* const kHeadings[6] = {"Channel", "Abbreviation", "Units", "Factor", 
 } // namespace
 
 RemoteDialog::RemoteDialog(Model& model, ui::UserInterface& ui, QWidget* parent)
-    : QDialog(parent), model_(model), ui_(ui), sep_(ui.DecimalSeparator()) {
+    : QDialog(parent),
+      model_(model),
+      ui_(ui),
+      sep_(ui.DecimalSeparator()) {
     setObjectName(QStringLiteral("frmRemote"));
     setWindowTitle(QString::fromLatin1(exchange::RemoteCaption));
     auto* layout = new QVBoxLayout(this);
@@ -127,7 +130,8 @@ RemoteDialog::RemoteDialog(Model& model, ui::UserInterface& ui, QWidget* parent)
         request.Filter = exchange::StationFileFilter;
         request.DefaultExtension = "rem";
         request.FileName = shell::ToPath(source_->text());
-        if (const std::optional<std::string> path = ui_.OpenFileDialog(request)) source_->setText(shell::FromPath(*path));
+        if (const std::optional<std::string> path = ui_.OpenFileDialog(request))
+            source_->setText(shell::FromPath(*path));
     });
     Show(exchange::FillRemote(model_, 1, sep_));
 }

@@ -23,10 +23,10 @@ SummaryDialog::SummaryDialog(const forms::SummaryTexts& t, QWidget* parent) : QD
         const char* Caption;
         const char* Name;
         const std::string& Value;
-    } rows[] = {{"Total Airflow", "LblAF", t.LblAF},        {"Total Air Power", "LblAP", t.LblAP},
-                {"Network Input Power", "LblIP", t.LblIP},  {"Network Efficiency", "LblEff", t.LblEff},
+    } rows[] = {{"Total Airflow", "LblAF", t.LblAF},           {"Total Air Power", "LblAP", t.LblAP},
+                {"Network Input Power", "LblIP", t.LblIP},     {"Network Efficiency", "LblEff", t.LblEff},
                 {"Mine Resistance", "LblResist", t.LblResist}, {"Annual Power Cost", "LblCost", t.LblCost},
-                {"Number of Airways", "LblNA", t.LblNA},    {"Length of Airways", "LblLA", t.LblLA},
+                {"Number of Airways", "LblNA", t.LblNA},       {"Length of Airways", "LblLA", t.LblLA},
                 {"Number of Fans", "LblNF", t.LblNF}};
     int row = 0;
     for (const auto& r : rows) {

@@ -26,9 +26,9 @@ namespace karvane::dialogs {
 
 namespace {
 
-const char* const kViewerCaptions[10] = {"Node Names",         "Airway Names", "Data Values", "Resistance Symbols",
-                                         "Fan Symbols",        "Node Symbols", "Arrows",      "Contaminants",
-                                         "Floating Text",      "Off Level Raises"};
+const char* const kViewerCaptions[10] = {"Node Names",    "Airway Names",    "Data Values", "Resistance Symbols",
+                                         "Fan Symbols",   "Node Symbols",    "Arrows",      "Contaminants",
+                                         "Floating Text", "Off Level Raises"};
 
 QButtonGroup* Radios(QWidget* owner, QLayout* layout, const char* name, std::initializer_list<const char*> captions) {
     auto* group = new QButtonGroup(owner);
@@ -172,7 +172,8 @@ LayersDialog::LayersDialog(const forms::LayerFields& fields, QWidget* parent) : 
         const int perColumn = (count + columns - 1) / columns;
         for (int k = 1; k <= count; ++k) {
             auto* on = new QCheckBox(QString::number(k), inner);
-            on->setObjectName(QStringLiteral("%1On%2").arg(primary ? QStringLiteral("Primary") : QStringLiteral("Secondary")).arg(k));
+            on->setObjectName(
+                QStringLiteral("%1On%2").arg(primary ? QStringLiteral("Primary") : QStringLiteral("Secondary")).arg(k));
             auto* name = new LayerNameEdit(
                 [this, primary, k] {
                     if (primary) {
@@ -183,7 +184,9 @@ LayersDialog::LayersDialog(const forms::LayerFields& fields, QWidget* parent) : 
                     MarkDrawLayers();
                 },
                 inner);
-            name->setObjectName(QStringLiteral("%1Name%2").arg(primary ? QStringLiteral("Primary") : QStringLiteral("Secondary")).arg(k));
+            name->setObjectName(QStringLiteral("%1Name%2")
+                                    .arg(primary ? QStringLiteral("Primary") : QStringLiteral("Secondary"))
+                                    .arg(k));
             name->setMaxLength(40);
             name->setMinimumWidth(110);
             const int column = (k - 1) / perColumn, row = (k - 1) % perColumn;
@@ -262,7 +265,8 @@ void LayersDialog::Show(const forms::LayerFields& f) {
     fields_.DrawSecondary = f.DrawSecondary;
     for (int k = 1; k <= PrimaryLayerCount; ++k) {
         primaryOn_[static_cast<std::size_t>(k)]->setChecked(f.PrimaryOn[static_cast<std::size_t>(k)]);
-        primaryName_[static_cast<std::size_t>(k)]->setText(shell::FromCp1252(f.PrimaryName[static_cast<std::size_t>(k)]));
+        primaryName_[static_cast<std::size_t>(k)]->setText(
+            shell::FromCp1252(f.PrimaryName[static_cast<std::size_t>(k)]));
     }
     for (int k = 1; k <= SecondLayerCount; ++k) {
         secondaryOn_[static_cast<std::size_t>(k)]->setChecked(f.SecondaryOn[static_cast<std::size_t>(k)]);

@@ -31,7 +31,10 @@ constexpr int kPowerZoomWaitMs = 200;
 } // namespace
 
 ToolDispatcher::ToolDispatcher(Model& model, display::DisplayState& ds, ui::UserInterface& ui, ToolHost& host)
-    : m_(model), ds_(ds), ui_(ui), host_(host) {}
+    : m_(model),
+      ds_(ds),
+      ui_(ui),
+      host_(host) {}
 
 void ToolDispatcher::RunToolCommand(int value) {
     const ToolCommand* command = FindToolCommand(value);
@@ -71,9 +74,7 @@ void ToolDispatcher::RunToolCommand(int value) {
             m_.Airways[static_cast<std::size_t>(row)].BranchCode &= ~bc::Selected;
         host_.RedrawAll();
         break;
-    default:
-        host_.RunCommand(value);
-        break;
+    default: host_.RunCommand(value); break;
     }
     host_.ShowToolState(s_.CommandValue);
 }
@@ -188,8 +189,10 @@ void ToolDispatcher::OnMouseUp(int released, int shift, float x, float y, int wi
 
     // A release outside the window's box is pulled back to its edge.
     const display::ViewState& v = ds_.View;
-    x = std::clamp(x, std::min(v.ScaleLeft, v.ScaleLeft + v.ScaleWidth), std::max(v.ScaleLeft, v.ScaleLeft + v.ScaleWidth));
-    y = std::clamp(y, std::min(v.ScaleTop, v.ScaleTop + v.ScaleHeight), std::max(v.ScaleTop, v.ScaleTop + v.ScaleHeight));
+    x = std::clamp(x, std::min(v.ScaleLeft, v.ScaleLeft + v.ScaleWidth),
+                   std::max(v.ScaleLeft, v.ScaleLeft + v.ScaleWidth));
+    y = std::clamp(y, std::min(v.ScaleTop, v.ScaleTop + v.ScaleHeight),
+                   std::max(v.ScaleTop, v.ScaleTop + v.ScaleHeight));
     if (window >= 0 && window != s_.PressWindow) host_.MakeWindowCurrent(window);
     const float cx = x * static_cast<float>(m_.SgnX);
     const float cy = y * static_cast<float>(m_.SgnY);
@@ -240,7 +243,8 @@ void ToolDispatcher::OnMouseUp(int released, int shift, float x, float y, int wi
     const double near = static_cast<double>(v.ScaleWidth) / 50;
     if (s_.RubberDrawn) {
         EraseRubber();
-        if (std::fabs(static_cast<double>(cx) - s_.PressX) > near || std::fabs(static_cast<double>(cy) - s_.PressY) > near) {
+        if (std::fabs(static_cast<double>(cx) - s_.PressX) > near ||
+            std::fabs(static_cast<double>(cy) - s_.PressY) > near) {
             event.Fence = true;
             event.PressX = std::min(s_.PressX, cx);
             event.CurX = std::max(s_.PressX, cx);
@@ -276,8 +280,7 @@ void ToolDispatcher::OnMouseUp(int released, int shift, float x, float y, int wi
 
 void ToolDispatcher::ReleaseTool(const ToolEvent& event) {
     switch (s_.Tool) {
-    case tool::Zoom:
-        return;
+    case tool::Zoom: return;
     case tool::Info:
         host_.HidePopup();
         if (event.Button == button::Left) host_.ToolRelease(event);
@@ -295,11 +298,8 @@ void ToolDispatcher::ReleaseTool(const ToolEvent& event) {
     case tool::Delete:
         if (event.Button != button::Left) return;
         break;
-    case tool::Pins:
-        s_.PinType = event.Button == button::Left ? 1 : 2;
-        break;
-    default:
-        break;
+    case tool::Pins: s_.PinType = event.Button == button::Left ? 1 : 2; break;
+    default: break;
     }
     host_.ToolRelease(event);
     if ((s_.Tool >= tool::Reverse && s_.Tool <= tool::Names) || s_.Tool == tool::Edit) m_.NetworkSaved = No0;
@@ -325,7 +325,8 @@ void ToolDispatcher::LinesOnly() {
 void ToolDispatcher::Pan(float x, float y) {
     if (s_.PanState == 1) {
         const double near = static_cast<double>(ds_.View.ScaleWidth) / 50;
-        if (std::fabs(static_cast<double>(x) - s_.PressWinX) <= near && std::fabs(static_cast<double>(y) - s_.PressWinY) <= near)
+        if (std::fabs(static_cast<double>(x) - s_.PressWinX) <= near &&
+            std::fabs(static_cast<double>(y) - s_.PressWinY) <= near)
             return;
         s_.PanState = 2;
         EraseRubber();
@@ -378,8 +379,7 @@ void ToolDispatcher::DrawRubberRectangle(float toX, float toY) {
     surface->SetLineWidth(1);
     surface->SetLineStyle(display::LineStyle::Solid);
     surface->SetDrawMode(display::DrawMode::Invert);
-    if (s_.RubberDrawn)
-        surface->Rectangle(s_.PressX * sx, s_.PressY * sy, s_.DragX * sx, s_.DragY * sy, 0);
+    if (s_.RubberDrawn) surface->Rectangle(s_.PressX * sx, s_.PressY * sy, s_.DragX * sx, s_.DragY * sy, 0);
     surface->Rectangle(s_.PressX * sx, s_.PressY * sy, toX * sx, toY * sy, 0);
     surface->SetDrawMode(display::DrawMode::Copy);
     surface->Refresh();

@@ -18,8 +18,8 @@ namespace karvane::edit {
 // What a tool of another subsystem is told at a press or a release.
 struct ToolEvent {
     int Tool = 0;
-    int Button = 0;          // 1 left, 2 right, 3 both, 4 middle
-    int Shift = 0;           // 1 with Shift held
+    int Button = 0;               // 1 left, 2 right, 3 both, 4 middle
+    int Shift = 0;                // 1 with Shift held
     float PressX = 0, PressY = 0; // cursor coordinates of the press (ordered corners after a fence)
     float CurX = 0, CurY = 0;     // cursor coordinates of the event
     bool Fence = false;           // a rubber rectangle was drawn and the release lies clear of the press
@@ -83,9 +83,9 @@ struct ToolState {
     float DragX = 0, DragY = 0;
     bool MouseIsDown = false;
     bool ViewGesture = false;
-    int PanState = 0;       // 1 pressed, 2 a pan has begun
+    int PanState = 0; // 1 pressed, 2 a pan has begun
     bool RotateStarted = false;
-    int PowerZoom = 0;      // 5 while the power zoom runs
+    int PowerZoom = 0; // 5 while the power zoom runs
     bool Busy = false;
     bool CopyToDefaults = false; // value 91: the attribute tool copies to the defaults
     std::int16_t PinType = 1;
@@ -96,7 +96,7 @@ struct ToolState {
     float StartCentreX = 0, StartCentreY = 0;
     std::int32_t PressRL = 0;
     int LastMoveWindow = -1;
-    bool RubberDrawn = false;   // a rubber rectangle stands on the window
+    bool RubberDrawn = false; // a rubber rectangle stands on the window
     bool RubberLineDrawn = false;
     MouseRotation Rotation;
     // The cursor shown, so that it is loaded only when it changes.

@@ -90,9 +90,9 @@ inline constexpr int F12 = 123;
 
 struct ToolCommand {
     int Value = 0;
-    int Tool = -1;              // the tool the value selects; -1 for a command that selects none
-    const char* Tip = "";       // tool bar tip; empty for a value without a button
-    int Key = 0;                // key code, 0 for none
+    int Tool = -1;                // the tool the value selects; -1 for a command that selects none
+    const char* Tip = "";         // tool bar tip; empty for a value without a button
+    int Key = 0;                  // key code, 0 for none
     const char* MenuCaption = ""; // caption of its entry in the tool menu; empty for none
     const char* CursorLeft = "";  // cursor names by button; empty: the cross
     const char* CursorRight = "";

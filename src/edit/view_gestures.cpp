@@ -63,7 +63,8 @@ void ZoomFromMouse(Model& model, DisplayState& ds, int pressed, float pressX, fl
     double cx = curX, cy = curY;
     if (pressed == button::Left) {
         const double near = w / 50;
-        if (std::fabs(static_cast<double>(curX) - pressX) < near && std::fabs(static_cast<double>(curY) - pressY) < near) {
+        if (std::fabs(static_cast<double>(curX) - pressX) < near &&
+            std::fabs(static_cast<double>(curY) - pressY) < near) {
             w *= 0.5;
             h *= 0.5;
         } else {
@@ -90,7 +91,8 @@ void ZoomFromMouse(Model& model, DisplayState& ds, int pressed, float pressX, fl
 
 void PowerZoomPass(DisplayState& ds, int pressed, float percent, float& curX, float& curY) {
     ViewState& v = ds.View;
-    const double f = pressed == button::Left ? 1 - static_cast<double>(percent) / 100 : 1 + static_cast<double>(percent) / 100;
+    const double f =
+        pressed == button::Left ? 1 - static_cast<double>(percent) / 100 : 1 + static_cast<double>(percent) / 100;
     if (!(f > 0) || !std::isfinite(f)) return;
     const double w = v.ScaleWidth * f, h = v.ScaleHeight * f;
     if (w < kSmallestBox || w > kLargestBox) return;

@@ -40,7 +40,7 @@ void PanView(const Model& model, display::DisplayState& ds, float startCentreX, 
 
 // Rotation by mouse, from the first move of a drag with both buttons.
 struct MouseRotation {
-    float Fx = 0, Fy = 0;           // press position as fractions of the box
+    float Fx = 0, Fy = 0; // press position as fractions of the box
     float StartTilt = 0, StartSpin = 0;
 };
 // A plan view becomes 3D with both angles 0 about its plan centre; the press position and the

@@ -24,8 +24,8 @@ struct ViewWindowEntry {
 
 struct ViewWindowTable {
     std::array<ViewWindowEntry, MaxViewWindows> Windows;
-    int CurWin = -1;         // -1 while no window is open
-    bool Switching = false;  // a tiling, a switch or a redraw of all windows is running
+    int CurWin = -1;        // -1 while no window is open
+    bool Switching = false; // a tiling, a switch or a redraw of all windows is running
 
     int OpenCount() const;
     int FirstFree() const;                // -1 when all five are open
@@ -62,7 +62,7 @@ int CloseViewWindow(Model& model, display::DisplayState& ds, ViewWindowTable& ta
 // current window is frozen and the first other open window becomes current. Returns the
 // window whose state changed, or -1 with the message when only one window is open.
 struct FreezeChange {
-    int Window = -1;  // the window frozen or released
+    int Window = -1; // the window frozen or released
     bool Frozen = false;
     int NewCurrent = -1;
 };

@@ -186,8 +186,8 @@ bool OfferRecovery(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
 
 bool ConfirmEnd(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
     if (model.NetworkSaved == No0) {
-        const ui::Answer answer = ui.Ask("Karvane data is not saved - Save it?", ProgramName,
-                                         ui::Buttons::YesNoCancel, ui::Icon::Question);
+        const ui::Answer answer =
+            ui.Ask("Karvane data is not saved - Save it?", ProgramName, ui::Buttons::YesNoCancel, ui::Icon::Question);
         if (answer == ui::Answer::Cancel) return false;
         if (answer == ui::Answer::Yes && !SaveCommand(model, ui, host)) return false;
     }

@@ -51,9 +51,9 @@ bool AutoNameAirways(Model& model, ui::UserInterface& ui) {
                  "want to procede (this cannot be undone) ?",
                  "Auto name", ui::Buttons::OKCancel))
         return false;
-    const std::optional<std::string> prefix = ui.Input(
-        "Enter a prefix (if any) you would like to appear in front of the auto number (eg 'B')", "Input Airway Prefix",
-        "B");
+    const std::optional<std::string> prefix =
+        ui.Input("Enter a prefix (if any) you would like to appear in front of the auto number (eg 'B')",
+                 "Input Airway Prefix", "B");
     if (!prefix) return false;
     std::int64_t counter = 1;
     for (std::int32_t r = 1; r <= model.AirwayCount; ++r) {
@@ -70,9 +70,9 @@ bool AutoNameNodes(Model& model, ui::UserInterface& ui) {
                  "want to procede (this cannot be undone) ?",
                  "Auto name", ui::Buttons::OKCancel))
         return false;
-    const std::optional<std::string> prefix = ui.Input(
-        "Enter a prefix (if any) you would like to appear in front of the auto number (eg 'N')", "Input Node Prefix",
-        "N");
+    const std::optional<std::string> prefix =
+        ui.Input("Enter a prefix (if any) you would like to appear in front of the auto number (eg 'N')",
+                 "Input Node Prefix", "N");
     if (!prefix) return false;
     ui.SetBusy(true);
     // Which airways start at each node, and which end there.

@@ -9,7 +9,9 @@ namespace karvane::forms {
 
 SummaryTexts FillSummary(const Model& model, char decimalSep) {
     const simulate::SummaryFigures f = simulate::Summarize(model);
-    auto value = [&](double v, int unitClass) { return display::FormatValue(model, v, unitClass, true, false, decimalSep); };
+    auto value = [&](double v, int unitClass) {
+        return display::FormatValue(model, v, unitClass, true, false, decimalSep);
+    };
     SummaryTexts t;
     t.LblAF = value(f.TotalAirflow, uc::Flow);
     t.LblAP = value(f.AirPowerKW, uc::Power);

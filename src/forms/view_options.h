@@ -15,11 +15,11 @@ namespace karvane::forms {
 
 // frmViewer ("View Options").
 struct ViewerFields {
-    std::array<bool, 10> Show{};   // ChkViewer(0..9): DisplayOptions bit k
-    int DataFilter = 0;            // OptType: 0 all, 1 vertical, 2 horizontal, 3 selected
-    int FreshExhaust = 0;          // ColOpt: 0 "Levels", 1 "Fresh / Exhaust"
-    std::string MinFlow, MaxFlow;  // TxtSigMin, TxtSig, in the display's flow unit
-    int FlowLimitMode = 0;         // OptDimmer: 0 all, 1 dim, 2 invisible
+    std::array<bool, 10> Show{};  // ChkViewer(0..9): DisplayOptions bit k
+    int DataFilter = 0;           // OptType: 0 all, 1 vertical, 2 horizontal, 3 selected
+    int FreshExhaust = 0;         // ColOpt: 0 "Levels", 1 "Fresh / Exhaust"
+    std::string MinFlow, MaxFlow; // TxtSigMin, TxtSig, in the display's flow unit
+    int FlowLimitMode = 0;        // OptDimmer: 0 all, 1 dim, 2 invisible
 };
 inline constexpr int OffLevelRaisesOption = 9;
 
@@ -39,8 +39,8 @@ struct LayerFields {
     std::array<std::string, SecondLayerCount + 1> SecondaryName{};
     std::array<bool, SecondLayerCount + 1> SecondaryOn{};
     int DrawPrimary = 1, DrawSecondary = 1; // shown in red
-    int Lines = 0;                           // "Lines": 0 invisible, 1 dim, 2 solid
-    std::int32_t ShowBits = 0;               // "Show": data 4, branch 8, name 16, arrow 32, nodes 64
+    int Lines = 0;                          // "Lines": 0 invisible, 1 dim, 2 solid
+    std::int32_t ShowBits = 0;              // "Show": data 4, branch 8, name 16, arrow 32, nodes 64
 };
 
 LayerFields FillLayers(const Model& model, const display::DisplayState& ds);

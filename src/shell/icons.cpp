@@ -118,8 +118,8 @@ void Fan(Pen& d, double cx, double cy, double r) {
         QPainterPath blade;
         const double a = k * 2 * M_PI / 3;
         blade.moveTo(cx, cy);
-        blade.quadTo(cx + r * 0.9 * std::cos(a - 0.5), cy + r * 0.9 * std::sin(a - 0.5), cx + r * 0.85 * std::cos(a + 0.35),
-                     cy + r * 0.85 * std::sin(a + 0.35));
+        blade.quadTo(cx + r * 0.9 * std::cos(a - 0.5), cy + r * 0.9 * std::sin(a - 0.5),
+                     cx + r * 0.85 * std::cos(a + 0.35), cy + r * 0.85 * std::sin(a + 0.35));
         blade.closeSubpath();
         p.drawPath(blade);
     }
@@ -174,9 +174,7 @@ void Paint(Pen& d, int value) {
         d.Line(17, 3, 17, 11, kGreen, 2.2);
         d.Line(13, 7, 21, 7, kGreen, 2.2);
         break;
-    case edit::cmd::Redo:
-        d.Turn(12, 14, 7, 160, 20, kInk);
-        break;
+    case edit::cmd::Redo: d.Turn(12, 14, 7, 160, 20, kInk); break;
     case edit::cmd::Move:
         d.Line(3, 21, 12, 12, kAirway, 2.4);
         d.Node(3, 21);
@@ -280,9 +278,7 @@ void Paint(Pen& d, int value) {
         d.Line(8, 18, 16, 18, kAirway, 1.2);
         d.Node(18.5, 11, kGreen, 1.2);
         break;
-    case edit::cmd::Undo:
-        d.Turn(12, 14, 7, 20, 160, kInk);
-        break;
+    case edit::cmd::Undo: d.Turn(12, 14, 7, 20, 160, kInk); break;
     case edit::cmd::Toggle3D:
         d.Poly({{4, 8}, {12, 4}, {20, 8}, {12, 12}}, kInk, 1.4, true, QColor(170, 204, 240));
         d.Poly({{4, 8}, {12, 12}, {12, 21}, {4, 17}}, kInk, 1.4, true, kAirway.lighter(120));
@@ -312,9 +308,7 @@ void Paint(Pen& d, int value) {
         d.Head(20, 3, -M_PI / 2, kInk, 3.0);
         d.Head(20, 21, M_PI / 2, kInk, 3.0);
         break;
-    case edit::cmd::UpdateScreen:
-        d.Turn(12, 12, 8, 80, 340, kGreen);
-        break;
+    case edit::cmd::UpdateScreen: d.Turn(12, 12, 8, 80, 340, kGreen); break;
     case edit::cmd::Smoke:
         Cloud(d, 10, 10, 1.15, QColor(200, 120, 110));
         d.P().setPen(QPen(kInk, 1.0));
@@ -331,13 +325,10 @@ void Paint(Pen& d, int value) {
         d.P().drawRect(QRectF(2.5, 2.5, 14, 12));
         d.P().setPen(QPen(kInk, 1.1));
         d.P().setBrush(kPaper);
-        d.P().drawPolygon(QPolygonF(
-            {QPointF(11, 9), QPointF(11, 22), QPointF(14, 19), QPointF(16.5, 23), QPointF(18.5, 22), QPointF(16, 18),
-             QPointF(20, 18)}));
+        d.P().drawPolygon(QPolygonF({QPointF(11, 9), QPointF(11, 22), QPointF(14, 19), QPointF(16.5, 23),
+                                     QPointF(18.5, 22), QPointF(16, 18), QPointF(20, 18)}));
         break;
-    default:
-        d.Circle(12, 12, 8);
-        break;
+    default: d.Circle(12, 12, 8); break;
     }
 }
 
@@ -380,13 +371,12 @@ QCursor ViewCursor(const std::string& name) {
     if (name == "Hand") return QCursor(Qt::OpenHandCursor);
     if (name == "Move") return QCursor(Qt::SizeAllCursor);
     // A cross-hair with the tool's picture beside it.
-    static const std::map<std::string, int> badge{{"Magnify", edit::cmd::Zoom},  {"Reverse", edit::cmd::Reverse},
-                                                  {"Delete", edit::cmd::Delete}, {"Fan", edit::cmd::Fan},
-                                                  {"Alpha", edit::cmd::Names},   {"Cloud", edit::cmd::Contaminant},
-                                                  {"Edit", edit::cmd::Edit},     {"Info", edit::cmd::Info},
-                                                  {"Insert", edit::cmd::Insert}, {"Trace", edit::cmd::Pins},
-                                                  {"Rotate", edit::cmd::Centre}, {"Copy", edit::cmd::Attributes},
-                                                  {"Paste", edit::cmd::Attributes}};
+    static const std::map<std::string, int> badge{
+        {"Magnify", edit::cmd::Zoom},    {"Reverse", edit::cmd::Reverse}, {"Delete", edit::cmd::Delete},
+        {"Fan", edit::cmd::Fan},         {"Alpha", edit::cmd::Names},     {"Cloud", edit::cmd::Contaminant},
+        {"Edit", edit::cmd::Edit},       {"Info", edit::cmd::Info},       {"Insert", edit::cmd::Insert},
+        {"Trace", edit::cmd::Pins},      {"Rotate", edit::cmd::Centre},   {"Copy", edit::cmd::Attributes},
+        {"Paste", edit::cmd::Attributes}};
     const auto found = badge.find(name);
     if (found == badge.end()) return QCursor(Qt::CrossCursor);
     QPixmap picture(32, 32);

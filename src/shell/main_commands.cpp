@@ -65,31 +65,17 @@ constexpr const char* kWebPage = "https://karvane.example/";
 void MainWindow::RunCommand(int value) {
     if (runActive_) return;
     switch (value) {
-    case edit::cmd::Simulate:
-        Simulate();
-        break;
-    case edit::cmd::Open:
-        forms::OpenCommand(*model_, ui_, *this);
-        break;
-    case edit::cmd::Save:
-        forms::SaveCommand(*model_, ui_, *this);
-        break;
-    case edit::cmd::DisplayOptions:
-        ShowViewerDialog();
-        break;
+    case edit::cmd::Simulate: Simulate(); break;
+    case edit::cmd::Open: forms::OpenCommand(*model_, ui_, *this); break;
+    case edit::cmd::Save: forms::SaveCommand(*model_, ui_, *this); break;
+    case edit::cmd::DisplayOptions: ShowViewerDialog(); break;
     case edit::cmd::SingleMulti:
         display::SwapSingleMulti(*model_, *ds_);
         AfterLevelChange();
         break;
-    case edit::cmd::Smoke:
-        SmokeSimulation();
-        break;
-    case edit::cmd::Sourcing:
-        SourcingSimulation();
-        break;
-    default:
-        CommandUnavailable(value);
-        break;
+    case edit::cmd::Smoke: SmokeSimulation(); break;
+    case edit::cmd::Sourcing: SourcingSimulation(); break;
+    default: CommandUnavailable(value); break;
     }
 }
 
@@ -327,7 +313,8 @@ void MainWindow::ShowLayersDialog() {
 }
 
 void MainWindow::ShowViewerDialog() {
-    dialogs::ViewerDialog dialog(forms::FillViewer(*model_, *ds_, ui_.DecimalSeparator()), ui_.DecimalSeparator(), this);
+    dialogs::ViewerDialog dialog(forms::FillViewer(*model_, *ds_, ui_.DecimalSeparator()), ui_.DecimalSeparator(),
+                                 this);
     dialog.OnApply = [this](const forms::ViewerFields& f) { return forms::ApplyViewer(*model_, *ds_, f, ui_); };
     if (dialog.exec() != QDialog::Accepted) return;
     display::ApplyRotation(*model_, *ds_);

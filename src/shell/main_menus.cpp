@@ -3,8 +3,8 @@
 // with a note saying so.
 #include <QAction>
 #include <QActionGroup>
-#include <QMenu>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
 
@@ -151,12 +151,11 @@ void MainWindow::BuildMenus() {
         const char* Name;
         int Value;
     };
-    const ToolEntry toolEntries[] = {{"mnuZoom", edit::cmd::Zoom},         {"mnuBar1", edit::cmd::Draw},
-                                     {"mnuBar3", edit::cmd::Move},         {"mnuBar4", edit::cmd::Reverse},
-                                     {"mnuBar5", edit::cmd::Delete},       {"mnuBar6", edit::cmd::Fan},
-                                     {"mnuBar7", edit::cmd::Names},        {"mnuBar8", edit::cmd::Contaminant},
-                                     {"mnuBar9", edit::cmd::Edit},         {"mnuBar10", edit::cmd::Info},
-                                     {"mnuBar12", edit::cmd::Insert}};
+    const ToolEntry toolEntries[] = {
+        {"mnuZoom", edit::cmd::Zoom},    {"mnuBar1", edit::cmd::Draw},        {"mnuBar3", edit::cmd::Move},
+        {"mnuBar4", edit::cmd::Reverse}, {"mnuBar5", edit::cmd::Delete},      {"mnuBar6", edit::cmd::Fan},
+        {"mnuBar7", edit::cmd::Names},   {"mnuBar8", edit::cmd::Contaminant}, {"mnuBar9", edit::cmd::Edit},
+        {"mnuBar10", edit::cmd::Info},   {"mnuBar12", edit::cmd::Insert}};
     for (const ToolEntry& e : toolEntries) {
         const edit::ToolCommand* c = edit::FindToolCommand(e.Value);
         QString caption = QString::fromLatin1(c->MenuCaption);
@@ -170,8 +169,8 @@ void MainWindow::BuildMenus() {
     tools->addSeparator();
     connect(AddAction(tools, "mnuFit", QStringLiteral("Fit\tHome")), &QAction::triggered, this, run(edit::cmd::Fit));
     QMenu* find = sub(editMenu, "mnufind", QStringLiteral("Find"));
-    const char* const findCaptions[10] = {"Follow Airway",  "Errors",         "Bad Fans",       "Branch Number",
-                                          "Branch Name",    "Node Name",      "Fixed Flows",    "Fixed Pressure",
+    const char* const findCaptions[10] = {"Follow Airway",    "Errors",      "Bad Fans",    "Branch Number",
+                                          "Branch Name",      "Node Name",   "Fixed Flows", "Fixed Pressure",
                                           "Fixed Directions", "Zero lengths"};
     for (int i = 0; i < 10; ++i) {
         const std::string name = "mnuFinder" + std::to_string(i);
@@ -296,7 +295,8 @@ void MainWindow::BuildMenus() {
          {std::pair{"mnuAutoName", "Auto Name Airway"}, std::pair{"mnuAutoNodes", "Auto Name Nodes"},
           std::pair{"mnuResetAir", "Renumber Airways"}, std::pair{"mnuchecknumbers", "Check numbering"},
           std::pair{"mnuRevCoord", "Swap XY Axis"}})
-        connect(AddAction(airways, name, QString::fromLatin1(caption)), &QAction::triggered, this, networkCommand(name));
+        connect(AddAction(airways, name, QString::fromLatin1(caption)), &QAction::triggered, this,
+                networkCommand(name));
     QMenu* smoke = sub(toolsMenu, "mnuSmokes", QStringLiteral("Smoke"));
     connect(AddAction(smoke, "mnuClrSmoke", QStringLiteral("Clear Smoke")), &QAction::triggered, this,
             networkCommand("mnuClrSmoke"));

@@ -211,7 +211,8 @@ void MainWindow::ShowDataType() {
     if (group >= 1 && group <= display::DataGroupCount) {
         cmbDataType_->setCurrentIndex(group - 1);
         cmbDataVal_->clear();
-        for (const std::string& name : display::DataValueNames(group)) cmbDataVal_->addItem(QString::fromStdString(name));
+        for (const std::string& name : display::DataValueNames(group))
+            cmbDataVal_->addItem(QString::fromStdString(name));
         cmbDataVal_->setCurrentIndex(type % 10 - 2);
     }
     lblUnit_->setText(FromCp1252(display::DataUnitLabel(*model_, type)));
@@ -333,8 +334,8 @@ void MainWindow::OnViewChosen(int index) {
 void MainWindow::ShowSimIndicator() {
     const simulate::SimIndicator st = simulate::SimStatus(*model_);
     lblSim_->setText(QString::fromLatin1(st.Caption));
-    lblSim_->setStyleSheet(QStringLiteral("QLabel#LblSim { background: %1; color: black; font-weight: bold; }")
-                               .arg(Hex(st.BackColour)));
+    lblSim_->setStyleSheet(
+        QStringLiteral("QLabel#LblSim { background: %1; color: black; font-weight: bold; }").arg(Hex(st.BackColour)));
     const QString list = QStringLiteral("QComboBox { background: %1; }").arg(Hex(st.ListBackColour));
     cmbDataType_->setStyleSheet(list);
     cmbDataVal_->setStyleSheet(list);

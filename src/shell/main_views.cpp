@@ -31,7 +31,8 @@ namespace {
 class ViewSubWindow : public QMdiSubWindow {
 public:
     ViewSubWindow(std::function<bool()> mayClose, QWidget* parent)
-        : QMdiSubWindow(parent), mayClose_(std::move(mayClose)) {}
+        : QMdiSubWindow(parent),
+          mayClose_(std::move(mayClose)) {}
 
 protected:
     void closeEvent(QCloseEvent* event) override {
@@ -155,7 +156,8 @@ void MainWindow::OnSubWindowActivated(QMdiSubWindow* sub) {
     int n = -1;
     for (int i = 0; i < edit::MaxViewWindows; ++i)
         if (subs_[static_cast<std::size_t>(i)] == sub) n = i;
-    if (n < 0 || sub->isMinimized() || !views_[static_cast<std::size_t>(n)] || views_[static_cast<std::size_t>(n)]->Number() < 0)
+    if (n < 0 || sub->isMinimized() || !views_[static_cast<std::size_t>(n)] ||
+        views_[static_cast<std::size_t>(n)]->Number() < 0)
         return;
     dispatcher_->CancelGesture();
     SyncArea(n);
@@ -225,7 +227,8 @@ void MainWindow::TileWindows(int how) {
     if (windows_.IsOpen(windows_.CurWin) && !windows_.Switching) edit::SaveCurrentWindowState(*model_, *ds_, windows_);
     std::vector<QMdiSubWindow*> open;
     for (int n = 0; n < edit::MaxViewWindows; ++n)
-        if (windows_.IsOpen(n) && subs_[static_cast<std::size_t>(n)]) open.push_back(subs_[static_cast<std::size_t>(n)]);
+        if (windows_.IsOpen(n) && subs_[static_cast<std::size_t>(n)])
+            open.push_back(subs_[static_cast<std::size_t>(n)]);
     if (open.empty()) return;
     windows_.Switching = true;
     if (how == 2) {
@@ -411,10 +414,8 @@ bool MainWindow::CommandAvailable(int value) const {
     case edit::cmd::SingleMulti:
     case edit::cmd::UpdateScreen:
     case edit::cmd::Smoke:
-    case edit::cmd::Sourcing:
-        return true;
-    default:
-        return false;
+    case edit::cmd::Sourcing: return true;
+    default: return false;
     }
 }
 
@@ -448,9 +449,7 @@ void MainWindow::ToolRelease(const edit::ToolEvent& event) {
                                                 "version; hold the right button over an airway for its figures"),
                                  5000);
         return;
-    default:
-        CommandUnavailable(dispatcher_->State().CommandValue);
-        return;
+    default: CommandUnavailable(dispatcher_->State().CommandValue); return;
     }
 }
 

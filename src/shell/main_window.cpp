@@ -6,12 +6,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTimer>
@@ -102,7 +102,9 @@ private:
 };
 
 MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
-    : QMainWindow(parent), ui_(ui), model_(std::make_unique<Model>()),
+    : QMainWindow(parent),
+      ui_(ui),
+      model_(std::make_unique<Model>()),
       ds_(std::make_unique<display::DisplayState>()) {
     qtUi_ = dynamic_cast<QtUserInterface*>(&ui_);
     if (qtUi_) {
@@ -203,8 +205,7 @@ template <typename Step>
 void Passing(Step&& step) {
     try {
         step();
-    } catch (...) {
-    }
+    } catch (...) {}
 }
 
 } // namespace
@@ -307,7 +308,8 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     auto* widget = qobject_cast<QWidget*>(watched);
     if (!widget || widget->window() != this || qobject_cast<ViewWindow*>(widget)) return false;
     // The tool bar and the lists pass the keys of the views on to them; text boxes keep theirs.
-    if (qobject_cast<QLineEdit*>(widget) || (qobject_cast<QComboBox*>(widget) && static_cast<QComboBox*>(widget)->isEditable()))
+    if (qobject_cast<QLineEdit*>(widget) ||
+        (qobject_cast<QComboBox*>(widget) && static_cast<QComboBox*>(widget)->isEditable()))
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) return false;

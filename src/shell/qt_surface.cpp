@@ -34,8 +34,7 @@ QColor QtSurface::ToQColor(display::Colour colour) {
     return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF), static_cast<int>((c >> 16) & 0xFF));
 }
 
-QtSurface::QtSurface(int width, int height)
-    : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32) {
+QtSurface::QtSurface(int width, int height) : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32) {
     image_.fill(Qt::black);
     width_ = static_cast<float>(image_.width());
     height_ = static_cast<float>(image_.height());
@@ -72,8 +71,8 @@ QPointF QtSurface::ToPixel(double x, double y) const {
 }
 
 void QtSurface::SetCoordinateBox(float left, float top, float width, float height) {
-    if (!std::isfinite(left) || !std::isfinite(top) || !std::isfinite(width) || !std::isfinite(height) ||
-        width == 0 || height == 0)
+    if (!std::isfinite(left) || !std::isfinite(top) || !std::isfinite(width) || !std::isfinite(height) || width == 0 ||
+        height == 0)
         return;
     FlushLines();
     left_ = left;
@@ -162,7 +161,8 @@ const QFontMetricsF& QtSurface::Metrics() {
 
 void QtSurface::UsePen(display::Colour colour) {
     const display::Colour c = mode_ == display::DrawMode::Invert ? 0xFFFFFF : colour;
-    if (painterPenSet_ && painterPenColour_ == c && painterPenWidth_ == lineWidth_ && painterPenStyle_ == style_) return;
+    if (painterPenSet_ && painterPenColour_ == c && painterPenWidth_ == lineWidth_ && painterPenStyle_ == style_)
+        return;
     QPen pen(ToQColor(c));
     pen.setWidth(lineWidth_);
     pen.setCosmetic(true);
@@ -286,8 +286,8 @@ const QImage& QtSurface::SymbolImage(int symbol, int w, int h) {
 
 void QtSurface::PutBitmap(int symbol, float x, float y, float width, float height) {
     FlushLines();
-    const QRectF r = QRectF(ToPixel(x, y), ToPixel(static_cast<double>(x) + width, static_cast<double>(y) + height))
-                         .normalized();
+    const QRectF r =
+        QRectF(ToPixel(x, y), ToPixel(static_cast<double>(x) + width, static_cast<double>(y) + height)).normalized();
     const int w = static_cast<int>(std::lround(r.width()));
     const int h = static_cast<int>(std::lround(r.height()));
     // Symbols below two pixels show nothing; those larger than the area are not drawn either.

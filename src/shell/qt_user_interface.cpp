@@ -31,16 +31,11 @@ namespace {
 
 QMessageBox::Icon BoxIcon(ui::Icon icon) {
     switch (icon) {
-    case ui::Icon::Information:
-        return QMessageBox::Information;
-    case ui::Icon::Exclamation:
-        return QMessageBox::Warning;
-    case ui::Icon::Critical:
-        return QMessageBox::Critical;
-    case ui::Icon::Question:
-        return QMessageBox::Question;
-    case ui::Icon::None:
-        break;
+    case ui::Icon::Information: return QMessageBox::Information;
+    case ui::Icon::Exclamation: return QMessageBox::Warning;
+    case ui::Icon::Critical: return QMessageBox::Critical;
+    case ui::Icon::Question: return QMessageBox::Question;
+    case ui::Icon::None: break;
     }
     return QMessageBox::NoIcon;
 }
@@ -74,13 +69,10 @@ void QtUserInterface::Message(const std::string& text, const std::string& title,
     box.exec();
 }
 
-ui::Answer QtUserInterface::Ask(const std::string& text, const std::string& title, ui::Buttons buttons,
-                                ui::Icon icon) {
+ui::Answer QtUserInterface::Ask(const std::string& text, const std::string& title, ui::Buttons buttons, ui::Icon icon) {
     QMessageBox box(BoxIcon(icon), Title(title), FromMessage(text), QMessageBox::NoButton, DialogParent());
     switch (buttons) {
-    case ui::Buttons::OK:
-        box.setStandardButtons(QMessageBox::Ok);
-        break;
+    case ui::Buttons::OK: box.setStandardButtons(QMessageBox::Ok); break;
     case ui::Buttons::OKCancel:
         box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
         box.setDefaultButton(QMessageBox::Ok);
@@ -99,14 +91,10 @@ ui::Answer QtUserInterface::Ask(const std::string& text, const std::string& titl
     }
     box.exec();
     switch (box.standardButton(box.clickedButton())) {
-    case QMessageBox::Ok:
-        return ui::Answer::OK;
-    case QMessageBox::Yes:
-        return ui::Answer::Yes;
-    case QMessageBox::No:
-        return ui::Answer::No;
-    default:
-        break;
+    case QMessageBox::Ok: return ui::Answer::OK;
+    case QMessageBox::Yes: return ui::Answer::Yes;
+    case QMessageBox::No: return ui::Answer::No;
+    default: break;
     }
     // A box closed by its frame counts as the cautious answer.
     return buttons == ui::Buttons::YesNo ? ui::Answer::No

@@ -31,8 +31,7 @@ void Arrow(QPainter& p, double x1, double y1, double z1, double x2, double y2, d
     const QPointF m = a + (b - a) * 0.6;
     const double angle = std::atan2(b.y() - a.y(), b.x() - a.x());
     p.setPen(QPen(c, 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    for (double side : {2.6, -2.6})
-        p.drawLine(m, m + QPointF(8 * std::cos(angle + side), 8 * std::sin(angle + side)));
+    for (double side : {2.6, -2.6}) p.drawLine(m, m + QPointF(8 * std::cos(angle + side), 8 * std::sin(angle + side)));
 }
 
 } // namespace

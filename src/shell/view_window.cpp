@@ -14,14 +14,10 @@ namespace {
 
 int ButtonOf(Qt::MouseButton b) {
     switch (b) {
-    case Qt::LeftButton:
-        return 1;
-    case Qt::RightButton:
-        return 2;
-    case Qt::MiddleButton:
-        return 4;
-    default:
-        return 0;
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
     }
 }
 
@@ -35,7 +31,10 @@ int ShiftOf(Qt::KeyboardModifiers m) { return (m & Qt::ShiftModifier) ? 1 : 0; }
 } // namespace
 
 ViewWindow::ViewWindow(int number, ViewWindowEvents& events, QWidget* parent)
-    : QWidget(parent), number_(number), events_(events), surface_(400, 300) {
+    : QWidget(parent),
+      number_(number),
+      events_(events),
+      surface_(400, 300) {
     setObjectName(QStringLiteral("frmWindow%1").arg(number));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
@@ -47,20 +46,13 @@ ViewWindow::ViewWindow(int number, ViewWindowEvents& events, QWidget* parent)
 
 int ViewWindow::KeyCode(int qtKey) {
     switch (qtKey) {
-    case Qt::Key_Backspace:
-        return edit::key::Backspace;
-    case Qt::Key_Tab:
-        return edit::key::Tab;
-    case Qt::Key_Escape:
-        return edit::key::Escape;
-    case Qt::Key_Home:
-        return edit::key::Home;
-    case Qt::Key_Up:
-        return edit::key::Up;
-    case Qt::Key_Down:
-        return edit::key::Down;
-    default:
-        break;
+    case Qt::Key_Backspace: return edit::key::Backspace;
+    case Qt::Key_Tab: return edit::key::Tab;
+    case Qt::Key_Escape: return edit::key::Escape;
+    case Qt::Key_Home: return edit::key::Home;
+    case Qt::Key_Up: return edit::key::Up;
+    case Qt::Key_Down: return edit::key::Down;
+    default: break;
     }
     if (qtKey >= Qt::Key_F2 && qtKey <= Qt::Key_F12) return edit::key::F2 + (qtKey - Qt::Key_F2);
     return 0;

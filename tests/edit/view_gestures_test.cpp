@@ -88,7 +88,8 @@ TEST(Pan, ThePictureFollowsThePointerWhateverTheAxisSigns) {
         const float startX = v.CentreX, startY = v.CentreY;
         // A world point under the press, in window coordinates.
         const float pressX = 100, pressY = 50;
-        const double worldX = startX + sign * static_cast<double>(pressX), worldY = startY + sign * static_cast<double>(pressY);
+        const double worldX = startX + sign * static_cast<double>(pressX),
+                     worldY = startY + sign * static_cast<double>(pressY);
         PanView(s.M, s.Ds, startX, startY, pressX, pressY, 160, 20);
         // The same world point now lies under the pointer.
         EXPECT_NEAR(v.CentreX + sign * 160.0, worldX, 1e-3) << "sign " << sign;

@@ -46,7 +46,8 @@ struct FormScene {
         Ui.Temp = Temp.Path.string();
     }
 
-    std::int32_t Add(std::int32_t x1, std::int32_t y1, std::int32_t z1, std::int32_t x2, std::int32_t y2, std::int32_t z2) {
+    std::int32_t Add(std::int32_t x1, std::int32_t y1, std::int32_t z1, std::int32_t x2, std::int32_t y2,
+                     std::int32_t z2) {
         const std::int32_t row = ++M.AirwayCount;
         Airway& a = M.Airways[static_cast<std::size_t>(row)];
         a = Airway{};

@@ -144,8 +144,8 @@ TEST(Axes, EachSwapDoneTwiceRestoresCoordinatesAndSigns) {
 
 TEST(OneSense, AirwaysDrawnBothWaysBetweenTheSameEndsComeOutAlike) {
     FormScene s;
-    const std::int32_t ends[][6] = {{10, 0, 0, 0, 5, 9}, {0, 9, 4, 0, 2, 1}, {3, 3, 9, 3, 3, 1}, {0, 0, 7, 5, -7, 7},
-                                    {4, 4, 4, 8, 2, 4}};
+    const std::int32_t ends[][6] = {
+        {10, 0, 0, 0, 5, 9}, {0, 9, 4, 0, 2, 1}, {3, 3, 9, 3, 3, 1}, {0, 0, 7, 5, -7, 7}, {4, 4, 4, 8, 2, 4}};
     for (const auto& e : ends) {
         s.Add(e[0], e[1], e[2], e[3], e[4], e[5]);
         s.Add(e[3], e[4], e[5], e[0], e[1], e[2]);

@@ -28,9 +28,8 @@ TEST(NamedViews, NamesAreCheckedAndTakeTheFirstFreeSlot) {
     s.Ui.Inputs = {std::string("North, upper"), std::string("\"North\""), std::string(" North"), std::string("#1"),
                    std::string("")};
     for (int i = 0; i < 5; ++i) EXPECT_EQ(SaveNamedView(s.M, s.Ds, s.Ui), "");
-    EXPECT_EQ(s.Ui.Texts("Message"),
-              (std::vector<std::string>{"No commas allowed in name !", "Invalid view name", "Invalid view name",
-                                        "Invalid view name"}));
+    EXPECT_EQ(s.Ui.Texts("Message"), (std::vector<std::string>{"No commas allowed in name !", "Invalid view name",
+                                                               "Invalid view name", "Invalid view name"}));
 
     s.Ds.View.ScaleWidth = 777;
     s.Ui.Inputs.push_back(std::string("North"));
@@ -51,7 +50,8 @@ TEST(NamedViews, NamesAreCheckedAndTakeTheFirstFreeSlot) {
     EXPECT_FLOAT_EQ(s.M.SavedViews[6].ViewParam[5], 888);
 
     // The user's slots end before slot 100, which window 0 uses.
-    for (int slot = 7; slot <= 99; ++slot) s.M.SavedViews[static_cast<std::size_t>(slot)].ViewName = "v" + std::to_string(slot);
+    for (int slot = 7; slot <= 99; ++slot)
+        s.M.SavedViews[static_cast<std::size_t>(slot)].ViewName = "v" + std::to_string(slot);
     s.Ui.Inputs.push_back(std::string("South"));
     EXPECT_EQ(SaveNamedView(s.M, s.Ds, s.Ui), "");
     EXPECT_TRUE(s.Ui.Said("No view slots available to save view"));

@@ -1,6 +1,7 @@
 // The main window: start-up, menus and tool bar, files, runs, the end.
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QFile>
 #include <QLabel>
 #include <QListWidget>
@@ -10,7 +11,6 @@
 #include <QSlider>
 #include <QTimer>
 #include <QToolBar>
-#include <QDialog>
 
 #include "contaminant/colours.h"
 #include "dialogs/number_edit.h"
@@ -60,23 +60,25 @@ void MainWindowTest::buildsEveryMenuAndToolButtonInOrder() {
     QCOMPARE(menus, (QStringList{"&File", "&Edit", "&View", "&Run", "&Tools", "&Window", "&Help"}));
 
     // The commands of this version work; the others are there, disabled, and say why.
-    for (const char* name : {"mnuNewFile", "mnuOpenFile", "mnuSaveFile", "mnuSaveAs", "mnuMergeFile", "mnuComment",
-                             "mnuMessage", "mnuReLoadDef", "mnuSaveDef", "mnuReLoadFan", "mnuSaveFan", "mnuExit",
-                             "mnuExecute", "mnuFire", "mnuTrace", "mnuFindResFans", "mnuDupAir", "mnuProblems",
-                             "mnuRemoveRedund", "mnnuNonConverge", "mnuResetAirflows", "mnuNewWindow", "mnuTileH",
-                             "mnuTileV", "MnuTileC", "mnuFreeze", "mnuPlanS", "mnu3d", "mnuLevels0", "mnuLevels1",
-                             "mnuLevels2", "mnuLevels3", "mnuShowLayers", "mnuViewData", "mnuSaveView", "mnuDelView",
-                             "mnuHelp", "mnuAbout", "mnuWebPage", "mnuDeselect", "mnuConfirm", "mnuFixL", "mnuUnFixL",
-                             "mnuAutoName", "mnuAutoNodes", "mnuResetAir", "mnuchecknumbers", "mnuRevCoord",
-                             "mnuReverse", "mnuremdup", "mnuPres", "mnuRmvFlow", "mnuClrSmoke", "mnuClrSources",
-                             "mnuDXFTrue", "MnuDXFScreen", "mnuExportData", "MnuDXF", "mnuImportData", "mnuSimp"}) {
+    for (const char* name :
+         {"mnuNewFile",       "mnuOpenFile",     "mnuSaveFile",   "mnuSaveAs",       "mnuMergeFile",
+          "mnuComment",       "mnuMessage",      "mnuReLoadDef",  "mnuSaveDef",      "mnuReLoadFan",
+          "mnuSaveFan",       "mnuExit",         "mnuExecute",    "mnuFire",         "mnuTrace",
+          "mnuFindResFans",   "mnuDupAir",       "mnuProblems",   "mnuRemoveRedund", "mnnuNonConverge",
+          "mnuResetAirflows", "mnuNewWindow",    "mnuTileH",      "mnuTileV",        "MnuTileC",
+          "mnuFreeze",        "mnuPlanS",        "mnu3d",         "mnuLevels0",      "mnuLevels1",
+          "mnuLevels2",       "mnuLevels3",      "mnuShowLayers", "mnuViewData",     "mnuSaveView",
+          "mnuDelView",       "mnuHelp",         "mnuAbout",      "mnuWebPage",      "mnuDeselect",
+          "mnuConfirm",       "mnuFixL",         "mnuUnFixL",     "mnuAutoName",     "mnuAutoNodes",
+          "mnuResetAir",      "mnuchecknumbers", "mnuRevCoord",   "mnuReverse",      "mnuremdup",
+          "mnuPres",          "mnuRmvFlow",      "mnuClrSmoke",   "mnuClrSources",   "mnuDXFTrue",
+          "MnuDXFScreen",     "mnuExportData",   "MnuDXF",        "mnuImportData",   "mnuSimp"}) {
         QAction* a = rig.W().action(QString::fromLatin1(name));
         QVERIFY2(a, name);
         QVERIFY2(a->isEnabled(), name);
     }
     for (const char* name : {"mnuUndo", "mnuRedo", "mnuPrint", "mnuPsetup", "mnuFanData", "mnuRLBase", "mnuPower",
-                             "mnuOptionShow", "mnuConvert",
-                             "mnuBar1", "mnuFBName"}) {
+                             "mnuOptionShow", "mnuConvert", "mnuBar1", "mnuFBName"}) {
         QAction* a = rig.W().action(QString::fromLatin1(name));
         QVERIFY2(a, name);
         QVERIFY2(!a->isEnabled(), name);
@@ -216,7 +218,8 @@ void MainWindowTest::aFailedRunShowsTheErrorListAndGotoFindsTheAirway() {
     QVERIFY(list->count() >= 2);
     int exitLine = -1;
     for (int i = 0; i < list->count(); ++i)
-        if (list->item(i)->data(Qt::UserRole).toString().endsWith(QStringLiteral("\tNo exit from branch"))) exitLine = i;
+        if (list->item(i)->data(Qt::UserRole).toString().endsWith(QStringLiteral("\tNo exit from branch")))
+            exitLine = i;
     QVERIFY(exitLine >= 0);
     list->setCurrentRow(exitLine);
     const std::int32_t airwayNo = errors->SelectedAirwayNo();
