@@ -4,12 +4,10 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "dialogs/print_image.h"
 #include "shell/qt_text.h"
 
 namespace karvane::dialogs {
@@ -53,21 +51,8 @@ SummaryDialog::SummaryDialog(const forms::SummaryTexts& t, QWidget* parent) : QD
     buttons->addWidget(ok);
     layout->addLayout(buttons);
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
-    connect(print, &QPushButton::clicked, this, &SummaryDialog::PrintImage);
+    connect(print, &QPushButton::clicked, this, [this] { PrintWindowImage(this, 0.5); });
 }
 
-void SummaryDialog::PrintImage() {
-    const QPixmap picture = grab();
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    QPainter painter(&printer);
-    const QRect page = painter.viewport();
-    QSize size = picture.size();
-    size.scale(page.size() / 2, Qt::KeepAspectRatio);
-    painter.setViewport(page.x(), page.y(), size.width(), size.height());
-    painter.setWindow(picture.rect());
-    painter.drawPixmap(0, 0, picture);
-}
 
 } // namespace karvane::dialogs

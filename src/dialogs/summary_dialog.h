@@ -11,9 +11,6 @@ class SummaryDialog : public QDialog {
     Q_OBJECT
 public:
     SummaryDialog(const forms::SummaryTexts& texts, QWidget* parent = nullptr);
-
-private:
-    void PrintImage();
 };
 
 } // namespace karvane::dialogs

@@ -10,15 +10,13 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
 #include "dialogs/number_edit.h"
+#include "dialogs/print_image.h"
 #include "display/view_state.h"
 #include "shell/qt_text.h"
 
@@ -254,7 +252,7 @@ LayersDialog::LayersDialog(const forms::LayerFields& fields, QWidget* parent) : 
         forms::ResetLayers(f);
         Show(f);
     });
-    connect(print, &QPushButton::clicked, this, [this] { PrintImage(); });
+    connect(print, &QPushButton::clicked, this, [this] { PrintWindowImage(this, 1.0); });
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     Show(fields);
     resize(900, 560);
@@ -314,20 +312,6 @@ forms::LayerFields LayersDialog::Fields() const {
     for (std::size_t i = 0; i < show_.size(); ++i)
         if (show_[i]->isChecked()) f.ShowBits |= bits[i];
     return f;
-}
-
-void LayersDialog::PrintImage() {
-    const QPixmap picture = grab();
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() != QDialog::Accepted) return;
-    QPainter painter(&printer);
-    const QRect page = painter.viewport();
-    QSize size = picture.size();
-    size.scale(page.size(), Qt::KeepAspectRatio);
-    painter.setViewport(page.x(), page.y(), size.width(), size.height());
-    painter.setWindow(picture.rect());
-    painter.drawPixmap(0, 0, picture);
 }
 
 } // namespace karvane::dialogs

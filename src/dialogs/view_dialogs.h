@@ -46,7 +46,6 @@ public:
 private:
     void Show(const forms::LayerFields& fields);
     void MarkDrawLayers();
-    void PrintImage();
 
     forms::LayerFields fields_;
     std::array<QCheckBox*, PrimaryLayerCount + 1> primaryOn_{};

@@ -113,14 +113,23 @@ bool LoadNamedFile(Model& model, ui::UserInterface& ui, FileCommandHost& host, c
     return Load(model, ui, host, path, false);
 }
 
-bool SaveCommand(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
-    if (TrimText(model.FileName).empty() || IsMasterFileName(model.FileName)) return SaveAsCommand(model, ui, host);
+namespace {
+
+// The save of a network under the name it has, with the windows told before and after.
+bool SaveUnderItsName(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
     host.BeforeSave();
     const bool saved = files::SaveNetwork(model, ui, 0);
     host.AfterSave();
     host.RecentFilesChanged();
     host.TitleChanged();
     return saved;
+}
+
+} // namespace
+
+bool SaveCommand(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
+    if (TrimText(model.FileName).empty() || IsMasterFileName(model.FileName)) return SaveAsCommand(model, ui, host);
+    return SaveUnderItsName(model, ui, host);
 }
 
 bool SaveAsCommand(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
@@ -148,12 +157,7 @@ bool SaveAsCommand(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
     model.FileName = *choice;
     model.MasterFile = IsMasterFileName(*choice);
     host.TitleChanged();
-    host.BeforeSave();
-    const bool saved = files::SaveNetwork(model, ui, 0);
-    host.AfterSave();
-    host.RecentFilesChanged();
-    host.TitleChanged();
-    return saved;
+    return SaveUnderItsName(model, ui, host);
 }
 
 void MergeCommand(Model& model, ui::UserInterface& ui, FileCommandHost& host) {
