@@ -25,6 +25,7 @@ namespace {
 
 // Options for making pictures of the program without anyone at the screen:
 //   --screenshot FILE   the screen is saved to FILE once the steps have run, and the program ends
+//   --title-shot FILE   the screen is saved to FILE while the title window stands
 //   --do STEPS          steps separated by commas: a menu entry or tool button by name
 //                       (mnuExecute, Tool24, ...), combo:NAME=INDEX (a choice from a list of
 //                       the tool bar), click:XxY (the left button on the current view),
@@ -34,6 +35,7 @@ namespace {
 //                       runshot:FILE (the screen saved while the next run stands at 70 per cent)
 struct PictureRun {
     QString Screenshot;
+    QString TitleShot; // --title-shot FILE: the screen while the title window stands
     QStringList Steps;
 };
 
@@ -124,6 +126,8 @@ int main(int argc, char** argv) {
     for (qsizetype i = 1; i < args.size(); ++i) {
         if (args[i] == QStringLiteral("--screenshot") && i + 1 < args.size()) {
             pictures.Screenshot = args[++i];
+        } else if (args[i] == QStringLiteral("--title-shot") && i + 1 < args.size()) {
+            pictures.TitleShot = args[++i];
         } else if (args[i] == QStringLiteral("--do") && i + 1 < args.size()) {
             pictures.Steps = args[++i].split(QLatin1Char(','), Qt::SkipEmptyParts);
         } else if (argument.empty()) {
@@ -151,6 +155,7 @@ int main(int argc, char** argv) {
                                [&main, &pictures] { RunSteps(*main, pictures.Steps, pictures.Screenshot); });
     };
     title->show();
+    if (!pictures.TitleShot.isEmpty()) QTimer::singleShot(700, [&pictures] { SaveScreen(pictures.TitleShot); });
     const int code = app.exec();
     main.reset();
     return code;

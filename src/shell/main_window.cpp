@@ -322,8 +322,11 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void MainWindow::ShowViewStatus() {
     display::StatusLabels& l = ds_->Labels;
-    // A plan view shows its centre beside the coordinates too (a 3D view's rotation sets them).
+    // A plan view shows its centre beside the coordinates too (a 3D view's rotation sets them),
+    // and coordinates where a 3D view showed its angles.
     if (ds_->View.Is3D == 0) {
+        if (l.LabelX.starts_with("RotX") && windows_.IsOpen(windows_.CurWin))
+            display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
         l.CentreX = files::PlainSingle(ds_->View.CentreX, ds_->DecimalSeparator);
         l.CentreY = files::PlainSingle(ds_->View.CentreY, ds_->DecimalSeparator);
     }

@@ -18,7 +18,7 @@ namespace karvane::shell {
 namespace {
 
 // An oblique projection of mine coordinates (x east, y north, z up) onto the picture.
-QPointF Project(double x, double y, double z) { return {300 + x * 1.0 + y * 0.55, 210 - z * 0.9 - y * 0.32}; }
+QPointF Project(double x, double y, double z) { return {290 + x * 1.0 + y * 0.55, 186 - z * 0.86 - y * 0.32}; }
 
 void Airway(QPainter& p, double x1, double y1, double z1, double x2, double y2, double z2, const QColor& c,
             double w = 3.0) {
@@ -46,8 +46,8 @@ void TitlePicture::paintEvent(QPaintEvent*) {
     p.setRenderHint(QPainter::Antialiasing);
     QLinearGradient sky(0, 0, 0, height());
     sky.setColorAt(0, QColor(16, 32, 56));
-    sky.setColorAt(0.45, QColor(30, 62, 104));
-    sky.setColorAt(0.46, QColor(58, 46, 38));
+    sky.setColorAt(0.38, QColor(30, 62, 104));
+    sky.setColorAt(0.39, QColor(58, 46, 38));
     sky.setColorAt(1, QColor(24, 20, 18));
     p.fillRect(rect(), sky);
 
@@ -55,7 +55,7 @@ void TitlePicture::paintEvent(QPaintEvent*) {
     p.setPen(Qt::NoPen);
     for (int i = 0; i < 6; ++i) {
         p.setBrush(QColor(90 - i * 8, 72 - i * 6, 58 - i * 5, 60));
-        p.drawRect(QRectF(0, 140 + i * 28, width(), 14));
+        p.drawRect(QRectF(0, 124 + i * 30, width(), 15));
     }
 
     const QColor intake(90, 200, 255), exhaust(255, 110, 90), drive(235, 235, 235), surface(140, 220, 120);
