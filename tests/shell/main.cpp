@@ -18,5 +18,9 @@ int main(int argc, char** argv) {
         karvane::shell::testing::ViewWindowTest test;
         status |= QTest::qExec(&test, argc, argv);
     }
+    {
+        karvane::shell::testing::SurfaceTest test;
+        status |= QTest::qExec(&test, argc, argv);
+    }
     return status;
 }

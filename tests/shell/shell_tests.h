@@ -34,4 +34,13 @@ private Q_SLOTS:
     void namedViewsAreSavedAndChosenFromTheList();
 };
 
+// The drawing surface of the view windows.
+class SurfaceTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void mapsTheCoordinateBoxOntoThePixels();
+    void invertModeTakesARubberBandAwayAgain();
+    void fillsSymbolsAndTextLandInTheirPlaces();
+};
+
 } // namespace karvane::shell::testing
