@@ -41,6 +41,7 @@ private Q_SLOTS:
     void mapsTheCoordinateBoxOntoThePixels();
     void invertModeTakesARubberBandAwayAgain();
     void fillsSymbolsAndTextLandInTheirPlaces();
+    void textsAndFiltersCrossTheQtEdgeIntact();
 };
 
 } // namespace karvane::shell::testing

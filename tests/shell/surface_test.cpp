@@ -3,6 +3,8 @@
 
 #include "display/surface.h"
 #include "shell/qt_surface.h"
+#include "shell/qt_text.h"
+#include "shell/qt_user_interface.h"
 #include "shell_tests.h"
 
 namespace karvane::shell::testing {
@@ -83,6 +85,26 @@ void SurfaceTest::fillsSymbolsAndTextLandInTheirPlaces() {
     s.SetFontSize(1);
     s.PrintText("WWWW");
     QCOMPARE(PixelsNot(s.Picture(), qRgb(0, 0, 0)), 0);
+}
+
+void SurfaceTest::textsAndFiltersCrossTheQtEdgeIntact() {
+    // Names keep their bytes of the network file's code page, the signs of 0x80 to 0x9F too.
+    const std::string name = "Stope \x80 5 \xE9tage \x96 Nord";
+    const QString shown = FromCp1252(name);
+    QCOMPARE(shown, QString::fromUtf8("Stope \u20ac 5 \u00e9tage \u2013 Nord"));
+    QCOMPARE(ToCp1252(shown), name);
+    QCOMPARE(ToCp1252(QString::fromUtf8("\u4e2d")), std::string("?"));
+    // A message holding a path in UTF-8 shows the path's letters.
+    QCOMPARE(FromMessage("/mines/Pi\xC3\xB1"
+                         "a.sim"),
+             QString::fromUtf8("/mines/Pi\u00f1a.sim"));
+    QCOMPARE(FromMessage("ERROR 53: That file doesn't exist."), QStringLiteral("ERROR 53: That file doesn't exist."));
+
+    QCOMPARE(QtUserInterface::QtFilter("Karvane Data (*.sim)|*.sim|Master Files (*.smm)|*.smm|All Files (*.*)|*.*"),
+             std::string("Karvane Data (*.sim);;Master Files (*.smm);;All Files (*.*)"));
+    QCOMPARE(QtUserInterface::QtFilter("Pictures|*.BMP"), std::string("Pictures (*.BMP)"));
+    QCOMPARE(QtUserInterface::QtFilter("Network (*.sim);;Master (*.smm)"),
+             std::string("Network (*.sim);;Master (*.smm)"));
 }
 
 } // namespace karvane::shell::testing
