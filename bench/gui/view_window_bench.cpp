@@ -123,8 +123,9 @@ void PanStep(benchmark::State& state) {
 }
 BENCHMARK(PanStep)->Unit(benchmark::kMillisecond);
 
+// Full redraws with annotation: the first view of one level in plan, and all levels in the iso view.
 void FullRedraw(benchmark::State& state) {
-    auto window = OpenWindow();
+    auto window = state.range(0) == 0 ? OpenWindow() : IsoWindow();
     shell::ViewWindow* view = window->view(window->windowTable().CurWin);
     for (auto _ : state) {
         window->RedrawWindow();
@@ -132,18 +133,7 @@ void FullRedraw(benchmark::State& state) {
     }
     state.counters["drawn"] = static_cast<double>(window->display().Drawn.size());
 }
-BENCHMARK(FullRedraw)->Unit(benchmark::kMillisecond);
-
-void FullRedrawIso(benchmark::State& state) {
-    auto window = IsoWindow();
-    shell::ViewWindow* view = window->view(window->windowTable().CurWin);
-    for (auto _ : state) {
-        window->RedrawWindow();
-        view->repaint();
-    }
-    state.counters["drawn"] = static_cast<double>(window->display().Drawn.size());
-}
-BENCHMARK(FullRedrawIso)->Unit(benchmark::kMillisecond);
+BENCHMARK(FullRedraw)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // The annotation pass alone on the window's surface, and on a surface that draws nothing: the
 // difference is the painter's own share.

@@ -105,6 +105,16 @@ bool EnterNewWindow(Model& model, display::DisplayState& ds, ViewWindowTable& ta
     return false;
 }
 
+void ShareCurrentView(Model& model, const display::DisplayState& ds, ViewWindowTable& table) {
+    if (!table.IsOpen(table.CurWin)) return;
+    SaveCurrentWindowState(model, ds, table);
+    for (int n = 0; n < MaxViewWindows; ++n) {
+        if (n == table.CurWin || !table.IsOpen(n)) continue;
+        display::CopyViewSlot(model, display::WindowSlot(table.CurWin), display::WindowSlot(n));
+        Entry(table, n).StateSaved = true;
+    }
+}
+
 int CloseViewWindow(Model& model, display::DisplayState& ds, ViewWindowTable& table, int window) {
     if (!table.IsOpen(window)) return table.CurWin;
     const bool wasCurrent = window == table.CurWin;

@@ -54,6 +54,9 @@ int NumberForNewWindow(const ViewWindowTable& table, ui::UserInterface& ui);
 // has no view to copy: the front end fits it once it knows the window's size.
 bool EnterNewWindow(Model& model, display::DisplayState& ds, ViewWindowTable& table, int window);
 
+// A new network: every other open window starts from the current window's view.
+void ShareCurrentView(Model& model, const display::DisplayState& ds, ViewWindowTable& table);
+
 // A window closed: its entry is cleared and the highest remaining window becomes current,
 // its view loaded. Returns the new current window, -1 when none is left.
 int CloseViewWindow(Model& model, display::DisplayState& ds, ViewWindowTable& table, int window);

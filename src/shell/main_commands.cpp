@@ -117,13 +117,16 @@ void MainWindow::ReseedAirflows() {
     RedrawAllWindows();
 }
 
+void MainWindow::RebuildCurrentView() {
+    if (!windows_.IsOpen(windows_.CurWin)) return;
+    SyncArea(windows_.CurWin);
+    display::BuildDisplayList(*model_, *ds_);
+    display::ApplyRotation(*model_, *ds_);
+}
+
 void MainWindow::AfterRun() {
     // A run leaves the rows in a new order: the lists of the views are built again.
-    if (windows_.IsOpen(windows_.CurWin)) {
-        SyncArea(windows_.CurWin);
-        display::BuildDisplayList(*model_, *ds_);
-        display::ApplyRotation(*model_, *ds_);
-    }
+    RebuildCurrentView();
     RedrawAllWindows();
     ShowErrorList();
     ShowSimIndicator();
@@ -433,10 +436,7 @@ void MainWindow::NetworkCommand(const char* name) {
     Model& m = *model_;
     auto changed = [this] {
         model_->NetworkSaved = No0;
-        if (windows_.IsOpen(windows_.CurWin)) {
-            display::BuildDisplayList(*model_, *ds_);
-            display::ApplyRotation(*model_, *ds_);
-        }
+        RebuildCurrentView();
         RedrawAllWindows();
     };
     const bool window = windows_.IsOpen(windows_.CurWin) && !ds_->WindowFrozen;
@@ -640,13 +640,7 @@ void MainWindow::AfterLoad(const files::LoadReport& report) {
     level.CurrentLevel = report.CurrentLevel;
     level.CurRL = report.CurRL;
     display::ShowLoadedNetwork(*model_, *ds_, ui_, report.StartupViewRead, level);
-    // Every other window starts from the view of the new network.
-    edit::SaveCurrentWindowState(*model_, *ds_, windows_);
-    for (int n = 0; n < edit::MaxViewWindows; ++n) {
-        if (n == windows_.CurWin || !windows_.IsOpen(n)) continue;
-        display::CopyViewSlot(*model_, display::WindowSlot(windows_.CurWin), display::WindowSlot(n));
-        windows_.Windows[static_cast<std::size_t>(n)].StateSaved = true;
-    }
+    edit::ShareCurrentView(*model_, *ds_, windows_);
     if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
     FillViewList();
     ApplySettingsTimers();
@@ -659,11 +653,7 @@ void MainWindow::AfterLoad(const files::LoadReport& report) {
 }
 
 void MainWindow::AfterMerge() {
-    if (windows_.IsOpen(windows_.CurWin)) {
-        SyncArea(windows_.CurWin);
-        display::BuildDisplayList(*model_, *ds_);
-        display::ApplyRotation(*model_, *ds_);
-    }
+    RebuildCurrentView();
     RefreshControls();
     RedrawAllWindows();
 }
@@ -682,12 +672,7 @@ void MainWindow::AfterNewNetwork() {
     ds_->View.Is3D = 0;
     display::BuildDisplayList(*model_, *ds_);
     display::FitView(*model_, *ds_, ui_);
-    edit::SaveCurrentWindowState(*model_, *ds_, windows_);
-    for (int n = 0; n < edit::MaxViewWindows; ++n) {
-        if (n == windows_.CurWin || !windows_.IsOpen(n)) continue;
-        display::CopyViewSlot(*model_, display::WindowSlot(windows_.CurWin), display::WindowSlot(n));
-        windows_.Windows[static_cast<std::size_t>(n)].StateSaved = true;
-    }
+    edit::ShareCurrentView(*model_, *ds_, windows_);
     if (fileNote_->isVisible()) fileNote_->SetNote(QString());
     FillViewList();
     RefreshControls();

@@ -204,6 +204,8 @@ private:
 
     // Commands (main_commands.cpp).
     void AfterRun();
+    // The current window's display list and projection after the rows changed.
+    void RebuildCurrentView();
     void ShowErrorList();
     void GotoAirway(std::int32_t airwayNo);
     void ShowAirwayRow(std::int32_t row, float fraction);

@@ -70,6 +70,22 @@ TEST(ViewWindows, ClosingTheCurrentWindowMakesTheHighestRemainingCurrent) {
     EXPECT_EQ(NumberForNewWindow(table, s.Ui), 0);
 }
 
+TEST(ViewWindows, ANewNetworkGivesEveryWindowTheCurrentView) {
+    Scene s;
+    ViewWindowTable table;
+    EnterNewWindow(s.M, s.Ds, table, 0);
+    BuildSquare(s);
+    EnterNewWindow(s.M, s.Ds, table, 1);
+    s.Ds.View.ScaleWidth = 123;
+    ActivateViewWindow(s.M, s.Ds, table, 0);
+    ASSERT_NE(s.Ds.View.ScaleWidth, 123);
+    s.Ds.View.ScaleWidth = 456;
+    ShareCurrentView(s.M, s.Ds, table);
+    ActivateViewWindow(s.M, s.Ds, table, 1);
+    EXPECT_FLOAT_EQ(s.Ds.View.ScaleWidth, 456);
+    EXPECT_TRUE(table.Windows[0].StateSaved);
+}
+
 TEST(ViewWindows, FreezeNeedsASecondWindowAndReleasesTheFirstFrozen) {
     Scene s;
     ViewWindowTable table;
