@@ -36,7 +36,8 @@ struct RenderOptions {
 bool SameName(const std::string& a, const std::string& b) {
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i) {
-        if (std::toupper(static_cast<unsigned char>(a[i])) != std::toupper(static_cast<unsigned char>(b[i]))) return false;
+        if (std::toupper(static_cast<unsigned char>(a[i])) != std::toupper(static_cast<unsigned char>(b[i])))
+            return false;
     }
     return true;
 }
@@ -70,7 +71,7 @@ int Render(const CommandLine& cl, const RenderOptions& o) {
     int dataType = 0;
     if (!o.Data.empty()) {
         dataType = std::isdigit(static_cast<unsigned char>(o.Data[0])) ? std::atoi(o.Data.c_str())
-                                                                          : display::DataTypeByName(o.Data);
+                                                                       : display::DataTypeByName(o.Data);
         if (!display::IsDataType(dataType)) {
             ui.Message("Unknown data type: " + o.Data, "Render", ui::Icon::Critical);
             return ExitUsage;
@@ -151,8 +152,9 @@ void AddRenderCommand(CommandLine& cl) {
                            [&cl, o] { return Render(cl, *o); });
     sub->add_option("FILE", o->File, "Network file (.sim or .smm)")->required();
     sub->add_option("OUT", o->Out, "SVG picture to write")->required();
-    sub->add_option("--view", o->View, "Saved view to show: 0 the start-up view, 1 to 5 the permanent views, "
-                                       "6 to 100 the named views (default: view 0, else fitted)")
+    sub->add_option("--view", o->View,
+                    "Saved view to show: 0 the start-up view, 1 to 5 the permanent views, "
+                    "6 to 100 the named views (default: view 0, else fitted)")
         ->check(CLI::Range(0, SavedViewSlots - 1));
     sub->add_option("--data", o->Data, "Data type on the airways, by number (12) or name (\"Velocity\")");
     sub->add_option("--size", o->Size, "Picture size in pixels, WIDTHxHEIGHT (default 1200x900)");

@@ -43,7 +43,8 @@ void PrintSpread(const Model& m) {
     for (const float t : m.Smoke.ContaminantThreshold) o << ' ' << contaminant::ThresholdText(t);
     o << '\n';
     o << "Slider end: " << contaminant::SpreadTimeText(m.Smoke.SpreadMax) << " (" << m.Smoke.SpreadMax << " s)\n";
-    o << std::setw(8) << "AirwayNo" << std::setw(7) << "Level" << "  Arrival\n";
+    o << std::setw(8) << "AirwayNo" << std::setw(7) << "Level"
+      << "  Arrival\n";
     for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
         const Airway& a = m.Airways[r];
         if (a.Gas2 == 0) continue;

@@ -47,7 +47,10 @@ void PrintSourcing(const Model& m) {
     o << "Potential source: " << states[contaminant::PotentialSourceState] << '\n';
     o << "Clear: " << states[contaminant::ClearState] << '\n';
     o << "Unknown: " << states[contaminant::UnknownState] << '\n';
-    o << std::setw(8) << "AirwayNo" << "  " << std::left << std::setw(6) << "Pin" << "State\n" << std::right;
+    o << std::setw(8) << "AirwayNo"
+      << "  " << std::left << std::setw(6) << "Pin"
+      << "State\n"
+      << std::right;
     for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
         const Airway& a = m.Airways[r];
         o << std::setw(8) << a.AirwayNo << "  " << std::left << std::setw(6) << PinName(a.Gas1) << StateName(a.Gas2)

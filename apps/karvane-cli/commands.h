@@ -7,17 +7,18 @@
 
 namespace karvane::cli {
 
-void AddInfoCommand(CommandLine& cl);     // info FILE [--json]
-void AddConvertCommand(CommandLine& cl);  // convert IN OUT
-void AddGenerateCommand(CommandLine& cl); // generate OUT [--airways N] [--seed S] [--levels L] ...
-void AddSmokeCommand(CommandLine& cl);    // smoke FILE [--cumulative] [--json]
-void AddSourceCommand(CommandLine& cl);   // source FILE [--json]
-void AddRenderCommand(CommandLine& cl);   // render FILE OUT.svg [--view N] [--data TYPE] [--size WxH] ...
+void AddInfoCommand(CommandLine& cl);       // info FILE [--json]
+void AddConvertCommand(CommandLine& cl);    // convert IN OUT
+void AddGenerateCommand(CommandLine& cl);   // generate OUT [--airways N] [--seed S] [--levels L] ...
+void AddSmokeCommand(CommandLine& cl);      // smoke FILE [--cumulative] [--json]
+void AddSourceCommand(CommandLine& cl);     // source FILE [--json]
+void AddRenderCommand(CommandLine& cl);     // render FILE OUT.svg [--view N] [--data TYPE] [--size WxH] ...
 void AddExportDxfCommand(CommandLine& cl);  // export-dxf FILE OUT.dxf [--screen] [--arrow S] ...
 void AddExportTextCommand(CommandLine& cl); // export-text FILE OUT.txt
 void AddImportCommand(CommandLine& cl);     // import IN.dxf|IN.txt OUT.sim [--merge BASE.sim] [--levels] ...
 void AddSimplifyCommand(CommandLine& cl);   // simplify FILE OUT [--max-length L] [--max-angle A] ...
-void AddSimulateCommand(CommandLine& cl);   // simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]
-void AddSummaryCommand(CommandLine& cl);    // summary FILE [--json]
+void AddSimulateCommand(
+    CommandLine& cl);                    // simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]
+void AddSummaryCommand(CommandLine& cl); // summary FILE [--json]
 
 } // namespace karvane::cli

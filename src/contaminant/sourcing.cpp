@@ -41,8 +41,8 @@ void RunSourcing(Model& model, ui::UserInterface& ui, simulate::RunHooks* hooks)
         simulate::RunAirflow(model, ui, hooks);
         if (hooks) hooks->Redraw();
         if (model.SimValid == 0) {
-            ui.Message("Network must be successfully balanced before smoke sourcing simulation can work",
-                       ProgramName, ui::Icon::None);
+            ui.Message("Network must be successfully balanced before smoke sourcing simulation can work", ProgramName,
+                       ui::Icon::None);
             return;
         }
     }
@@ -109,8 +109,8 @@ void ClearSourcing(Model& model) {
 }
 
 bool ClearPins(Model& model, ui::UserInterface& ui) {
-    if (ui.Ask("Confirm deletion of all report pins", "Delete smoke reports", ui::Buttons::YesNo,
-               ui::Icon::Question) != ui::Answer::Yes)
+    if (ui.Ask("Confirm deletion of all report pins", "Delete smoke reports", ui::Buttons::YesNo, ui::Icon::Question) !=
+        ui::Answer::Yes)
         return false;
     ClearSourcing(model);
     model.GasActive = 0;

@@ -64,8 +64,8 @@ bool Reach(Model& model, ui::UserInterface& ui, std::int32_t n) {
     ContaminantState& s = model.Smoke;
     Airway* rows = model.Airways.data();
     const float allowErr = model.Set.AllowErr;
-    std::vector<std::int32_t>& pending = s.Pending;     // a min-heap: this round's rows to visit
-    std::vector<std::int32_t>& next = s.NextPending;    // marked behind the visit: next round
+    std::vector<std::int32_t>& pending = s.Pending;  // a min-heap: this round's rows to visit
+    std::vector<std::int32_t>& next = s.NextPending; // marked behind the visit: next round
     pending.clear();
     next.clear();
     std::int32_t contaminated = 0; // rows with a level that pass it on

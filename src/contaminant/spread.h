@@ -64,8 +64,7 @@ struct SpreadHooks : simulate::RunHooks {
 // Progress goes to the boxes TxtItt, TxtRate, TxtSpread and TxtErr through ui.ProgressBox; a
 // stop request (StopFlag 255, see CancelSpread) ends the rounds or passes early and shows what
 // has been worked out so far.
-void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hooks = nullptr,
-                          bool retainLegend = false);
+void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hooks = nullptr, bool retainLegend = false);
 
 // The place/remove contaminant tool on the picked row, at `fraction` of the way from its From
 // end. The left button toggles a source of level 100; any other button asks for the level

@@ -54,5 +54,4 @@ SummaryDialog::SummaryDialog(const forms::SummaryTexts& t, QWidget* parent) : QD
     connect(print, &QPushButton::clicked, this, [this] { PrintWindowImage(this, 0.5); });
 }
 
-
 } // namespace karvane::dialogs

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "display/data_format.h"
+#include "display/display_list.h"
 #include "display/palette.h"
 #include "display/renderer.h"
-#include "display/display_list.h"
 #include "display/view_transform.h"
 #include "files/number_text.h"
 
@@ -114,8 +114,7 @@ void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
     const bool gas = model.GasActive != 0;
     const bool nodeData = IsNodeDataType(v.DataType);
     const std::int16_t filter = model.Set.DataFilter;
-    const std::vector<Fixed4> entryKeys =
-        show(opt::ShowNodeSymbols) ? SortedEntryKeys(model) : std::vector<Fixed4>();
+    const std::vector<Fixed4> entryKeys = show(opt::ShowNodeSymbols) ? SortedEntryKeys(model) : std::vector<Fixed4>();
     const bool stations = ds.Stations != nullptr && ds.Stations->Active();
 
     for (const DrawnAirway& d : ds.Drawn) {
@@ -141,10 +140,10 @@ void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
             double angle = dx == 0 ? Pi / 2 : std::atan(dy / dx);
             if (dx > 0 || (dx == 0 && dy > 0)) angle += Pi;
             const double a1 = angle + 0.3, a2 = angle - 0.3;
-            surface.Line(tx + static_cast<float>(sz.Arrow * std::cos(a1)), ty + static_cast<float>(sz.Arrow * std::sin(a1)),
-                         tx, ty, d.LineColour);
-            surface.LineTo(tx + static_cast<float>(sz.Arrow * std::cos(a2)), ty + static_cast<float>(sz.Arrow * std::sin(a2)),
-                           d.LineColour);
+            surface.Line(tx + static_cast<float>(sz.Arrow * std::cos(a1)),
+                         ty + static_cast<float>(sz.Arrow * std::sin(a1)), tx, ty, d.LineColour);
+            surface.LineTo(tx + static_cast<float>(sz.Arrow * std::cos(a2)),
+                           ty + static_cast<float>(sz.Arrow * std::sin(a2)), d.LineColour);
         }
 
         Colour textColour = gas ? d.LineColour : colours[4];
@@ -172,7 +171,8 @@ void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
         if (nodeData && show(opt::ShowData) && visible(dim::Data) && (in1 || in2) && textShown) {
             if (sz.Font[1] != 0) UseFont(model, surface, 1, sz.Font[1]);
             surface.SetForeColour(dataColour);
-            if (in2) Print(surface, d.X2 + hw / 2, d.Y2, FormatNodeValue(model, ds, v.DataType, i, AirwayEnd::To, false));
+            if (in2)
+                Print(surface, d.X2 + hw / 2, d.Y2, FormatNodeValue(model, ds, v.DataType, i, AirwayEnd::To, false));
             if (raise && in1) {
                 Print(surface, d.X1 + hw / 2, d.Y1, FormatNodeValue(model, ds, v.DataType, i, AirwayEnd::From, false));
             }
@@ -182,7 +182,8 @@ void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
             const float fan = sz.Symbol[3];
             if (show(opt::ShowFans)) {
                 if (a.FanNumber != 0) Centred(surface, sym::Fan, px, py, fan);
-                if (a.Has(bc::FixedFlow)) Centred(surface, a.Pressure < 0 ? sym::FixedLoss : sym::FixedBoost, mx, my, fan);
+                if (a.Has(bc::FixedFlow))
+                    Centred(surface, a.Pressure < 0 ? sym::FixedLoss : sym::FixedBoost, mx, my, fan);
             }
             if (show(opt::ShowResistance) && a.ResType != 0) {
                 if (a.ResType == 1) {

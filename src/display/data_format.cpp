@@ -60,8 +60,8 @@ std::string FormatValue(const Model& model, double value, int unitClass, bool wi
                         char decimalSep) {
     const float shown = ToDisplay(model, value, unitClass);
     const std::string& format = UnitFormat(model, unitClass);
-    std::string text = FormatNumber(shown, fullPrecision ? std::string_view(kFullPrecision) : std::string_view(format),
-                                    decimalSep);
+    std::string text =
+        FormatNumber(shown, fullPrecision ? std::string_view(kFullPrecision) : std::string_view(format), decimalSep);
     if (withUnit) {
         const std::string& label = UnitLabel(model, unitClass);
         if (unitClass == uc::Currency) {
@@ -73,9 +73,7 @@ std::string FormatValue(const Model& model, double value, int unitClass, bool wi
     return text;
 }
 
-bool IsNodeDataType(int dataType) {
-    return dataType == 26 || dataType == 27 || dataType == 28 || dataType == 37;
-}
+bool IsNodeDataType(int dataType) { return dataType == 26 || dataType == 27 || dataType == 28 || dataType == 37; }
 
 double AirwayArea(const Airway& a) {
     if (a.Has(bc::AreaEntry)) return a.Width;
@@ -84,8 +82,7 @@ double AirwayArea(const Airway& a) {
     return 0;
 }
 
-AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row,
-                                  bool withUnit) {
+AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row, bool withUnit) {
     AirwayValueText out;
     if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return out;
     if (IsNodeDataType(dataType)) return out;
@@ -113,9 +110,7 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
     case 22:
         text = value(fanOrFixedPressure ? q * q * r : static_cast<double>(a.FromNodeP) - a.ToNodeP, uc::Pressure);
         break;
-    case 23:
-        text = value(q * q * FrictionResistance(model, row), uc::Pressure);
-        break;
+    case 23: text = value(q * q * FrictionResistance(model, row), uc::Pressure); break;
     case 24:
         if (!fanOrFixedPressure && !a.Has(bc::FixedFlow)) break;
         text = value(a.Pressure, uc::Pressure);
@@ -143,12 +138,8 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
         text = value(r, uc::Resistance);
         if (a.ResType != 0) out.ExtraLine = ResPresetName(model, a.ResType);
         break;
-    case 33:
-        text = value(a.ShockFactor, uc::Length);
-        break;
-    case 34:
-        text = value(a.WallFactor, uc::Friction);
-        break;
+    case 33: text = value(a.ShockFactor, uc::Length); break;
+    case 34: text = value(a.WallFactor, uc::Friction); break;
     case 35:
         if (a.Has(bc::AreaEntry)) {
             text = "Area " + value(a.Width, uc::Area) + "  P " + value(a.Height, uc::Length);
@@ -158,12 +149,8 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
             text = "Diam " + value(a.Width, uc::Length);
         }
         break;
-    case 36:
-        text = value(a.Length, uc::LongLength);
-        break;
-    case 42:
-        text = value(simulate::AirPower(model, row), uc::Power);
-        break;
+    case 36: text = value(a.Length, uc::LongLength); break;
+    case 42: text = value(simulate::AirPower(model, row), uc::Power); break;
     case 44:
         if (const auto cost = simulate::AirCost(model, row)) text = value(Currency(*cost), uc::Currency);
         break;
@@ -173,12 +160,8 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
     case 45:
         if (const auto cost = simulate::InputCost(model, row)) text = value(Currency(*cost), uc::Currency);
         break;
-    case 52:
-        text = Whole(a.AirwayNo);
-        break;
-    case 53:
-        text = Whole(a.PrimaryLayer) + "," + Whole(a.SecondLayer);
-        break;
+    case 52: text = Whole(a.AirwayNo); break;
+    case 53: text = Whole(a.PrimaryLayer) + "," + Whole(a.SecondLayer); break;
     case 54: {
         auto name = [](const std::vector<LayerRecord>& list, std::int16_t k) -> std::string {
             if (k < 1 || static_cast<std::size_t>(k) >= list.size()) return {};
@@ -196,19 +179,19 @@ AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int data
         break;
     case 56: {
         const auto& times = model.Smoke.SpreadTime;
-        const float t = static_cast<std::size_t>(row) < times.size() ? times[static_cast<std::size_t>(row)] : NeverReached;
+        const float t =
+            static_cast<std::size_t>(row) < times.size() ? times[static_cast<std::size_t>(row)] : NeverReached;
         if (t != NeverReached) text = value(t / contaminant::SpreadDaySeconds, uc::Time);
         break;
     }
-    default:
-        break;
+    default: break;
     }
     if (!text.empty()) text = Decorate(a, std::move(text), withUnit);
     return out;
 }
 
-std::string FormatNodeValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row,
-                            AirwayEnd end, bool withUnit) {
+std::string FormatNodeValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row, AirwayEnd end,
+                            bool withUnit) {
     if (!IsNodeDataType(dataType)) return {};
     if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return {};
     const Airway& a = model.Airways[static_cast<std::size_t>(row)];
@@ -223,12 +206,9 @@ std::string FormatNodeValue(const Model& model, const DisplayState& ds, int data
     }
     if (static_cast<float>(p) == NodeNotReached) return {};
     switch (dataType) {
-    case 26:
-        return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
-    case 27:
-        return FormatValue(model, simulate::NodeAbsPressure(model, p), uc::AbsPressure, withUnit, false, sep);
-    default:
-        return FormatValue(model, simulate::NodeBarPressure(model, p, z), uc::AbsPressure, withUnit, false, sep);
+    case 26: return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
+    case 27: return FormatValue(model, simulate::NodeAbsPressure(model, p), uc::AbsPressure, withUnit, false, sep);
+    default: return FormatValue(model, simulate::NodeBarPressure(model, p, z), uc::AbsPressure, withUnit, false, sep);
     }
 }
 

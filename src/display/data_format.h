@@ -29,15 +29,14 @@ bool IsNodeDataType(int dataType);
 
 // The value of an airway for a data type; empty for the node types. Without withUnit a fan
 // airway's text carries its fan number in front.
-AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row,
-                                  bool withUnit);
+AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row, bool withUnit);
 
 enum class AirwayEnd { From, To };
 
 // The node value of a node data type at one end of an airway; empty for other types and for a
 // node that the pressure resolution never reached.
-std::string FormatNodeValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row,
-                            AirwayEnd end, bool withUnit);
+std::string FormatNodeValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row, AirwayEnd end,
+                            bool withUnit);
 
 // Cross-section area by shape: width x height, a circle of diameter width, or width itself for
 // area entry.

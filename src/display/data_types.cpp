@@ -17,8 +17,8 @@ struct DataTypeEntry {
     const char* Menu;
 };
 
-constexpr std::array<const char*, DataGroupCount + 1> kGroups{"", "Airflow", "Pressure", "Airway data", "Energy",
-                                                              "Other"};
+constexpr std::array<const char*, DataGroupCount + 1> kGroups{"",       "Airflow", "Pressure", "Airway data",
+                                                              "Energy", "Other"};
 
 constexpr std::array<DataTypeEntry, 24> kTypes{{
     {12, "Quantity", "Quantity m3/s"},
@@ -133,15 +133,15 @@ std::string ViewWindowCaption(const Model& model, const DisplayState& ds, int wi
 
 std::string InfoPopupText(Model& model, const DisplayState& ds, std::int32_t row) {
     static constexpr std::array<std::pair<const char*, int>, 10> lines{{{"Q = ", 12},
-                                                                         {"Vel = ", 13},
-                                                                         {"Res = ", 32},
-                                                                         {"kFac = ", 34},
-                                                                         {"PLoss = ", 22},
-                                                                         {"Shock = ", 33},
-                                                                         {"Size = ", 35},
-                                                                         {"Cost = ", 44},
-                                                                         {"Power = ", 42},
-                                                                         {"Layers = ", 54}}};
+                                                                        {"Vel = ", 13},
+                                                                        {"Res = ", 32},
+                                                                        {"kFac = ", 34},
+                                                                        {"PLoss = ", 22},
+                                                                        {"Shock = ", 33},
+                                                                        {"Size = ", 35},
+                                                                        {"Cost = ", 44},
+                                                                        {"Power = ", 42},
+                                                                        {"Layers = ", 54}}};
     std::string text = "     AIRWAY " + std::to_string(row) + "\n\n";
     for (std::size_t i = 0; i < lines.size(); ++i) {
         text += lines[i].first + FormatAirwayValue(model, ds, lines[i].second, row, true).Text;

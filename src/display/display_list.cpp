@@ -42,7 +42,8 @@ void Scan(Model& model, DisplayState& ds, const LayerMasks& masks) {
         }
     }
     const bool invisibleOff = (v.DimOptions & dim::LinesMask) == dim::Invisible;
-    const std::int32_t count = std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(model.Airways.size()) - 1);
+    const std::int32_t count =
+        std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(model.Airways.size()) - 1);
     for (std::int32_t row = 1; row <= count; ++row) {
         Airway& a = model.Airways[static_cast<std::size_t>(row)];
         if (a.EntryKey == 0) continue;

@@ -83,10 +83,22 @@ void BuildDrawnList(const Model& model, DisplayState& ds, bool clip) {
             }
         }
         if (planSingleLevel && a.X1 == a.X2 && a.Y1 == a.Y2) {
-            if (a.Z1 > v.CurrentRLMax) { x1 += kStub; y1 -= kStub; }
-            if (a.Z2 > v.CurrentRLMax) { x2 += kStub; y2 -= kStub; }
-            if (a.Z1 < v.CurrentRLMin) { x1 -= kStub; y1 -= kStub; }
-            if (a.Z2 < v.CurrentRLMin) { x2 -= kStub; y2 -= kStub; }
+            if (a.Z1 > v.CurrentRLMax) {
+                x1 += kStub;
+                y1 -= kStub;
+            }
+            if (a.Z2 > v.CurrentRLMax) {
+                x2 += kStub;
+                y2 -= kStub;
+            }
+            if (a.Z1 < v.CurrentRLMin) {
+                x1 -= kStub;
+                y1 -= kStub;
+            }
+            if (a.Z2 < v.CurrentRLMin) {
+                x2 -= kStub;
+                y2 -= kStub;
+            }
         }
         DrawnAirway d;
         d.X1 = x1;

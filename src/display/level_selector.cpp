@@ -11,9 +11,7 @@ namespace karvane::display {
 
 namespace {
 
-std::int32_t Middle(std::int32_t lo, std::int32_t hi) {
-    return files::ToInt32((static_cast<double>(lo) + hi) / 2);
-}
+std::int32_t Middle(std::int32_t lo, std::int32_t hi) { return files::ToInt32((static_cast<double>(lo) + hi) / 2); }
 
 void SetBoundsOfRow(const Model& model, DisplayState& ds, int row) {
     if (row < 1 || static_cast<std::size_t>(row) >= model.Levels.size()) return;

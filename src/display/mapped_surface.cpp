@@ -10,16 +10,16 @@ namespace {
 
 // Advance widths of the printable ASCII characters in thousandths of an em, of a plain
 // sans-serif face; other characters count as a digit.
-constexpr std::array<short, 95> kWidths{
-    278, 278, 355, 556, 556, 889, 667, 191, 333, 333, 389, 584, 278, 333, 278, 278, // ' ' .. '/'
-    556, 556, 556, 556, 556, 556, 556, 556, 556, 556,                               // '0' .. '9'
-    278, 278, 584, 584, 584, 556, 1015,                                             // ':' .. '@'
-    667, 667, 722, 722, 667, 611, 778, 722, 278, 500, 667, 556, 833,                // 'A' .. 'M'
-    722, 778, 667, 778, 722, 667, 611, 722, 667, 944, 667, 667, 611,                // 'N' .. 'Z'
-    278, 278, 278, 469, 556, 333,                                                   // '[' .. '`'
-    556, 556, 500, 556, 556, 278, 556, 556, 222, 222, 500, 222, 833,                // 'a' .. 'm'
-    556, 556, 556, 556, 333, 500, 278, 556, 500, 722, 500, 500, 500,                // 'n' .. 'z'
-    334, 260, 334, 584};                                                            // '{' .. '~'
+constexpr std::array<short, 95> kWidths{278, 278, 355, 556, 556, 889, 667,  191, 333, 333, 389, 584, 278,
+                                        333, 278, 278,                                                    // ' ' .. '/'
+                                        556, 556, 556, 556, 556, 556, 556,  556, 556, 556,                // '0' .. '9'
+                                        278, 278, 584, 584, 584, 556, 1015,                               // ':' .. '@'
+                                        667, 667, 722, 722, 667, 611, 778,  722, 278, 500, 667, 556, 833, // 'A' .. 'M'
+                                        722, 778, 667, 778, 722, 667, 611,  722, 667, 944, 667, 667, 611, // 'N' .. 'Z'
+                                        278, 278, 278, 469, 556, 333,                                     // '[' .. '`'
+                                        556, 556, 500, 556, 556, 278, 556,  556, 222, 222, 500, 222, 833, // 'a' .. 'm'
+                                        556, 556, 556, 556, 333, 500, 278,  556, 500, 722, 500, 500, 500, // 'n' .. 'z'
+                                        334, 260, 334, 584};                                              // '{' .. '~'
 
 } // namespace
 
@@ -38,8 +38,8 @@ MappedSurface::MappedSurface(int width, int height) : Width(width > 0 ? width : 
 }
 
 void MappedSurface::SetCoordinateBox(float left, float top, float width, float height) {
-    if (!std::isfinite(left) || !std::isfinite(top) || !std::isfinite(width) || !std::isfinite(height) ||
-        width == 0 || height == 0) {
+    if (!std::isfinite(left) || !std::isfinite(top) || !std::isfinite(width) || !std::isfinite(height) || width == 0 ||
+        height == 0) {
         return;
     }
     BoxLeft = left;

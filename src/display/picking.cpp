@@ -72,7 +72,8 @@ AirwayPick FindAirway(const Model& model, DisplayState& ds, float curX, float cu
         const double marginX = std::fabs(s) > 5 ? t : 0;
         if (x < std::min(x1, x2) - marginX || x > std::max(x1, x2) + marginX) continue;
         if (y < std::min(y1, y2) - marginY || y > std::max(y1, y2) + marginY) continue;
-        const double dist = vertical ? std::fabs(x - x1) : std::fabs((y - s * x) - (y1 - s * x1)) / std::sqrt(s * s + 1);
+        const double dist =
+            vertical ? std::fabs(x - x1) : std::fabs((y - s * x) - (y1 - s * x1)) / std::sqrt(s * s + 1);
         if (dist < best) {
             best = dist;
             pick = &d;

@@ -18,7 +18,7 @@ float PickTolerance(const Model& model, const DisplayState& ds);
 
 struct NodePick {
     WorldPoint Point;
-    std::string Name;       // trimmed EntryNode or ExitNode
+    std::string Name;        // trimmed EntryNode or ExitNode
     std::int32_t Airway = 0; // + row for the From end, - row for the To end
 };
 // The airway end nearest the cursor within a square of the tolerance (the sum of both

@@ -53,8 +53,8 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
     const double g = model.Set.GridSpacing;
     const double left = v.ScaleLeft, top = v.ScaleTop;
     const double right = left + v.ScaleWidth, bottom = top + v.ScaleHeight;
-    if (!(g > 0) || !(f > 0) || !std::isfinite(g) || !std::isfinite(f) || !std::isfinite(left) ||
-        !std::isfinite(top) || !(v.ScaleWidth > 0) || !(v.ScaleHeight > 0)) {
+    if (!(g > 0) || !(f > 0) || !std::isfinite(g) || !std::isfinite(f) || !std::isfinite(left) || !std::isfinite(top) ||
+        !(v.ScaleWidth > 0) || !(v.ScaleHeight > 0)) {
         ui.Message("MAJOR Error Drawing Graphics Grid !", ProgramName, ui::Icon::Exclamation);
         return;
     }

@@ -133,15 +133,17 @@ void SvgSurface::LineTo(float x, float y, Colour colour) { Segment(LastX, LastY,
 void SvgSurface::Rectangle(float x1, float y1, float x2, float y2, Colour colour) {
     FlushPath();
     const double a = PixelX(x1), b = PixelY(y1), c = PixelX(x2), d = PixelY(y2);
-    Body += "<rect x=\"" + Num(std::min(a, c)) + "\" y=\"" + Num(std::min(b, d)) + "\" width=\"" + Num(std::fabs(c - a)) +
-            "\" height=\"" + Num(std::fabs(d - b)) + "\" fill=\"none\" " + Stroke(colour) + "/>\n";
+    Body += "<rect x=\"" + Num(std::min(a, c)) + "\" y=\"" + Num(std::min(b, d)) + "\" width=\"" +
+            Num(std::fabs(c - a)) + "\" height=\"" + Num(std::fabs(d - b)) + "\" fill=\"none\" " + Stroke(colour) +
+            "/>\n";
 }
 
 void SvgSurface::FilledRectangle(float x1, float y1, float x2, float y2, Colour colour) {
     FlushPath();
     const double a = PixelX(x1), b = PixelY(y1), c = PixelX(x2), d = PixelY(y2);
-    Body += "<rect x=\"" + Num(std::min(a, c)) + "\" y=\"" + Num(std::min(b, d)) + "\" width=\"" + Num(std::fabs(c - a)) +
-            "\" height=\"" + Num(std::fabs(d - b)) + "\" fill=\"" + SvgColour(colour) + "\"/>\n";
+    Body += "<rect x=\"" + Num(std::min(a, c)) + "\" y=\"" + Num(std::min(b, d)) + "\" width=\"" +
+            Num(std::fabs(c - a)) + "\" height=\"" + Num(std::fabs(d - b)) + "\" fill=\"" + SvgColour(colour) +
+            "\"/>\n";
 }
 
 void SvgSurface::Circle(float x, float y, float radius) {

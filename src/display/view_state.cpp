@@ -4,7 +4,8 @@
 namespace karvane::display {
 
 DisplayState::DisplayState()
-    : ViewFrom(static_cast<std::size_t>(MaxAirways) + 1), ViewTo(static_cast<std::size_t>(MaxAirways) + 1) {
+    : ViewFrom(static_cast<std::size_t>(MaxAirways) + 1),
+      ViewTo(static_cast<std::size_t>(MaxAirways) + 1) {
     DisplayList.reserve(static_cast<std::size_t>(MaxAirways) + 1);
     Drawn.reserve(static_cast<std::size_t>(MaxAirways) + 1);
 }

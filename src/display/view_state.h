@@ -4,8 +4,8 @@
 #pragma once
 
 #include <array>
-#include <cstdlib>
 #include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -90,17 +90,17 @@ struct ViewPoint {
 // One row of the drawn list: where an airway of the display list stands in the window.
 struct DrawnAirway {
     float X1 = 0, Y1 = 0, X2 = 0, Y2 = 0; // window coordinates, after centre, signs and raise offsets
-    std::int32_t Airway = 0;               // row of the airway table
+    std::int32_t Airway = 0;              // row of the airway table
     Colour LineColour = 0;
     std::int16_t Width = 1;
 };
 
 // The state of a mouse gesture that the cursor-to-world conversion needs.
 struct GestureState {
-    bool ShiftDown = false;       // Shift held: moves go in the vertical plane facing the viewer
-    bool PowerZoomActive = false; // the power zoom repeat is running
-    bool ButtonHeld = false;      // a mouse button is down
-    float PressX = 0, PressY = 0; // cursor position of the press
+    bool ShiftDown = false;                   // Shift held: moves go in the vertical plane facing the viewer
+    bool PowerZoomActive = false;             // the power zoom repeat is running
+    bool ButtonHeld = false;                  // a mouse button is down
+    float PressX = 0, PressY = 0;             // cursor position of the press
     std::array<std::int32_t, 3> PressPoint{}; // world point picked at the press
 };
 
@@ -140,7 +140,7 @@ struct DisplayState {
     ViewState View;
 
     // Facts of the current window.
-    int AreaWidth = 800;   // drawing area, pixels
+    int AreaWidth = 800; // drawing area, pixels
     int AreaHeight = 600;
     bool WindowCurrent = true;
     bool WindowFrozen = false;

@@ -97,7 +97,8 @@ void ProjectDisplayList(const Model& model, DisplayState& ds) {
 
 void MakePlanCopies(const Model& model, DisplayState& ds) {
     if (ds.PlanCopyValid) return;
-    const std::int32_t count = std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(ds.ViewFrom.size()) - 1);
+    const std::int32_t count =
+        std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(ds.ViewFrom.size()) - 1);
     for (std::int32_t row = 1; row <= count; ++row) {
         const Airway& a = model.Airways[static_cast<std::size_t>(row)];
         ds.ViewFrom[static_cast<std::size_t>(row)] = {ToF(a.X1), ToF(a.Y1)};
@@ -263,7 +264,8 @@ void RotationCentreOfWhatIsSeen(const Model& model, DisplayState& ds) {
             ++n;
         }
     }
-    const std::int32_t z = n == 0 ? MeanDisplayedLevel(model, ds) : files::ToInt32(sum / (2.0 * static_cast<double>(n)));
+    const std::int32_t z =
+        n == 0 ? MeanDisplayedLevel(model, ds) : files::ToInt32(sum / (2.0 * static_cast<double>(n)));
     const WorldPoint p = UnprojectPoint(model, ds, 0, 0, z);
     ds.View.RotCentre = {p.X, p.Y, z};
 }

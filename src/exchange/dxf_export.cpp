@@ -109,8 +109,8 @@ int TrueDxfColour(const Airway& a) {
 
 std::string DateStamp(const ui::DateTime& t) {
     auto two = [](int v) { return (v < 10 ? "0" : "") + std::to_string(v); };
-    return two(t.Hour) + ":" + two(t.Minute) + ":" + two(t.Second) + " " + std::to_string(t.Year) + "-" +
-           two(t.Month) + "-" + two(t.Day);
+    return two(t.Hour) + ":" + two(t.Minute) + ":" + two(t.Second) + " " + std::to_string(t.Year) + "-" + two(t.Month) +
+           "-" + two(t.Day);
 }
 
 // One airway with its arrow, names, data value and node circle.
@@ -242,7 +242,8 @@ bool ExportFile(Model& model, const display::DisplayState& ds, ui::UserInterface
     const bool text = kind == exportkind::Text;
     ui::FileDialogRequest request;
     request.DefaultExtension = text ? "TXT" : "DXF";
-    request.Filter = text ? "Data Files (*.TXT)|*.TXT|All files (*.*)|*.*" : "Data Files (*.DXF)|*.DXF|All files (*.*)|*.*";
+    request.Filter =
+        text ? "Data Files (*.TXT)|*.TXT|All files (*.*)|*.*" : "Data Files (*.DXF)|*.DXF|All files (*.*)|*.*";
     request.FileName = text ? "EXPORT.TXT" : "EXPORT.DXF";
     const std::optional<std::string> file = ui.SaveFileDialog(request);
     if (!file || file->empty()) {

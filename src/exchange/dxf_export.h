@@ -15,13 +15,13 @@ namespace karvane::exchange {
 
 // Layers of the drawing.
 namespace layer {
-inline constexpr const char* Float = "FLOAT";    // floating text
-inline constexpr const char* Branch = "Branch";  // airway lines
-inline constexpr const char* Arrow = "Arrow";    // the two lines of a direction arrow
+inline constexpr const char* Float = "FLOAT";   // floating text
+inline constexpr const char* Branch = "Branch"; // airway lines
+inline constexpr const char* Arrow = "Arrow";   // the two lines of a direction arrow
 inline constexpr const char* NodeNames = "NNAMES";
 inline constexpr const char* BranchNames = "BNAMES";
-inline constexpr const char* Data = "DATA";      // the value of the current data type
-inline constexpr const char* Nodes = "NODES";    // circles at airway ends
+inline constexpr const char* Data = "DATA";   // the value of the current data type
+inline constexpr const char* Nodes = "NODES"; // circles at airway ends
 } // namespace layer
 
 // The comment lines of the screen form; the importer knows its own files by the first.

@@ -24,7 +24,10 @@ namespace karvane::exchange {
 // Rows held aside while a file is read.
 
 ImportRows::ImportRows(Model& m, ui::UserInterface& ui, std::int32_t capacity)
-    : model(m), ui_(ui), capacity_(std::max(0, capacity)), lengthFactor_(ToDisplay(m, 1.0, uc::Length)) {}
+    : model(m),
+      ui_(ui),
+      capacity_(std::max(0, capacity)),
+      lengthFactor_(ToDisplay(m, 1.0, uc::Length)) {}
 
 std::int32_t ImportRows::Coordinate(double raw) {
     if (raw > CoordinateLimit) {
@@ -72,7 +75,8 @@ void ReadTextRows(ImportRows& rows, files::TextFileReader& in) {
         // A short row or a number field that holds no number is a fault of the file.
         bool fault = std::count(line.begin(), line.end(), '\t') < 15;
         for (int k : {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 14, 15, 16})
-            if (!TrimText(f[static_cast<std::size_t>(k)]).empty() && !files::IsNumber(f[static_cast<std::size_t>(k)])) fault = true;
+            if (!TrimText(f[static_cast<std::size_t>(k)]).empty() && !files::IsNumber(f[static_cast<std::size_t>(k)]))
+                fault = true;
         if (fault && !rows.Fault()) {
             rows.DropLastRow();
             return;
@@ -111,9 +115,7 @@ Kind KindOf(const std::string& path) {
     return Kind::Other;
 }
 
-void BlankLevels(Model& model) {
-    model.Levels.assign(static_cast<std::size_t>(LevelRows) + 1, LevelRecord{});
-}
+void BlankLevels(Model& model) { model.Levels.assign(static_cast<std::size_t>(LevelRows) + 1, LevelRecord{}); }
 
 // Gives a new row its shape, sizes, presets and layers from the settings.
 void FinishRow(Model& model, Airway& a, const ImportFields& fields) {
@@ -147,7 +149,9 @@ void FinishRow(Model& model, Airway& a, const ImportFields& fields) {
     }
 
     a.ShockType = files::ToInt16(s.DefaultShock);
-    const auto preset = [](std::int16_t index) { return static_cast<std::size_t>(std::clamp<int>(index, 0, PresetRows)); };
+    const auto preset = [](std::int16_t index) {
+        return static_cast<std::size_t>(std::clamp<int>(index, 0, PresetRows));
+    };
     a.ShockFactor = model.Preset.ShockPreset[preset(a.ShockType)];
     a.WallFactor = model.Preset.WallPreset[preset(a.WallType)];
     a.PrimaryLayer = model.DrawPrimaryLayer;
@@ -161,7 +165,8 @@ void FinishRow(Model& model, Airway& a, const ImportFields& fields) {
 
 // Ten metres above a level, held within the range of a level.
 std::int32_t TenAbove(std::int32_t rl) {
-    return static_cast<std::int32_t>(std::min<std::int64_t>(static_cast<std::int64_t>(rl) + 10, std::numeric_limits<std::int32_t>::max()));
+    return static_cast<std::int32_t>(
+        std::min<std::int64_t>(static_cast<std::int64_t>(rl) + 10, std::numeric_limits<std::int32_t>::max()));
 }
 
 std::int32_t FirstFreeLevel(const Model& model, int from) {
@@ -233,8 +238,8 @@ void BuildLevelsByHeight(Model& model, ui::UserInterface& ui) {
             level.RLName = "Level " + std::to_string(level.RLMax);
     }
 
-    const bool onTop = ui.Ask(SurfaceLevelQuestion, SurfaceLevelTitle, ui::Buttons::YesNo, ui::Icon::Question) ==
-                       ui::Answer::Yes;
+    const bool onTop =
+        ui.Ask(SurfaceLevelQuestion, SurfaceLevelTitle, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
     if (onTop) {
         // The highest level becomes the surface.
         for (int r = 2; r <= LevelRowsInFile; ++r) {
@@ -335,7 +340,8 @@ bool ImportFile(Model& model, ui::UserInterface& ui, const std::string& importPa
 
     // New airways are numbered behind every number already given; a new network from 1.
     std::int32_t highest = merge ? model.Set.LastAirwayNo : 0;
-    for (std::int32_t r = 1; r < first; ++r) highest = std::max(highest, model.Airways[static_cast<std::size_t>(r)].AirwayNo);
+    for (std::int32_t r = 1; r < first; ++r)
+        highest = std::max(highest, model.Airways[static_cast<std::size_t>(r)].AirwayNo);
     model.Set.LastAirwayNo = highest < std::numeric_limits<std::int32_t>::max() ? highest + 1 : highest;
     NumberAirways(model, first, false);
     model.Set.LastAirwayNo -= 1;
@@ -365,7 +371,8 @@ bool ImportFile(Model& model, ui::UserInterface& ui, const std::string& importPa
 
 std::optional<std::string> ChooseImportFile(ui::UserInterface& ui, bool dxf) {
     ui::FileDialogRequest request;
-    request.Filter = dxf ? "Data Files (*.DXF)|*.DXF|All Filese (*.*)|*.*" : "Data Files (*.TXT)|*.TXT|All Filese (*.*)|*.*";
+    request.Filter =
+        dxf ? "Data Files (*.DXF)|*.DXF|All Filese (*.*)|*.*" : "Data Files (*.TXT)|*.TXT|All Filese (*.*)|*.*";
     request.DefaultExtension = dxf ? "DXF" : "TXT";
     std::optional<std::string> path = ui.OpenFileDialog(request);
     if (path && path->empty()) path.reset();

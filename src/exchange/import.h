@@ -46,13 +46,13 @@ inline constexpr double CoordinateLimit = 9999999;
 
 // What an import did, for the display above it.
 struct ImportReport {
-    bool NetworkChanged = false;     // the network was replaced or added to
-    bool ReadToEnd = false;          // the file was read to its end
-    std::int32_t FirstNewRow = 0;    // the first row of the import
-    std::int32_t RowsRead = 0;       // rows the file gave
-    std::int32_t ImportZMax = 0;     // range of Z1 of the new rows
+    bool NetworkChanged = false;  // the network was replaced or added to
+    bool ReadToEnd = false;       // the file was read to its end
+    std::int32_t FirstNewRow = 0; // the first row of the import
+    std::int32_t RowsRead = 0;    // rows the file gave
+    std::int32_t ImportZMax = 0;  // range of Z1 of the new rows
     std::int32_t ImportZMin = 0;
-    std::int16_t CurrentLevel = 1;   // the level to show: the second of the list, or the first
+    std::int16_t CurrentLevel = 1; // the level to show: the second of the list, or the first
 };
 
 // The whole import of the file at `importPath`, read as text when its name ends in "TXT" and as

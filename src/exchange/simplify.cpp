@@ -148,8 +148,7 @@ std::int32_t CmdSimp(Model& model, ui::UserInterface& ui, files::UndoLog& undo, 
     CompactAirways(model);
     model.Run.NeighboursValid = false;
     ui.SetBusy(false);
-    ui.Message("The network size was reduced by " + std::to_string(count) + " airways", ProgramName,
-               ui::Icon::None);
+    ui.Message("The network size was reduced by " + std::to_string(count) + " airways", ProgramName, ui::Icon::None);
     return count;
 }
 

@@ -17,7 +17,8 @@ int ReadStationFile(Model& model, const std::string& path, std::array<std::strin
     files::Fields f;
     if (!in.ReadLine(line)) return files::err::FileNotFound;
     files::SplitTabs(line, f);
-    for (int k = 1; k <= ChannelCount; ++k) heading[static_cast<std::size_t>(k)] = TrimText(f[static_cast<std::size_t>(3 + k)]);
+    for (int k = 1; k <= ChannelCount; ++k)
+        heading[static_cast<std::size_t>(k)] = TrimText(f[static_cast<std::size_t>(3 + k)]);
     in.ReadLine(line);
 
     std::vector<Station>& stations = model.Stations.Stations;

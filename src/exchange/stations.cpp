@@ -107,8 +107,8 @@ std::vector<display::StationLabelLine> StationMonitor::LabelLines(Model& model, 
         if (alarm != Alarm::None && AlarmSoundAllowed && Beep) Beep();
         const std::string abbrev = TrimText(st->ChannelAbbrev[c]);
         if (abbrev.empty()) continue;
-        lines.push_back({abbrev + "  " + FormatNumber(ChannelReading(model, s, k), "0.0", sep_) + st->ChannelUnits[c],
-                         colour});
+        lines.push_back(
+            {abbrev + "  " + FormatNumber(ChannelReading(model, s, k), "0.0", sep_) + st->ChannelUnits[c], colour});
     }
     return lines;
 }

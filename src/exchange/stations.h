@@ -29,11 +29,33 @@ inline constexpr const char* RemoteCaption = "Realtime Input Stations";
 inline constexpr const char* RealOutCaption = "Realtime Output File";
 
 // The heading of the results file, one column per field of the airway row.
-inline constexpr std::array<const char*, 27> ResultsHeadings{
-    "Branch No",  "From Node", "To Node",      "Airway Name", "X1",        "Y1",         "Z1",
-    "X2",         "Y2",        "Z2",           "Dim 1",       "Dim 2",     "k factor",   "shock factor",
-    "resist",     "quantity",  "fan #",        "no fans",     "length",    "pres change", "smoke",
-    "prim layer", "sec layer", "entry pres",   "exit pres",   "no of airways", "Remote Station"};
+inline constexpr std::array<const char*, 27> ResultsHeadings{"Branch No",
+                                                             "From Node",
+                                                             "To Node",
+                                                             "Airway Name",
+                                                             "X1",
+                                                             "Y1",
+                                                             "Z1",
+                                                             "X2",
+                                                             "Y2",
+                                                             "Z2",
+                                                             "Dim 1",
+                                                             "Dim 2",
+                                                             "k factor",
+                                                             "shock factor",
+                                                             "resist",
+                                                             "quantity",
+                                                             "fan #",
+                                                             "no fans",
+                                                             "length",
+                                                             "pres change",
+                                                             "smoke",
+                                                             "prim layer",
+                                                             "sec layer",
+                                                             "entry pres",
+                                                             "exit pres",
+                                                             "no of airways",
+                                                             "Remote Station"};
 
 // Colours of channels in alarm.
 inline constexpr display::Colour LowAlarmColour = Rgb(0xFF, 0x00, 0x00);

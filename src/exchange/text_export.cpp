@@ -69,7 +69,8 @@ bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui) {
     int code = out.Open(file);
     if (code == files::err::None) {
         out.WriteLine(TabJoined(TextExportHeadings));
-        const std::int32_t count = std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(model.Airways.size()) - 1);
+        const std::int32_t count =
+            std::min<std::int32_t>(model.AirwayCount, static_cast<std::int32_t>(model.Airways.size()) - 1);
         for (std::int32_t row = 1; row <= count; ++row) out.WriteLine(TextExportLine(model, row, sep));
         code = out.Commit();
     }

@@ -14,8 +14,8 @@ namespace karvane::exchange {
 
 // The heading line's sixteen columns.
 inline constexpr std::array<const char*, 16> TextExportHeadings{
-    "X1",          "Y1",          "Z1",         "X2",        "Y2",     "Z2",    "QUANTITY",   "RESISTANCE",
-    "FAN TYPE",    "NO FANS",     "BRANCH NAME", "ENTRY NODE", "EXIT NODE", "HEIGHT", "WIDTH/DIAM", "Airway No"};
+    "X1",       "Y1",      "Z1",          "X2",         "Y2",        "Z2",     "QUANTITY",   "RESISTANCE",
+    "FAN TYPE", "NO FANS", "BRANCH NAME", "ENTRY NODE", "EXIT NODE", "HEIGHT", "WIDTH/DIAM", "Airway No"};
 
 // Writes the heading and one line per airway row: coordinates, flow (rounded to one decimal
 // first), resistance (to five decimals first), fan number and count, the three names at their

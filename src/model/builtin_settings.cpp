@@ -13,15 +13,15 @@ struct PresetRow {
 
 // Friction factors, kg/m3 at density 1.2.
 constexpr PresetRow WallRows[] = {
-    {"Smooth Pipes", 0.003f},          {"Flexible Ducting", 0.0035f},    {"Concrete Lined Airway", 0.004f},
-    {"Raisebored Airway", 0.007f},     {"Smooth Blasted Airway", 0.01f}, {"Average Blasted Airway", 0.012f},
-    {"Rough Blasted Airway", 0.018f},  {"Very Rough Blasted", 0.025f},   {"Timbered Airway", 0.04f},
+    {"Smooth Pipes", 0.003f},         {"Flexible Ducting", 0.0035f},    {"Concrete Lined Airway", 0.004f},
+    {"Raisebored Airway", 0.007f},    {"Smooth Blasted Airway", 0.01f}, {"Average Blasted Airway", 0.012f},
+    {"Rough Blasted Airway", 0.018f}, {"Very Rough Blasted", 0.025f},   {"Timbered Airway", 0.04f},
     {"Concrete Shaft Sets", 0.05f},
 };
 
 // Resistances, Ns2/m8. Row 1 is the blocked airway and takes BlockedRes.
 constexpr PresetRow ResRows[] = {
-    {"Automatic", 0.0f},       {"Bulkhead", 0.0f},      {"Steel Door", 10.0f},    {"Wood Door", 5.0f},
+    {"Automatic", 0.0f},       {"Bulkhead", 0.0f},       {"Steel Door", 10.0f},    {"Wood Door", 5.0f},
     {"meshes Brattice", 3.0f}, {"Parachute Stop", 2.0f}, {"High Muck Pile", 1.5f}, {"Med Muck Pile", 1.0f},
     {"Low Muck Pile", 0.5f},   {"Air Curtain", 0.1f},
 };

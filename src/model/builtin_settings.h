@@ -16,12 +16,8 @@ void SetBuiltInCapacities(Model& model);
 void SetBuiltInSettings(Model& model);
 
 // The names of the permanent views 1 to 5, each with its leading blank.
-inline constexpr const char* BuiltInViewNames[6] = {"",
-                                                    " 1. Default View",
-                                                    " 2. Plan View 3D",
-                                                    " 3. Long Section",
-                                                    " 4. Cross Section",
-                                                    " 5. Iso View"};
+inline constexpr const char* BuiltInViewNames[6] = {
+    "", " 1. Default View", " 2. Plan View 3D", " 3. Long Section", " 4. Cross Section", " 5. Iso View"};
 
 // The value of pi used by every view angle.
 inline constexpr double ViewPi = 3.141592654;

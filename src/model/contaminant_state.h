@@ -52,7 +52,8 @@ struct ContaminantState {
     std::vector<Fixed4> KeysBefore;
 
     ContaminantState()
-        : SpreadTime(MaxAirways + 1, NeverReached), SpreadOrder(2 * (MaxAirways + 1)),
+        : SpreadTime(MaxAirways + 1, NeverReached),
+          SpreadOrder(2 * (MaxAirways + 1)),
           KeysBefore(2 * (MaxAirways + 1)) {
         Pending.reserve(MaxAirways + 1);
         NextPending.reserve(MaxAirways + 1);

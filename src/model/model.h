@@ -54,9 +54,9 @@ struct Model {
     std::int32_t FanStamp = 0;
     std::uint8_t FansSaved = Yes255;
 
-    Settings Set;     // the settings record in memory
-    Presets Preset;   // WallNames/WallPreset, ResNames/ResPreset, ShockNames/ShockPreset
-    UnitTable Units;  // the unit table
+    Settings Set;    // the settings record in memory
+    Presets Preset;  // WallNames/WallPreset, ResNames/ResPreset, ShockNames/ShockPreset
+    UnitTable Units; // the unit table
 
     // The real-time monitoring stations (Remotes.dat).
     StationTable Stations;
@@ -82,11 +82,11 @@ struct Model {
     std::uint8_t StopFlag = 255;
     std::int16_t SimValid = 0;
     std::int16_t GasActive = 0;
-    std::int16_t ShowProgress = 1;  // 1 show the progress window; 0 run silently
-    bool RestrictionFlag = false;   // a troubleshooting run found what it looked for
-    bool AirwaysTurned = false;     // the last run turned airways to match their flow (undo reads it)
-    RunState Run;                   // work columns of the airflow run
-    ContaminantState Smoke;         // arrival times, settling order, legend and time limit
+    std::int16_t ShowProgress = 1; // 1 show the progress window; 0 run silently
+    bool RestrictionFlag = false;  // a troubleshooting run found what it looked for
+    bool AirwaysTurned = false;    // the last run turned airways to match their flow (undo reads it)
+    RunState Run;                  // work columns of the airflow run
+    ContaminantState Smoke;        // arrival times, settling order, legend and time limit
 
     // The network error list (shown by the error window of a run).
     std::vector<NetworkError> ErrorList;

@@ -141,9 +141,9 @@ struct SavedView {
 struct FanRecord {
     std::string FanName;
     float FanDiam = 0;
-    std::array<float, FanPoints + 1> FanPStatic{}; // FanP(point, 1), Pa
-    std::array<float, FanPoints + 1> FanPTotal{};  // FanP(point, 2), Pa
-    std::array<float, FanPoints + 1> FanQ{};       // m3/s
+    std::array<float, FanPoints + 1> FanPStatic{};    // FanP(point, 1), Pa
+    std::array<float, FanPoints + 1> FanPTotal{};     // FanP(point, 2), Pa
+    std::array<float, FanPoints + 1> FanQ{};          // m3/s
     std::array<std::int16_t, FanPoints + 1> FanEff{}; // percent
 
     // A row is free when the first point of both pressure columns is 0.

@@ -10,9 +10,7 @@ namespace {
 
 // Sizes of the tables that follow the settings; a nonsensical negative setting allocates none.
 std::size_t FanRows(const Model& model) { return static_cast<std::size_t>(std::max<int>(0, model.Set.MaxFans)) + 1; }
-std::size_t TextSlots(const Model& model) {
-    return static_cast<std::size_t>(std::max<int>(0, model.Set.MaxText)) + 1;
-}
+std::size_t TextSlots(const Model& model) { return static_cast<std::size_t>(std::max<int>(0, model.Set.MaxText)) + 1; }
 
 // The rows in use, held inside the table whatever AirwayCount says.
 std::int32_t RowsInUse(const Model& model) {
@@ -103,7 +101,8 @@ void CheckAirwayNumbers(Model& model, ui::UserInterface& ui) {
     const std::int32_t count = RowsInUse(model);
     std::vector<std::int32_t> numbers;
     numbers.reserve(static_cast<std::size_t>(count));
-    for (std::int32_t row = 1; row <= count; ++row) numbers.push_back(model.Airways[static_cast<std::size_t>(row)].AirwayNo);
+    for (std::int32_t row = 1; row <= count; ++row)
+        numbers.push_back(model.Airways[static_cast<std::size_t>(row)].AirwayNo);
     std::sort(numbers.begin(), numbers.end());
     const bool duplicate = std::adjacent_find(numbers.begin(), numbers.end()) != numbers.end();
 
@@ -111,9 +110,8 @@ void CheckAirwayNumbers(Model& model, ui::UserInterface& ui) {
         ui.Message("All airways have unqiue numbers", ProgramName, ui::Icon::Information);
         return;
     }
-    const ui::Answer answer =
-        ui.Ask("Duplicate unique airway numbers exist - allow Karvane to re-number them ?", "Duplicate airway numbers",
-               ui::Buttons::YesNo, ui::Icon::Question);
+    const ui::Answer answer = ui.Ask("Duplicate unique airway numbers exist - allow Karvane to re-number them ?",
+                                     "Duplicate airway numbers", ui::Buttons::YesNo, ui::Icon::Question);
     if (answer != ui::Answer::Yes) return;
     NumberAirways(model, 1, true);
     model.NetworkSaved = No0;

@@ -112,12 +112,12 @@ bool PatternHas(std::string_view pattern, std::string_view chars) {
 
 struct NumberPattern {
     std::string Prefix, Suffix;
-    int IntZeros = 0;        // digits always shown in the whole part
-    bool Group = false;      // thousands separators in the whole part
+    int IntZeros = 0;   // digits always shown in the whole part
+    bool Group = false; // thousands separators in the whole part
     bool HasPoint = false;
-    int Decimals = 0;        // decimal placeholders
+    int Decimals = 0;         // decimal placeholders
     int RequiredDecimals = 0; // up to the last "0" behind the point
-    int Scale10 = 0;         // +2 per percent sign, -3 per scaling comma
+    int Scale10 = 0;          // +2 per percent sign, -3 per scaling comma
 };
 
 NumberPattern ParseNumberPattern(std::string_view pattern) {
@@ -134,7 +134,7 @@ NumberPattern ParseNumberPattern(std::string_view pattern) {
     bool seenIntDigit = false;
     for (std::size_t i = 0; i < toks.size(); ++i) {
         const Token& t = toks[i];
-        const bool before = i < first, after = i > last;
+        const bool before = i<first, after = i> last;
         if (t.Kind == Tok::Percent) p.Scale10 += 2;
         if (before || after) {
             if (t.Kind == Tok::Comma) {
@@ -171,9 +171,7 @@ NumberPattern ParseNumberPattern(std::string_view pattern) {
                 else if (seenIntDigit && j <= last && IsDigitTok(toks[j].Kind)) p.Group = true;
             }
             break;
-        default:
-            middle += t.Text;
-            break;
+        default: middle += t.Text; break;
         }
     }
     p.Suffix = middle + p.Suffix;
@@ -195,7 +193,9 @@ std::string FormatDigits(bool negative, const DecimalDigits& d, std::string_view
     const NumberPattern p = ParseNumberPattern(pattern);
     const int point = d.Digits == "0" ? 1 : d.Point + p.Scale10;
     const int size = static_cast<int>(d.Digits.size());
-    auto digitAt = [&](int index) { return index >= 0 && index < size ? d.Digits[static_cast<std::size_t>(index)] : '0'; };
+    auto digitAt = [&](int index) {
+        return index >= 0 && index < size ? d.Digits[static_cast<std::size_t>(index)] : '0';
+    };
 
     // The kept digits: the whole part and the decimals, rounded half away from zero on the
     // first digit dropped.
@@ -300,7 +300,8 @@ std::string Format(F value, std::string_view pattern, char decimalSep, char thou
     if (thousandsSep == decimalSep) thousandsSep = decimalSep == ',' ? '.' : ',';
     const bool negative = std::signbit(value);
 
-    if (PatternHas(pattern, "0#")) return FormatDigits(negative, DigitsOf(std::fabs(value)), pattern, decimalSep, thousandsSep);
+    if (PatternHas(pattern, "0#"))
+        return FormatDigits(negative, DigitsOf(std::fabs(value)), pattern, decimalSep, thousandsSep);
     if (PatternHas(pattern, "hHnNsS")) return FormatTime(static_cast<double>(value), pattern);
     return FormatGeneral(negative, DigitsOf(std::fabs(value)), decimalSep);
 }

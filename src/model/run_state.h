@@ -16,8 +16,8 @@ namespace karvane {
 inline constexpr std::int32_t MeshListCapacity = 20 * MaxAirways; // MeshList(1..)
 // A network has at most one mesh per airway, so MeshStart holds one entry per airway: only
 // the entries of MeshList run out.
-inline constexpr std::int32_t MeshCapacity = MaxAirways; // MeshStart(1..)
-inline constexpr std::int32_t NodeLinkCapacity = 4 * MaxAirways;  // NodeLinkList(1..)
+inline constexpr std::int32_t MeshCapacity = MaxAirways;         // MeshStart(1..)
+inline constexpr std::int32_t NodeLinkCapacity = 4 * MaxAirways; // NodeLinkList(1..)
 // The fan database never holds more than this many rows ("Max Number of Fan Types (1000)").
 inline constexpr std::int32_t FanSlotCapacity = 1000;
 
@@ -25,7 +25,7 @@ inline constexpr std::int32_t FanSlotCapacity = 1000;
 // fans on the airways that share it. Points 1..11; [0] unused.
 struct WorkFanCurve {
     std::int16_t FanNumber = 0;
-    std::int32_t Code = 0; // 100 x flow multiplier + pressure multiplier
+    std::int32_t Code = 0;                      // 100 x flow multiplier + pressure multiplier
     std::array<float, FanPoints + 1> Q{};       // WorkFanQ(s, p)
     std::array<float, FanPoints + 1> PStatic{}; // WorkFanP(s, p, 1)
     std::array<float, FanPoints + 1> PTotal{};  // WorkFanP(s, p, 2)
@@ -79,12 +79,26 @@ struct RunState {
     std::vector<std::int64_t> ScratchQueue;
 
     RunState()
-        : EntryNodeNo(MaxAirways + 1), ExitNodeNo(MaxAirways + 1), FanLink(MaxAirways + 1), Work(MaxAirways + 1),
-          SortOrder(MaxAirways + 1), NodeParent(MaxAirways + 2), NodeComp(MaxAirways + 2),
-          MeshStart(MeshCapacity + 2), MeshList(MeshListCapacity + 1), WorkFans(FanSlotCapacity + 1),
-          NodeLinkList(NodeLinkCapacity + 1), NodeLink(4 * (MaxAirways + 1)), FlatQ(MaxAirways + 1),
-          FlatR(MaxAirways + 1), FlatP(MaxAirways + 1), ChordFlow(MeshCapacity + 2), ScratchA(MaxAirways + 2),
-          ScratchB(MaxAirways + 2), ScratchC(MaxAirways + 2), ScratchD(MaxAirways + 2),
+        : EntryNodeNo(MaxAirways + 1),
+          ExitNodeNo(MaxAirways + 1),
+          FanLink(MaxAirways + 1),
+          Work(MaxAirways + 1),
+          SortOrder(MaxAirways + 1),
+          NodeParent(MaxAirways + 2),
+          NodeComp(MaxAirways + 2),
+          MeshStart(MeshCapacity + 2),
+          MeshList(MeshListCapacity + 1),
+          WorkFans(FanSlotCapacity + 1),
+          NodeLinkList(NodeLinkCapacity + 1),
+          NodeLink(4 * (MaxAirways + 1)),
+          FlatQ(MaxAirways + 1),
+          FlatR(MaxAirways + 1),
+          FlatP(MaxAirways + 1),
+          ChordFlow(MeshCapacity + 2),
+          ScratchA(MaxAirways + 2),
+          ScratchB(MaxAirways + 2),
+          ScratchC(MaxAirways + 2),
+          ScratchD(MaxAirways + 2),
           ScratchQueue(MaxAirways + 2) {}
 };
 

@@ -70,15 +70,23 @@ int DataUnit(int dataType) {
     switch (dataType) {
     case 12: return uc::Flow;
     case 13: return uc::Velocity;
-    case 22: case 23: case 24: case 26: return uc::Pressure;
+    case 22:
+    case 23:
+    case 24:
+    case 26: return uc::Pressure;
     case 25: return uc::Mass;
-    case 27: case 28: return uc::AbsPressure;
+    case 27:
+    case 28: return uc::AbsPressure;
     case 32: return uc::Resistance;
-    case 33: case 35: case 36: return uc::Length;
+    case 33:
+    case 35:
+    case 36: return uc::Length;
     case 34: return uc::Friction;
     case 37: return uc::LongLength;
-    case 42: case 43: return uc::Power;
-    case 44: case 45: return uc::Currency;
+    case 42:
+    case 43: return uc::Power;
+    case 44:
+    case 45: return uc::Currency;
     case 56: return uc::Time;
     default: return 0;
     }

@@ -12,20 +12,19 @@ inline constexpr int UnitClassCount = 15;
 
 // Unit classes by their quantity.
 namespace uc {
-inline constexpr int Length = 1, Velocity = 2, Area = 3, Flow = 4, Resistance = 5, Density = 6,
-                     Power = 7, Pressure = 8, Mass = 9, Friction = 10, Currency = 11, Time = 12,
-                     AbsPressure = 13, LongLength = 14, Percent = 15;
+inline constexpr int Length = 1, Velocity = 2, Area = 3, Flow = 4, Resistance = 5, Density = 6, Power = 7, Pressure = 8,
+                     Mass = 9, Friction = 10, Currency = 11, Time = 12, AbsPressure = 13, LongLength = 14, Percent = 15;
 }
 
 struct UnitRow {
-    std::string ClassName;               // empty unless Conversion.dat gives it
+    std::string ClassName;                // empty unless Conversion.dat gives it
     std::array<float, 3> Factor{0, 1, 1}; // [1] SI (always 1), [2] British
     std::array<std::string, 3> Label{};   // [1] SI, [2] British
     std::array<std::string, 3> Format{};  // [1] SI, [2] British
 };
 
 struct UnitTable {
-    std::array<std::string, 6> Headings{}; // row 0: the six column headings of the file
+    std::array<std::string, 6> Headings{};          // row 0: the six column headings of the file
     std::array<UnitRow, UnitClassCount + 1> Rows{}; // classes 1..15, [0] unused
 };
 

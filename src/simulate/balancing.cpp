@@ -80,10 +80,8 @@ void Seed(Model& model) {
         const std::int32_t first = run.MeshStart[m], last = run.MeshStart[m + 1];
         for (std::int32_t pos = first; pos < last; ++pos) {
             const std::int32_t e = list[pos];
-            if (e > 0 || pos == first)
-                Q[std::abs(e)] += cf;
-            else
-                Q[-e] -= cf;
+            if (e > 0 || pos == first) Q[std::abs(e)] += cf;
+            else Q[-e] -= cf;
         }
     }
 }
@@ -96,7 +94,8 @@ std::int32_t ConvergencePercent(std::int32_t meshes, std::int32_t open) {
 }
 
 std::string ConvergenceQuestion(std::int32_t percent) {
-    return "Your Network only has a convergence of " + std::to_string(percent) + "%\nDo you wish to keep on simulating ?";
+    return "Your Network only has a convergence of " + std::to_string(percent) +
+           "%\nDo you wish to keep on simulating ?";
 }
 
 std::string WorstCorrectionText(float worst, char decimalSeparator) {
@@ -148,10 +147,8 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
             }
             for (std::int32_t pos = first; pos < last; ++pos) {
                 const std::int32_t e = list[pos];
-                if (e > 0 || pos == first)
-                    cols.Q[std::abs(e)] += dq;
-                else
-                    cols.Q[-e] -= dq;
+                if (e > 0 || pos == first) cols.Q[std::abs(e)] += dq;
+                else cols.Q[-e] -= dq;
             }
             if (markPass && size > allowErr) {
                 for (std::int32_t pos = first; pos < last; ++pos)

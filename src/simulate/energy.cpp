@@ -27,9 +27,7 @@ std::optional<double> EfficiencyFraction(const Model& model, std::int32_t row) {
     return eff;
 }
 
-bool HasInputPower(const Airway& a) {
-    return a.FanNumber != 0 || (a.Has(bc::FixedFlow) && a.Pressure > 0.0f);
-}
+bool HasInputPower(const Airway& a) { return a.FanNumber != 0 || (a.Has(bc::FixedFlow) && a.Pressure > 0.0f); }
 
 std::optional<double> Finite(double v) {
     if (!std::isfinite(v)) return std::nullopt;

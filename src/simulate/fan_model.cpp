@@ -34,9 +34,7 @@ float Mix(float staticP, float totalP, std::int16_t curveFraction) {
 
 // Whether a fan slot is unused: its name is blank (looked at in place, so that the check of
 // every run copies no name).
-bool Unused(const FanRecord& fan) {
-    return fan.FanName.find_first_not_of(" \t") == std::string::npos;
-}
+bool Unused(const FanRecord& fan) { return fan.FanName.find_first_not_of(" \t") == std::string::npos; }
 
 // Number of fan rows in the database (MaxFans); rows are numbered from 1.
 std::int32_t FanRows(const Model& model) { return static_cast<std::int32_t>(model.Fans.size()) - 1; }
@@ -172,8 +170,7 @@ float DatabaseCurvePressure(const Model& model, std::int32_t point, std::int32_t
     return Mix(f->FanPStatic[point], f->FanPTotal[point], model.Airways[airway].CurveFraction);
 }
 
-FanReading ReadFanCurve(const Model& model, std::int32_t slot, float flow, std::int32_t airway,
-                        float presetPressure) {
+FanReading ReadFanCurve(const Model& model, std::int32_t slot, float flow, std::int32_t airway, float presetPressure) {
     FanReading r;
     r.FanPressure = presetPressure;
     if (slot == FixedPressureSlot) {
@@ -217,8 +214,8 @@ float FanEfficiencyAt(const Model& model, std::int32_t airway) {
     for (int p = 1; p <= 10; ++p) sum += fan->FanEff[p];
     if (sum == 0) return fallback;
 
-    const float q = a.Has(bc::FansInSeries) ? a.Quantity
-                                            : static_cast<float>(static_cast<double>(a.Quantity) / FanCount(a));
+    const float q =
+        a.Has(bc::FansInSeries) ? a.Quantity : static_cast<float>(static_cast<double>(a.Quantity) / FanCount(a));
     const auto& Q = fan->FanQ;
     const auto& E = fan->FanEff;
     if (q > Q[10]) return E[10];
@@ -232,7 +229,7 @@ float FanEfficiencyAt(const Model& model, std::int32_t airway) {
     // Two points of one flow (a flow exactly at point 10 after a repeated point) read the point.
     if (Q[k - 1] == Q[k]) return E[k];
     return static_cast<float>(E[k] + (static_cast<double>(q) - Q[k]) * (E[k - 1] - E[k]) /
-                                          (static_cast<double>(Q[k - 1]) - Q[k]));
+                                         (static_cast<double>(Q[k - 1]) - Q[k]));
 }
 
 } // namespace karvane::simulate

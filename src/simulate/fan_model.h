@@ -13,8 +13,8 @@ namespace karvane::simulate {
 
 // Where a flow lies on a curve.
 inline constexpr std::int16_t FanOnCurve = 0;
-inline constexpr std::int16_t FanStall = -1;  // below point 1 ("Stall")
-inline constexpr std::int16_t FanNegate = 1;  // at or beyond point 11 ("Negate")
+inline constexpr std::int16_t FanStall = -1; // below point 1 ("Stall")
+inline constexpr std::int16_t FanNegate = 1; // at or beyond point 11 ("Negate")
 // Slope given off the curve, Pa per m3/s, and to a fixed pressure airway.
 inline constexpr float OffCurveSlope = -50.0f;
 inline constexpr float FixedPressureSlope = -1.0f;
@@ -50,8 +50,7 @@ float DatabaseCurvePressure(const Model& model, std::int32_t point, std::int32_t
 
 // Reads working curve `slot` at `flow` for `airway`. `presetPressure` is the airway's Pressure,
 // which a fixed pressure airway (slot -1) keeps as its reading.
-FanReading ReadFanCurve(const Model& model, std::int32_t slot, float flow, std::int32_t airway,
-                        float presetPressure);
+FanReading ReadFanCurve(const Model& model, std::int32_t slot, float flow, std::int32_t airway, float presetPressure);
 
 // Efficiency in percent of the airway's fan at its present Quantity, read on the database
 // curve; the network's air power efficiency factor when the airway has no fan or its fan no

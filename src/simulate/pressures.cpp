@@ -21,19 +21,15 @@ std::pair<std::int32_t, std::int32_t> EntryBlock(const Model& model, Fixed4 key)
     std::int32_t lo = 1, hi = model.AirwayCount + 1;
     while (lo < hi) { // first row with EntryKey <= key
         const std::int32_t mid = lo + (hi - lo) / 2;
-        if (model.Airways[mid].EntryKey > key)
-            lo = mid + 1;
-        else
-            hi = mid;
+        if (model.Airways[mid].EntryKey > key) lo = mid + 1;
+        else hi = mid;
     }
     std::int32_t end = lo;
     hi = model.AirwayCount + 1;
     while (end < hi) { // first row with EntryKey < key
         const std::int32_t mid = end + (hi - end) / 2;
-        if (model.Airways[mid].EntryKey >= key)
-            end = mid + 1;
-        else
-            hi = mid;
+        if (model.Airways[mid].EntryKey >= key) end = mid + 1;
+        else hi = mid;
     }
     return {lo, end};
 }

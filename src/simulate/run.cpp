@@ -7,9 +7,9 @@
 #include <cmath>
 #include <utility>
 
+#include "model/node_keys.h"
 #include "simulate/balancing.h"
 #include "simulate/fan_model.h"
-#include "model/node_keys.h"
 #include "simulate/meshing.h"
 #include "simulate/pressures.h"
 #include "simulate/troubleshoot.h"
@@ -143,8 +143,8 @@ void OrderRows(std::int32_t* order, std::int32_t n, KeyOf keyOf) {
 
 // The rows of `order` (ordered by keyOf) whose key is `key`: [first, last).
 template <typename KeyOf>
-std::pair<const std::int32_t*, const std::int32_t*> RowsWithKey(const std::int32_t* order, std::int32_t n,
-                                                                  KeyOf keyOf, Fixed4 key) {
+std::pair<const std::int32_t*, const std::int32_t*> RowsWithKey(const std::int32_t* order, std::int32_t n, KeyOf keyOf,
+                                                                Fixed4 key) {
     const std::int32_t* first =
         std::lower_bound(order, order + n, key, [&keyOf](std::int32_t row, Fixed4 k) { return keyOf(row) < k; });
     const std::int32_t* last =

@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "engineering/resistance.h"
-#include "model/number_format.h"
 #include "model/node_keys.h"
+#include "model/number_format.h"
 #include "simulate/run.h"
 
 namespace karvane::simulate {
@@ -23,8 +23,8 @@ void AfterForestChecks(Model& model, ui::UserInterface& ui) {
     switch (model.SimMode) {
     case mode::FindBulkheads:
         model.RestrictionFlag = false;
-        ui.Message("CAUTION - Bulkheads are present which MAY restrict meshes formation.",
-                   "Possible meshing problems", ui::Icon::Exclamation);
+        ui.Message("CAUTION - Bulkheads are present which MAY restrict meshes formation.", "Possible meshing problems",
+                   ui::Icon::Exclamation);
         model.SimFail = 1;
         break;
     case mode::RestrictiveFans:
@@ -55,8 +55,7 @@ void AfterForestChecks(Model& model, ui::UserInterface& ui) {
                    ProgramName, ui::Icon::None);
         break;
     }
-    default:
-        break;
+    default: break;
     }
 }
 

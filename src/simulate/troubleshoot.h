@@ -16,9 +16,9 @@ struct RunHooks;
 // Run modes (SimMode).
 namespace mode {
 inline constexpr std::int16_t Normal = 0;
-inline constexpr std::int16_t FindBulkheads = 1;   // "Find" unnecessary bulkheads
-inline constexpr std::int16_t RemoveBulkheads = 2; // "Remove" them
-inline constexpr std::int16_t RestrictiveFans = 3; // "Find Restrictive Fans"
+inline constexpr std::int16_t FindBulkheads = 1;    // "Find" unnecessary bulkheads
+inline constexpr std::int16_t RemoveBulkheads = 2;  // "Remove" them
+inline constexpr std::int16_t RestrictiveFans = 3;  // "Find Restrictive Fans"
 inline constexpr std::int16_t DuplicateAirways = 4; // "Find Duplicate Airways"
 inline constexpr std::int16_t NonConverging = -1;   // "Non-converging Airways"
 } // namespace mode

@@ -12,7 +12,7 @@
 namespace karvane::ui {
 
 struct TranscriptEntry {
-    std::string Kind;  // "Message", "Ask", "Input", "Notice", "Open", "Save"
+    std::string Kind; // "Message", "Ask", "Input", "Notice", "Open", "Save"
     std::string Title;
     std::string Text;
 };

@@ -18,7 +18,7 @@ struct FileDialogRequest {
     std::string Filter;           // e.g. "Network (*.sim);;Master (*.smm)"
     std::string DefaultExtension; // without the dot
     std::string StartFolder;
-    std::string FileName;         // suggested name
+    std::string FileName; // suggested name
 };
 
 struct DateTime {

@@ -30,9 +30,8 @@ std::string Slurp(const fs::path& p) {
 // Renders the demo mine with the given options into a folder of its own.
 Rendered Render(const std::string& options) {
     const std::string test = ::testing::UnitTest::GetInstance()->current_test_info()->name();
-    const fs::path dir = fs::temp_directory_path() /
-                         ("karvane_render_" + std::to_string(::getpid()) + "_" + test + "_" +
-                          std::to_string(std::hash<std::string>{}(options)));
+    const fs::path dir = fs::temp_directory_path() / ("karvane_render_" + std::to_string(::getpid()) + "_" + test +
+                                                      "_" + std::to_string(std::hash<std::string>{}(options)));
     fs::create_directories(dir);
     const fs::path svg = dir / "view.svg", err = dir / "err.txt";
     const std::string cmd = std::string("'") + KARVANE_CLI + "' render '" + KARVANE_EXAMPLES + "/demo-mine.sim' '" +

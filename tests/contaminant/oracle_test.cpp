@@ -10,8 +10,8 @@
 #include "bench/mine_generator.h"
 #include "contaminant/sourcing.h"
 #include "literal_procedures.h"
-#include "smoke_networks.h"
 #include "simulate/run.h"
+#include "smoke_networks.h"
 
 namespace karvane::smoketest {
 namespace {

@@ -80,8 +80,8 @@ inline float TimeOf(const Model& model, std::int32_t airwayNo) {
     return model.Smoke.SpreadTime[RowOf(model, airwayNo)];
 }
 
-// Records the progress boxes of the smoke window and the offers of input boxes, and presses Cancel at a given step of the
-// event loop.
+// Records the progress boxes of the smoke window and the offers of input boxes, and presses Cancel at a given step of
+// the event loop.
 class SmokeUi : public ui::ScriptedUserInterface {
 public:
     std::vector<std::pair<std::string, std::string>> Boxes;

@@ -209,10 +209,9 @@ TEST(Spread, CancelShowsWhatHasBeenWorkedOutSoFar) {
     EXPECT_EQ(ui.BoxTexts("TxtErr").size(), 1u);
     EXPECT_EQ(m.GasActive, 1);
     EXPECT_EQ(m.StopFlag, 255);
-    EXPECT_EQ(hooks.Calls,
-              (std::vector<std::string>{"RememberDataTypes", "CloseSmokeWindow", "CloseLegend", "Redraw",
-                                        "CloseSmokeWindow", "Redraw", "ShowLegend", "ShowContaminantDataTypes",
-                                        "LegendChanged", "Redraw"}));
+    EXPECT_EQ(hooks.Calls, (std::vector<std::string>{"RememberDataTypes", "CloseSmokeWindow", "CloseLegend", "Redraw",
+                                                     "CloseSmokeWindow", "Redraw", "ShowLegend",
+                                                     "ShowContaminantDataTypes", "LegendChanged", "Redraw"}));
 }
 
 TEST(Spread, MessagesAndQuietEnds) {
@@ -225,8 +224,7 @@ TEST(Spread, MessagesAndQuietEnds) {
         ui.DefaultAnswer = ui::Answer::No;
         RunContaminantSpread(*m, ui);
         ASSERT_FALSE(ui.Texts("Message").empty());
-        EXPECT_EQ(ui.Transcript.back().Text,
-                  "Network must be successfully balanced before smoke simulation can work");
+        EXPECT_EQ(ui.Transcript.back().Text, "Network must be successfully balanced before smoke simulation can work");
         EXPECT_EQ(ui.Transcript.back().Title, ProgramName);
         EXPECT_EQ(m->GasActive, 0);
         EXPECT_FALSE(ui.ProgressCaptions.empty()); // the airflow run showed its progress

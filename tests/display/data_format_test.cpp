@@ -6,8 +6,8 @@
 
 #include "display/data_format.h"
 #include "display/data_types.h"
-#include "engineering/resistance.h"
 #include "display_support.h"
+#include "engineering/resistance.h"
 
 namespace karvane::display {
 namespace {
@@ -62,11 +62,11 @@ TEST(FormatAirwayValue, EveryDataType) {
     Airway& a = s.Row(s.A);
     EXPECT_EQ(s.Text(12), "16.0");
     EXPECT_EQ(s.Text(12, true), "16.0 m3/s");
-    EXPECT_EQ(s.Text(13), "0.8");   // 16 / (5 x 4)
-    EXPECT_EQ(s.Text(22), "60.0");  // the drop between the nodes
+    EXPECT_EQ(s.Text(13), "0.8");  // 16 / (5 x 4)
+    EXPECT_EQ(s.Text(22), "60.0"); // the drop between the nodes
     const double rf = FrictionResistance(s.M, s.A);
     EXPECT_EQ(s.Text(23), FormatValue(s.M, 256 * rf, uc::Pressure, false, false, '.'));
-    EXPECT_EQ(s.Text(24), "");      // no fan, no fixed flow
+    EXPECT_EQ(s.Text(24), ""); // no fan, no fixed flow
     const double load = std::fabs(60 - 256 * rf) * 20 / 9.81;
     EXPECT_EQ(s.Text(25), FormatValue(s.M, load, uc::Mass, false, false, '.'));
     EXPECT_EQ(s.Text(32), "0.50000");
@@ -79,7 +79,7 @@ TEST(FormatAirwayValue, EveryDataType) {
     EXPECT_EQ(s.Text(44), "1,794"); // 2.048 x 0.08 x 8760 / 0.8 = 1794.05
     s.M.Set.PowerCost = 0.8f;
     EXPECT_EQ(s.Text(44), "17,940");
-    EXPECT_EQ(s.Text(43), "");      // no fan
+    EXPECT_EQ(s.Text(43), ""); // no fan
     EXPECT_EQ(s.Text(52), "1");
     EXPECT_EQ(s.Text(53), "1,3");
     EXPECT_EQ(s.Text(54), "Intake,East");
@@ -89,7 +89,7 @@ TEST(FormatAirwayValue, EveryDataType) {
     a.Gas2 = 2;
     s.M.GasActive = 1;
     EXPECT_EQ(s.Text(55), "2");
-    EXPECT_EQ(s.Text(56), "");      // never reached
+    EXPECT_EQ(s.Text(56), ""); // never reached
     s.M.Smoke.SpreadTime[static_cast<std::size_t>(s.A)] = 3600;
     EXPECT_EQ(s.Text(56), "01:00:00");
     EXPECT_EQ(s.Text(99), "");
@@ -129,7 +129,7 @@ TEST(FormatAirwayValue, FansStallsAndDecorations) {
     const double drive = (v + 1000) * 20 / 1000;
     EXPECT_EQ(s.Text(43), "Fan1:" + FormatValue(s.M, drive / 0.8, uc::Power, false, false, '.'));
     EXPECT_EQ(s.Text(45), "Fan1:" + FormatValue(s.M, std::nearbyint(drive * 0.08 * 8760 / 0.8 * 1e4) / 1e4,
-                                                  uc::Currency, false, false, '.'));
+                                                uc::Currency, false, false, '.'));
     EXPECT_EQ(s.Text(25), "Fan1:" + FormatValue(s.M, 20 * -1000.0 / 9.81, uc::Mass, false, false, '.'));
 
     // A stalled fan: the stall pressure of the first curve point, times two fans in series.
@@ -214,18 +214,17 @@ TEST(DataTypes, ListsMemoryCaptionsAndPopup) {
     Airway& a = s.Row(s.A);
     a.FanNumber = 1;
     a.NoOfFans = 2;
-    EXPECT_EQ(InfoPopupText(s.M, s.Ds, s.A),
-              "     AIRWAY 1\n\n"
-              "Q = 16.0 m3/s\n"
-              "Vel = 0.8 m/s\n"
-              "Res = 0.50000 Ns2/m8\n"
-              "kFac = 0.01200 kg/m3\n"
-              "PLoss = 128.0 Pa\n"
-              "Shock = 20.0 m\n"
-              "Size = 5.0 m x 4.0 m\n"
-              "Cost = $ 1,794\n"
-              "Power = 2 kW\n"
-              "Layers = Intake,East");
+    EXPECT_EQ(InfoPopupText(s.M, s.Ds, s.A), "     AIRWAY 1\n\n"
+                                             "Q = 16.0 m3/s\n"
+                                             "Vel = 0.8 m/s\n"
+                                             "Res = 0.50000 Ns2/m8\n"
+                                             "kFac = 0.01200 kg/m3\n"
+                                             "PLoss = 128.0 Pa\n"
+                                             "Shock = 20.0 m\n"
+                                             "Size = 5.0 m x 4.0 m\n"
+                                             "Cost = $ 1,794\n"
+                                             "Power = 2 kW\n"
+                                             "Layers = Intake,East");
 }
 
 } // namespace

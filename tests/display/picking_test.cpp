@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "display/drawn_list.h"
-#include "display/picking.h"
 #include "display/level_selector.h"
+#include "display/picking.h"
 #include "display_support.h"
 
 namespace karvane::display {

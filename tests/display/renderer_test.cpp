@@ -248,7 +248,8 @@ TEST(Renderer, SymbolsOnTheAirway) {
         return std::count_if(all.begin(), all.end(), [symbol](const RecordedOp& op) { return op.Symbol == symbol; });
     };
     const auto bitmaps = s.Surface.Of(OpKind::Bitmap);
-    const auto fan = std::find_if(bitmaps.begin(), bitmaps.end(), [](const RecordedOp& op) { return op.Symbol == sym::Fan; });
+    const auto fan =
+        std::find_if(bitmaps.begin(), bitmaps.end(), [](const RecordedOp& op) { return op.Symbol == sym::Fan; });
     ASSERT_NE(fan, bitmaps.end());
     // Half of the way along (IconLoc + 0.3), centred.
     EXPECT_TRUE(Near(fan->X1 + fan->X2 / 2, 0) && Near(fan->Y1 + fan->Y2 / 2, 0));
@@ -367,7 +368,8 @@ TEST(Renderer, StationLabelsOverTheirAirways) {
 std::size_t NodeSymbolsByScan(const Model& m, const DisplayState& ds) {
     std::size_t n = 0;
     const ViewState& v = ds.View;
-    const float left = v.ScaleLeft, right = v.ScaleLeft + v.ScaleWidth, top = v.ScaleTop, bottom = v.ScaleTop + v.ScaleHeight;
+    const float left = v.ScaleLeft, right = v.ScaleLeft + v.ScaleWidth, top = v.ScaleTop,
+                bottom = v.ScaleTop + v.ScaleHeight;
     for (const DrawnAirway& d : ds.Drawn) {
         if (!(d.X1 > left && d.X1 < right && d.Y1 > top && d.Y1 < bottom)) continue;
         const Airway& a = m.Airways[static_cast<std::size_t>(d.Airway)];

@@ -20,9 +20,15 @@ namespace {
 
 TEST(Robustness, DamagedNetworksAndViewsDrawAndPickWithoutFault) {
     std::mt19937 rng(11);
-    const float specials[] = {0.0f, -0.0f, std::numeric_limits<float>::quiet_NaN(),
-                              std::numeric_limits<float>::infinity(), -std::numeric_limits<float>::infinity(),
-                              3e38f, -9999.0f, 9999.0f, 1e-30f};
+    const float specials[] = {0.0f,
+                              -0.0f,
+                              std::numeric_limits<float>::quiet_NaN(),
+                              std::numeric_limits<float>::infinity(),
+                              -std::numeric_limits<float>::infinity(),
+                              3e38f,
+                              -9999.0f,
+                              9999.0f,
+                              1e-30f};
     auto special = [&] { return specials[rng() % std::size(specials)]; };
     auto coord = [&]() -> std::int32_t {
         switch (rng() % 4) {

@@ -39,9 +39,9 @@ TEST(SavedViews, SaveAndLoadRoundTrip) {
     EXPECT_EQ(slot.ViewParam[10], 2);
     EXPECT_EQ(slot.ViewParam[17], 3);
     EXPECT_EQ(slot.ViewValue[4], 69 * kFixedScale);
-    EXPECT_EQ(slot.ViewValue[2], (0x1FFFE - 8) * kFixedScale);        // primary 1..16 but 3
-    EXPECT_EQ(slot.ViewValue[3], (0x1FFFFFE - 64) * kFixedScale);     // secondary 25..48 but 30
-    EXPECT_EQ(slot.ViewValue[1], (0x1FFFFFE - 4) * kFixedScale);      // secondary 1..24 but 2
+    EXPECT_EQ(slot.ViewValue[2], (0x1FFFE - 8) * kFixedScale);    // primary 1..16 but 3
+    EXPECT_EQ(slot.ViewValue[3], (0x1FFFFFE - 64) * kFixedScale); // secondary 25..48 but 30
+    EXPECT_EQ(slot.ViewValue[1], (0x1FFFFFE - 4) * kFixedScale);  // secondary 1..24 but 2
 
     const ViewState saved = v;
     s.Ds.View = ViewState{};

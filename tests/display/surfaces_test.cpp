@@ -50,9 +50,7 @@ TEST(Surfaces, SvgOfADrawing) {
     EXPECT_NE(doc.find("width=\"800\" height=\"600\""), std::string::npos);
     EXPECT_NE(doc.find("<rect width=\"100%\" height=\"100%\" fill=\"#000000\"/>"), std::string::npos);
     // The two airways in one path of their colour; the main drive from pixel 200 to 600.
-    EXPECT_NE(doc.find("stroke=\"#00ff00\" stroke-width=\"1\" d=\"M200 300L600 300L600 620"),
-              std::string::npos)
-        << doc;
+    EXPECT_NE(doc.find("stroke=\"#00ff00\" stroke-width=\"1\" d=\"M200 300L600 300L600 620"), std::string::npos) << doc;
     EXPECT_NE(doc.find("Drive &lt;A &amp; B&gt;</text>"), std::string::npos);
     EXPECT_NE(doc.find("<g id=\"s3\">"), std::string::npos); // the fan's picture is defined once
     EXPECT_NE(doc.find("xlink:href=\"#s3\""), std::string::npos);

@@ -98,7 +98,7 @@ TEST_F(ResistanceTest, ParallelAirwaysDivideTheWholeSum) {
 TEST_F(ResistanceTest, LengthIsStoredWholeButUsedUnrounded) {
     Airway& a = Drive();
     a.X2 = 100;
-    a.Y2 = 12; // sqrt(10144) = 100.717...
+    a.Y2 = 12;       // sqrt(10144) = 100.717...
     a.ShockType = 2; // 20 m of shock
     RecalcAirway(model, 1);
     EXPECT_EQ(a.Length, 100.0f);

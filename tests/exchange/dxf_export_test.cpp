@@ -41,7 +41,8 @@ void Append(std::vector<std::string>& to, const std::vector<std::string>& items)
     to.insert(to.end(), items.begin(), items.end());
 }
 
-std::vector<std::string> Line(const std::string& layer, const std::string& colour, std::initializer_list<std::string> xyz) {
+std::vector<std::string> Line(const std::string& layer, const std::string& colour,
+                              std::initializer_list<std::string> xyz) {
     std::vector<std::string> out{"0", "LINE", "8", layer, "62", colour};
     const char* codes[] = {"10", "20", "30", "11", "21", "31"};
     int k = 0;
@@ -189,7 +190,8 @@ TEST(DxfExport, ScreenColoursTestedInOrderLastMatchStands) {
     Model m;
     karvane::testing::SetUpBuiltIn(m);
     const int expected[] = {3, 1, 4, 5, 0, 1, 7, 6};
-    for (int k = 0; k < ColourCount; ++k) EXPECT_EQ(ScreenDxfColour(m, m.Set.Colours[static_cast<std::size_t>(k)]), expected[k]);
+    for (int k = 0; k < ColourCount; ++k)
+        EXPECT_EQ(ScreenDxfColour(m, m.Set.Colours[static_cast<std::size_t>(k)]), expected[k]);
     m.Set.Colours[7] = m.Set.Colours[0];
     EXPECT_EQ(ScreenDxfColour(m, m.Set.Colours[0]), 6);
     EXPECT_EQ(ScreenDxfColour(m, Rgb(9, 9, 9)), 7);
@@ -300,32 +302,31 @@ for path in sys.argv[1:]:
         else:
             print("OTHER " + t)
 )PY";
-    const auto out = karvane::testing::RunPython(python, b.Dir, script,
-                                                 b.Dir.File("true.dxf") + " " + b.Dir.File("screen.dxf"));
+    const auto out =
+        karvane::testing::RunPython(python, b.Dir, script, b.Dir.File("true.dxf") + " " + b.Dir.File("screen.dxf"));
     ASSERT_TRUE(out);
-    const std::string want =
-        "FILE\n"
-        "TEXT FLOAT 10.0000 20.0000 510.0000 5.0 Portal\n"
-        "LINE Branch 4 0.0000 0.0000 500.0000 100.0000 0.0000 500.0000\n"
-        "LINE Arrow 4 30.4466 2.9552 500.0000 40.0000 0.0000 500.0000\n"
-        "LINE Arrow 4 40.0000 0.0000 500.0000 30.4466 -2.9552 500.0000\n"
-        "TEXT NNAMES 100.0000 0.0000 500.0000 4.0 N2\n"
-        "TEXT BNAMES 50.0000 0.0000 500.0000 3.0 Drive A\n"
-        "TEXT DATA 50.0000 5.0000 500.0000 5.0 12.3\n"
-        "CIRCLE NODES 100.0000 0.0000 500.0000 2.0\n"
-        "LINE Branch 1 100.0000 0.0000 500.0000 100.0000 0.0000 400.0000\n"
-        "LINE Arrow 1 102.9552 9.5534 460.0000 100.0000 0.0000 460.0000\n"
-        "LINE Arrow 1 100.0000 0.0000 460.0000 97.0448 9.5534 460.0000\n"
-        "TEXT DATA 100.0000 5.0000 450.0000 5.0 0.0\n"
-        "CIRCLE NODES 100.0000 0.0000 400.0000 2.0\n"
-        "FILE\n"
-        "TEXT FLOAT 10.0000 -20.0000 0.0000 5.0 Portal\n"
-        "LINE Branch 1 10.5000 -20.0000 0.0000 110.5000 -20.0000 0.0000\n"
-        "LINE Arrow 1 40.9466 -17.0448 0.0000 50.5000 -20.0000 0.0000\n"
-        "LINE Arrow 1 50.5000 -20.0000 0.0000 40.9466 -22.9552 0.0000\n"
-        "TEXT NNAMES 110.5000 -20.0000 0.0000 4.0 N2\n"
-        "TEXT BNAMES 60.5000 -20.0000 0.0000 3.0 Drive A\n"
-        "TEXT DATA 60.5000 -15.0000 0.0000 5.0 12.3\n"
-        "CIRCLE NODES 110.5000 -20.0000 0.0000 2.0\n";
+    const std::string want = "FILE\n"
+                             "TEXT FLOAT 10.0000 20.0000 510.0000 5.0 Portal\n"
+                             "LINE Branch 4 0.0000 0.0000 500.0000 100.0000 0.0000 500.0000\n"
+                             "LINE Arrow 4 30.4466 2.9552 500.0000 40.0000 0.0000 500.0000\n"
+                             "LINE Arrow 4 40.0000 0.0000 500.0000 30.4466 -2.9552 500.0000\n"
+                             "TEXT NNAMES 100.0000 0.0000 500.0000 4.0 N2\n"
+                             "TEXT BNAMES 50.0000 0.0000 500.0000 3.0 Drive A\n"
+                             "TEXT DATA 50.0000 5.0000 500.0000 5.0 12.3\n"
+                             "CIRCLE NODES 100.0000 0.0000 500.0000 2.0\n"
+                             "LINE Branch 1 100.0000 0.0000 500.0000 100.0000 0.0000 400.0000\n"
+                             "LINE Arrow 1 102.9552 9.5534 460.0000 100.0000 0.0000 460.0000\n"
+                             "LINE Arrow 1 100.0000 0.0000 460.0000 97.0448 9.5534 460.0000\n"
+                             "TEXT DATA 100.0000 5.0000 450.0000 5.0 0.0\n"
+                             "CIRCLE NODES 100.0000 0.0000 400.0000 2.0\n"
+                             "FILE\n"
+                             "TEXT FLOAT 10.0000 -20.0000 0.0000 5.0 Portal\n"
+                             "LINE Branch 1 10.5000 -20.0000 0.0000 110.5000 -20.0000 0.0000\n"
+                             "LINE Arrow 1 40.9466 -17.0448 0.0000 50.5000 -20.0000 0.0000\n"
+                             "LINE Arrow 1 50.5000 -20.0000 0.0000 40.9466 -22.9552 0.0000\n"
+                             "TEXT NNAMES 110.5000 -20.0000 0.0000 4.0 N2\n"
+                             "TEXT BNAMES 60.5000 -20.0000 0.0000 3.0 Drive A\n"
+                             "TEXT DATA 60.5000 -15.0000 0.0000 5.0 12.3\n"
+                             "CIRCLE NODES 110.5000 -20.0000 0.0000 2.0\n";
     EXPECT_EQ(*out, want);
 }

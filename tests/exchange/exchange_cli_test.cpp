@@ -44,7 +44,8 @@ TEST_F(ExchangeCli, OutAndBackIn) {
     ASSERT_EQ(Airways("mine.sim"), "400");
 
     // The drawing without arrows comes back as the same number of airways.
-    CliResult r = Run("export-dxf " + F("mine.sim") + " " + F("mine.dxf") + " --arrow 0 --node-circle 1 --text-sizes 2,3,4");
+    CliResult r =
+        Run("export-dxf " + F("mine.sim") + " " + F("mine.dxf") + " --arrow 0 --node-circle 1 --text-sizes 2,3,4");
     ASSERT_EQ(r.Code, 0) << r.Err;
     const std::string dxf = dir_.Read("mine.dxf");
     EXPECT_EQ(dxf.substr(0, 25), "0\r\nSECTION\r\n2\r\nENTITIES\r\n");
@@ -56,7 +57,8 @@ TEST_F(ExchangeCli, OutAndBackIn) {
 
     // The screen form starts with its comment block.
     ASSERT_EQ(Run("export-dxf " + F("mine.sim") + " " + F("screen.dxf") + " --screen").Code, 0);
-    EXPECT_EQ(dir_.Read("screen.dxf").substr(0, 63), "999\r\nKARVANE******************************************KARVANE\r\n");
+    EXPECT_EQ(dir_.Read("screen.dxf").substr(0, 63),
+              "999\r\nKARVANE******************************************KARVANE\r\n");
 
     // Text out, and in again behind the mine, with levels by height: the question is answered.
     ASSERT_EQ(Run("export-text " + F("mine.sim") + " " + F("mine.txt")).Code, 0);

@@ -14,8 +14,8 @@
 
 using namespace karvane;
 using namespace karvane::exchange;
-using karvane::testing::CrLf;
 using karvane::testing::AllEnds;
+using karvane::testing::CrLf;
 using karvane::testing::Ends;
 using karvane::testing::EndsOf;
 using karvane::testing::ExchangeBench;
@@ -52,8 +52,7 @@ TEST(TextImport, ColumnsUnitsAndNumbering) {
     b.Dir.Write("in.txt", CrLf({Heading,
                                 " 328.084 \t 0 \t 1640.42 \t 656.168 \t 0 \t 1640.42 \t 21.189 \t 0.8953 \t 3 \t 2 \t"
                                 "Drive A    \t N1 \tN2    \t 13.12336 \t 16.4042 \t 77 ",
-                                "",
-                                Row("656,168\t0\t1640,42\t656.168\t328.084\t1312.336")}));
+                                "", Row("656,168\t0\t1640,42\t656.168\t328.084\t1312.336")}));
     ImportReport report;
     ASSERT_TRUE(ImportFile(m, b.ui(), b.Dir.File("in.txt"), {}, &report));
     EXPECT_TRUE(b.ui().Transcript.empty());
@@ -124,7 +123,8 @@ TEST(TextImport, ExportedAndImportedAgainUnderEitherUnitSystem) {
 TEST(TextImport, ClippingOffsetsAndNegation) {
     ExchangeBench b;
     Model& m = b.m();
-    b.Dir.Write("in.txt", CrLf({Heading, Row("123456789\t20\t-30\t12345678\t20\t-40"), Row("9999999\t0\t10\t5\t5\t10")}));
+    b.Dir.Write("in.txt",
+                CrLf({Heading, Row("123456789\t20\t-30\t12345678\t20\t-40"), Row("9999999\t0\t10\t5\t5\t10")}));
     ImportFields f;
     f.TxtXOffset = "100";
     f.TxtYOffset = "-20.4";
@@ -161,12 +161,11 @@ TEST(Import, FinishingOfNewRows) {
     m.DrawSecondaryLayer = 30;
     // A drive, an inclined drive not steep enough to be a raise, a raise, a drive with a fan and
     // sizes of its own, and a vertical raise; every resistance of the file is to be retained.
-    b.Dir.Write("in.txt",
-                CrLf({Heading, Row("0\t0\t500\t100\t0\t500", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
-                      Row("0\t0\t500\t100\t0\t434", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
-                      Row("0\t0\t500\t10\t0\t400", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
-                      Row("0\t0\t400\t50\t0\t400", "0\t7.5\t2\t1\tA\tB\tC\t3\t6\t1"),
-                      Row("0\t0\t400\t0\t0\t300", "0\t9.25\t0\t0\tA\tB\tC\t0\t0\t1")}));
+    b.Dir.Write("in.txt", CrLf({Heading, Row("0\t0\t500\t100\t0\t500", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
+                                Row("0\t0\t500\t100\t0\t434", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
+                                Row("0\t0\t500\t10\t0\t400", "0\t2.5\t0\t0\tA\tB\tC\t0\t0\t1"),
+                                Row("0\t0\t400\t50\t0\t400", "0\t7.5\t2\t1\tA\tB\tC\t3\t6\t1"),
+                                Row("0\t0\t400\t0\t0\t300", "0\t9.25\t0\t0\tA\tB\tC\t0\t0\t1")}));
     ImportFields f;
     f.ChkRDrive = true;
     f.ChkRRaise = true;
@@ -201,7 +200,8 @@ TEST(Import, FinishingOfNewRows) {
     // Common size: the steep one is a drive too. Area entry: perimeter and area.
     ExchangeBench c;
     c.m().Set.UseArea = -1;
-    c.Dir.Write("in.txt", CrLf({Heading, Row("0\t0\t500\t10\t0\t400"), Row("0\t0\t500\t10\t0\t400", "0\t0\t0\t0\tA\tB\tC\t0\t3\t1")}));
+    c.Dir.Write("in.txt", CrLf({Heading, Row("0\t0\t500\t10\t0\t400"),
+                                Row("0\t0\t500\t10\t0\t400", "0\t0\t0\t0\tA\tB\tC\t0\t3\t1")}));
     ImportFields g;
     g.ChkSize = true;
     ASSERT_TRUE(ImportFile(c.m(), c.ui(), c.Dir.File("in.txt"), g));
@@ -233,7 +233,8 @@ TEST(Import, LevelsSpanningTheImport) {
     ASSERT_TRUE(ImportFile(m, b.ui(), b.Dir.File("more.txt"), f, &report));
     EXPECT_EQ(m.AirwayCount, 4);
     EXPECT_EQ(report.FirstNewRow, 4);
-    EXPECT_EQ(LevelNames(m), (std::vector<std::string>{"Surface 490 490", "Import Level 480 300", "Import Level 200 200"}));
+    EXPECT_EQ(LevelNames(m),
+              (std::vector<std::string>{"Surface 490 490", "Import Level 480 300", "Import Level 200 200"}));
     EXPECT_EQ(m.Airways[4].AirwayNo, 4);
 
     // An import that reaches the surface level: the surface moves above it.
@@ -266,8 +267,8 @@ TEST(Import, LevelsByHeightWithTheSurfaceQuestion) {
     c.Dir.Write("in.txt", rows);
     c.ui().Answers = {ui::Answer::No};
     ASSERT_TRUE(ImportFile(c.m(), c.ui(), c.Dir.File("in.txt"), f));
-    EXPECT_EQ(LevelNames(c.m()),
-              (std::vector<std::string>{"Surface 510 510", "Level 500 500 500", "Level 0 0 0", "Level -150 -150 -150"}));
+    EXPECT_EQ(LevelNames(c.m()), (std::vector<std::string>{"Surface 510 510", "Level 500 500 500", "Level 0 0 0",
+                                                           "Level -150 -150 -150"}));
     EXPECT_NE(c.m().Airways[1].EntryKey, SurfaceKey);
     EXPECT_EQ(c.m().CurrentRLMax, 500);
 }
@@ -302,8 +303,8 @@ TEST(Import, ReplaceOrMerge) {
     m.FileName = "/somewhere/old.sim";
     m.Set.LastAirwayNo = 12;
     m.PrimaryLayers[2].Name = "Intake";
-    b.Dir.Write("in.dxf", CrLf({"0", "LINE", "10", "5", "20", "5", "30", "100", "11", "9", "21", "5", "31", "100", "0",
-                                "EOF"}));
+    b.Dir.Write("in.dxf",
+                CrLf({"0", "LINE", "10", "5", "20", "5", "30", "100", "11", "9", "21", "5", "31", "100", "0", "EOF"}));
 
     // Merge: the network stays, the new airways numbered behind the highest number.
     ImportFields f;
@@ -399,8 +400,8 @@ TEST(Import, BadFilesLeaveTheNetworkAsItWas) {
         ui.Transcript.clear();
         b.Dir.Write("empty.dxf", bytes);
         EXPECT_FALSE(ImportFile(m, ui, b.Dir.File("empty.dxf"), {}));
-        EXPECT_EQ(ui.Texts("Message"),
-                  std::vector<std::string>{"No airways were found in " + b.Dir.File("empty.dxf") + " - nothing was changed"});
+        EXPECT_EQ(ui.Texts("Message"), std::vector<std::string>{"No airways were found in " + b.Dir.File("empty.dxf") +
+                                                                " - nothing was changed"});
         unchanged("empty");
     }
     ui.Transcript.clear();
@@ -410,8 +411,8 @@ TEST(Import, BadFilesLeaveTheNetworkAsItWas) {
 }
 
 TEST(Import, FaultsAskOnceAndNoKeepsWhatWasRead) {
-    const std::string faulty = CrLf({Heading, Row("0\t0\t0\t10\t0\t0"), "5\t5\t5", Row("1\t2\t3\tfour\t5\t6"),
-                                     Row("20\t0\t0\t30\t0\t0")});
+    const std::string faulty =
+        CrLf({Heading, Row("0\t0\t0\t10\t0\t0"), "5\t5\t5", Row("1\t2\t3\tfour\t5\t6"), Row("20\t0\t0\t30\t0\t0")});
     // Yes: the short row and the bad number are read as far as they go, and the rest follows.
     ExchangeBench b;
     b.Dir.Write("in.txt", faulty);
@@ -435,8 +436,8 @@ TEST(Import, FaultsAskOnceAndNoKeepsWhatWasRead) {
 
     // A drawing with a garbled group code and a coordinate that is no number.
     ExchangeBench d;
-    d.Dir.Write("in.dxf", CrLf({"0", "LINE", "10", "1", "11", "9", "0", "LINE", "X0", "5", "10", "x", "11", "7", "0",
-                                "LINE", "10", "2", "11", "3", "0", "EOF"}));
+    d.Dir.Write("in.dxf", CrLf({"0", "LINE", "10", "1", "11",   "9",  "0", "LINE", "X0", "5", "10",
+                                "x", "11",   "7",  "0", "LINE", "10", "2", "11",   "3",  "0", "EOF"}));
     d.ui().Answers = {ui::Answer::Yes};
     ASSERT_TRUE(ImportFile(d.m(), d.ui(), d.Dir.File("in.dxf"), {}));
     EXPECT_EQ(d.ui().Texts("Ask").size(), 1u);
@@ -487,8 +488,11 @@ for version in ("R12", "R2000"):
     doc.saveas(sys.argv[1] + "/" + version + ".dxf")
 )PY";
     ASSERT_TRUE(karvane::testing::RunPython(python, b.Dir, script, b.Dir.Path.string()));
-    const std::vector<Ends> common{{0, 0, 500, 120, 0, 500},  {120, 0, 500, 120, 60, 480}, {120, 60, 480, 150, 60, 470},
-                                   {0, 100, 350, 50, 100, 350}, {50, 100, 350, 50, 150, 350}};
+    const std::vector<Ends> common{{0, 0, 500, 120, 0, 500},
+                                   {120, 0, 500, 120, 60, 480},
+                                   {120, 60, 480, 150, 60, 470},
+                                   {0, 100, 350, 50, 100, 350},
+                                   {50, 100, 350, 50, 150, 350}};
     for (const char* version : {"R12", "R2000"}) {
         ExchangeBench c;
         ASSERT_TRUE(ImportFile(c.m(), c.ui(), b.Dir.File(std::string(version) + ".dxf"), {})) << version;

@@ -6,9 +6,9 @@
 #include <cmath>
 #include <random>
 
+#include "bench/mine_generator.h"
 #include "exchange/simplify.h"
 #include "exchange_support.h"
-#include "bench/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/run.h"
 
@@ -103,7 +103,8 @@ std::int32_t LiteralSimplify(Model& m, ui::UserInterface& ui, files::UndoLog& un
             unit(A(j), lj, uj3);
             const double c = ui3[0] * uj3[0] + ui3[1] * uj3[1] + ui3[2] * uj3[2];
             double angle = 0;
-            if (std::fabs(c) < 1) angle = (std::atan(-c / std::sqrt(1 - c * c)) + 2 * std::atan(1.0)) * 180 / (4 * std::atan(1.0));
+            if (std::fabs(c) < 1)
+                angle = (std::atan(-c / std::sqrt(1 - c * c)) + 2 * std::atan(1.0)) * 180 / (4 * std::atan(1.0));
             const bool surface = A(i).EntryKey == SurfaceKey || A(i).ExitKey == SurfaceKey ||
                                  A(j).EntryKey == SurfaceKey || A(j).ExitKey == SurfaceKey;
             if (angle > maxA || li > maxL || A(i).FanNumber != 0 || A(j).FanNumber != 0 || surface ||

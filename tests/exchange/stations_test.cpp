@@ -48,9 +48,9 @@ TEST(StationFile, ReadingsAndTheirEdges) {
     Model& m = b.m();
     StationNo(m, 4).ChannelValue = {0, 7, 7, 7, 7, 7};
     b.Dir.Write("logger.rem", CrLf({"Stn\tLocation\tTime\tFlow\tVel\tCO\tTemp\tDust", "units line",
-                                    "4\tLevel 2 east\t10:15:00\t12.5\t-3.6\t13.5\t1e2\t7",
-                                    "0\ta\tb\t1\t1\t1\t1\t1", "51\ta\tb\t1\t1\t1\t1\t1", "x\ta\tb\t1\t1\t1\t1\t1",
-                                    "2.5\ta\tb\t1\t1\t1\t1\t1", "9\tShaft\t10:16:00\t44\t1,4", "7"}));
+                                    "4\tLevel 2 east\t10:15:00\t12.5\t-3.6\t13.5\t1e2\t7", "0\ta\tb\t1\t1\t1\t1\t1",
+                                    "51\ta\tb\t1\t1\t1\t1\t1", "x\ta\tb\t1\t1\t1\t1\t1", "2.5\ta\tb\t1\t1\t1\t1\t1",
+                                    "9\tShaft\t10:16:00\t44\t1,4", "7"}));
     std::array<std::string, 6> heading{};
     ASSERT_EQ(ReadStationFile(m, b.Dir.File("logger.rem"), heading), files::err::None);
     EXPECT_EQ(heading, (std::array<std::string, 6>{"", "Flow", "Vel", "CO", "Temp", "Dust"}));
@@ -94,8 +94,8 @@ TEST(StationLabels, NamesValuesAndAlarms) {
     int beeps = 0;
     monitor.Beep = [&beeps] { ++beeps; };
     const auto lines = monitor.LabelLines(m, 1);
-    EXPECT_EQ(TextsOf(lines), (std::vector<std::string>{"   East fan 10:15:00", "CH4  1,5%", "T  30,0 C", "D  40,0",
-                                                        "X  0,0"}));
+    EXPECT_EQ(TextsOf(lines),
+              (std::vector<std::string>{"   East fan 10:15:00", "CH4  1,5%", "T  30,0 C", "D  40,0", "X  0,0"}));
     EXPECT_EQ(lines[0].TextColour, Rgb(255, 255, 255));
     EXPECT_EQ(lines[1].TextColour, Rgb(0, 0, 255)) << "1.5 above the high limit of 1";
     EXPECT_EQ(lines[2].TextColour, m.Set.Colours[5]) << "exactly at the low limit: no alarm";
@@ -185,7 +185,8 @@ TEST(StationTimers, InputTickReadsRedrawsAndResimulates) {
     ExchangeBench b;
     Model& m = b.m();
     // Down a shaft, along a drive that carries station 2, up another shaft.
-    for (Airway* a : {&b.Add(0, 0, 1000, 0, 0, 500), &b.Add(0, 0, 500, 300, 0, 500), &b.Add(300, 0, 500, 300, 0, 1000)}) {
+    for (Airway* a :
+         {&b.Add(0, 0, 1000, 0, 0, 500), &b.Add(0, 0, 500, 300, 0, 500), &b.Add(300, 0, 500, 300, 0, 1000)}) {
         a->ResType = CustomPreset;
         a->Resistance = 0.01f;
     }
@@ -282,8 +283,9 @@ TEST(StationTimers, ResultsFileLineByLine) {
     EXPECT_EQ(lines[0], "Branch No\tFrom Node\tTo Node\tAirway Name\tX1\tY1\tZ1\tX2\tY2\tZ2\tDim 1\tDim 2\tk factor\t"
                         "shock factor\tresist\tquantity\tfan #\tno fans\tlength\tpres change\tsmoke\tprim layer\t"
                         "sec layer\tentry pres\texit pres\tno of airways\tRemote Station");
-    EXPECT_EQ(lines[1], "1\tPortal\t  X4\tMain drive\t10\t-20\t480\t110\t-20\t470\t4\t4\t0,0125\t2,5\t0,125\t12,5\t2\t1\t"
-                        "100,5\t-1,25\t0\t1\t1\t0,5\t-9999999\t1\t4");
+    EXPECT_EQ(lines[1],
+              "1\tPortal\t  X4\tMain drive\t10\t-20\t480\t110\t-20\t470\t4\t4\t0,0125\t2,5\t0,125\t12,5\t2\t1\t"
+              "100,5\t-1,25\t0\t1\t1\t0,5\t-9999999\t1\t4");
 
     b.Dir.Write("out.txt", "");
     EXPECT_EQ(ActivateOutput(m, b.ui(), views, true), 60000);

@@ -33,11 +33,13 @@ TEST(TextExport, HeadingAndLines) {
     a.AirwayNo = 77;
 
     ASSERT_TRUE(ExportText(m, b.Dir.File("si.txt"), b.ui()));
-    const std::string heading = "X1\tY1\tZ1\tX2\tY2\tZ2\tQUANTITY\tRESISTANCE\tFAN TYPE\tNO FANS\tBRANCH NAME\tENTRY NODE\t"
-                                "EXIT NODE\tHEIGHT\tWIDTH/DIAM\tAirway No";
+    const std::string heading =
+        "X1\tY1\tZ1\tX2\tY2\tZ2\tQUANTITY\tRESISTANCE\tFAN TYPE\tNO FANS\tBRANCH NAME\tENTRY NODE\t"
+        "EXIT NODE\tHEIGHT\tWIDTH/DIAM\tAirway No";
     const std::string names = "\tDrive A" + Blanks(33) + "\t" + std::string(40, 'E') + "\tN2" + Blanks(38) + "\t";
-    EXPECT_EQ(b.Dir.Read("si.txt"), heading + "\r\n" + " 100 \t-20 \t 500 \t 250 \t-20 \t 480 \t 12.3 \t 0.00123 \t 3 \t 2 " +
-                                        names + " 3.5 \t 4.25 \t 77 \r\n");
+    EXPECT_EQ(b.Dir.Read("si.txt"), heading + "\r\n" +
+                                        " 100 \t-20 \t 500 \t 250 \t-20 \t 480 \t 12.3 \t 0.00123 \t 3 \t 2 " + names +
+                                        " 3.5 \t 4.25 \t 77 \r\n");
 
     // A machine of decimal commas, British units: lengths in feet, the flow rounded to 12.3 before
     // it is put in kcf/m, the resistance to 0.00123 before its factor.
@@ -46,8 +48,9 @@ TEST(TextExport, HeadingAndLines) {
     ASSERT_TRUE(ExportText(m, b.Dir.File("uk.txt"), b.ui()));
     const std::vector<std::string> lines = karvane::testing::CrLfLines(b.Dir.Read("uk.txt"));
     ASSERT_EQ(lines.size(), 2u);
-    EXPECT_EQ(lines[1], " 328,084 \t-65,6168 \t 1640,42 \t 820,21 \t-65,6168 \t 1574,803 \t 26,06247 \t 0,001101219 \t 3 \t 2 " +
-                            names + " 11,48294 \t 13,94357 \t 77 ");
+    EXPECT_EQ(lines[1],
+              " 328,084 \t-65,6168 \t 1640,42 \t 820,21 \t-65,6168 \t 1574,803 \t 26,06247 \t 0,001101219 \t 3 \t 2 " +
+                  names + " 11,48294 \t 13,94357 \t 77 ");
     EXPECT_TRUE(b.ui().Transcript.empty());
 }
 

@@ -67,16 +67,16 @@ TEST(BuiltInSettings, EveryPresetRow) {
     SetBuiltInSettings(m);
     const Presets& p = m.Preset;
 
-    const std::pair<const char*, float> wall[] = {
-        {"Smooth Pipes", 0.003f},         {"Flexible Ducting", 0.0035f},    {"Concrete Lined Airway", 0.004f},
-        {"Raisebored Airway", 0.007f},    {"Smooth Blasted Airway", 0.01f}, {"Average Blasted Airway", 0.012f},
-        {"Rough Blasted Airway", 0.018f}, {"Very Rough Blasted", 0.025f},   {"Timbered Airway", 0.04f},
-        {"Concrete Shaft Sets", 0.05f}};
+    const std::pair<const char*, float> wall[] = {{"Smooth Pipes", 0.003f},          {"Flexible Ducting", 0.0035f},
+                                                  {"Concrete Lined Airway", 0.004f}, {"Raisebored Airway", 0.007f},
+                                                  {"Smooth Blasted Airway", 0.01f},  {"Average Blasted Airway", 0.012f},
+                                                  {"Rough Blasted Airway", 0.018f},  {"Very Rough Blasted", 0.025f},
+                                                  {"Timbered Airway", 0.04f},        {"Concrete Shaft Sets", 0.05f}};
     const std::pair<const char*, float> res[] = {
         {"Automatic", 0.0f},       {"Bulkhead", 1e9f},       {"Steel Door", 10.0f},    {"Wood Door", 5.0f},
         {"meshes Brattice", 3.0f}, {"Parachute Stop", 2.0f}, {"High Muck Pile", 1.5f}, {"Med Muck Pile", 1.0f},
         {"Low Muck Pile", 0.5f},   {"Air Curtain", 0.1f}};
-    const std::pair<const char*, float> shock[] = {{"None", 0.0f},     {"Slight", 5.0f}, {"Low", 20.0f},
+    const std::pair<const char*, float> shock[] = {{"None", 0.0f},      {"Slight", 5.0f}, {"Low", 20.0f},
                                                    {"Moderate", 50.0f}, {"High", 100.0f}, {"Very High", 250.0f}};
 
     for (std::size_t i = 0; i <= 50; ++i) {

@@ -162,7 +162,8 @@ TEST(NetworkRows, CheckNumbersAgreesWithEveryPairComparison) {
         if (expectDuplicate) {
             EXPECT_EQ(ui.Transcript[0].Kind, "Ask");
             EXPECT_EQ(ui.Transcript[0].Title, "Duplicate airway numbers");
-            EXPECT_EQ(ui.Transcript[0].Text, "Duplicate unique airway numbers exist - allow Karvane to re-number them ?");
+            EXPECT_EQ(ui.Transcript[0].Text,
+                      "Duplicate unique airway numbers exist - allow Karvane to re-number them ?");
             for (int r = 1; r <= count; ++r) EXPECT_EQ(m.Airways[static_cast<std::size_t>(r)].AirwayNo, r);
             EXPECT_FALSE(PairwiseDuplicate(m));
             EXPECT_EQ(m.NetworkSaved, No0);

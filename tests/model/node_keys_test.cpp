@@ -16,9 +16,9 @@ constexpr Fixed4 Key(std::int64_t whole, std::int64_t hundredths = 0) { return w
 
 TEST(NodeKeyTest, PackingAndWrapAround) {
     EXPECT_EQ(NodeKey(0, 0, 0), 0);
-    EXPECT_EQ(NodeKey(1, 0, 0), Key(0, 1));         // X over 100
-    EXPECT_EQ(NodeKey(0, 1, 0), Key(10000));        // Y times 10^4
-    EXPECT_EQ(NodeKey(0, 0, 1), Key(10000000000));  // level times 10^10
+    EXPECT_EQ(NodeKey(1, 0, 0), Key(0, 1));        // X over 100
+    EXPECT_EQ(NodeKey(0, 1, 0), Key(10000));       // Y times 10^4
+    EXPECT_EQ(NodeKey(0, 0, 1), Key(10000000000)); // level times 10^10
     EXPECT_EQ(NodeKey(123456, 654321, 789), Key(7896543211234, 56));
 
     // Each term wraps at its period: ends a whole period apart fall together.
@@ -67,8 +67,8 @@ protected:
 
 TEST_F(NodeKeysTest, SurfaceEndsShareOneKey) {
     EXPECT_EQ(SurfaceLevel(model), 1000);
-    Add(10, 20, 1000, 10, 20, 500);                          // entry exactly at the surface level
-    Add(10, 20, 500, 30, 40, 999);                           // just below: a node of its own
+    Add(10, 20, 1000, 10, 20, 500); // entry exactly at the surface level
+    Add(10, 20, 500, 30, 40, 999);  // just below: a node of its own
     Add(30, 40, 999, 70, 80, 500, bc::Rectangular | bc::ExitAtSurface);
     Add(70, 80, 400, 90, 90, 400, bc::Rectangular | bc::EntryAtSurface);
     BuildNodeKeys(model, ui);
@@ -116,11 +116,11 @@ TEST_F(NodeKeysTest, BothEndsOnSurfaceIsReportedAndKept) {
 }
 
 TEST_F(NodeKeysTest, BlankRowsGoAndAirwaysAtTheOriginStay) {
-    Add(0, 0, 0, 100, 0, 0);                     // live airway from the origin
-    Add(0, 0, 0, 0, 0, 0, 0);                    // cleared row
-    Add(-9999, -99999, -9999, 50, 50, 50);        // live, From end wraps onto the origin
-    Add(7, 7, 7, 1000000, 0, 0, 0);              // empty row whose To end packs to 0
-    Add(7, 7, 7, 8, 8, 8, 0);                    // empty row with real keys: kept
+    Add(0, 0, 0, 100, 0, 0);               // live airway from the origin
+    Add(0, 0, 0, 0, 0, 0, 0);              // cleared row
+    Add(-9999, -99999, -9999, 50, 50, 50); // live, From end wraps onto the origin
+    Add(7, 7, 7, 1000000, 0, 0, 0);        // empty row whose To end packs to 0
+    Add(7, 7, 7, 8, 8, 8, 0);              // empty row with real keys: kept
     model.Set.LastAirwayNo = 40;
     BuildNodeKeys(model, ui);
 
@@ -168,12 +168,12 @@ TEST_F(NodeKeysTest, BlockedAirwaysCarryNoFlowAndNumbersAreKept) {
 }
 
 TEST_F(NodeKeysTest, SortByDescendingKeysMovesWholeRows) {
-    Add(1, 0, 10, 2, 0, 10);      // A1
-    Add(5, 0, 1000, 1, 0, 10);    // A2 from the surface
-    Add(1, 0, 10, 3, 0, 10);      // A3 same entry as A1, higher exit
-    Add(1, 0, 10, 2, 0, 10);      // A4 duplicate of A1: stays behind it
-    Add(0, 0, 0, 9, 9, 9);        // A5 from the origin: last
-    Add(2, 0, 10, 9, 0, 1000);    // A6
+    Add(1, 0, 10, 2, 0, 10);   // A1
+    Add(5, 0, 1000, 1, 0, 10); // A2 from the surface
+    Add(1, 0, 10, 3, 0, 10);   // A3 same entry as A1, higher exit
+    Add(1, 0, 10, 2, 0, 10);   // A4 duplicate of A1: stays behind it
+    Add(0, 0, 0, 9, 9, 9);     // A5 from the origin: last
+    Add(2, 0, 10, 9, 0, 1000); // A6
     model.Airways[4].Quantity = 4.5f;
     BuildNodeKeys(model, ui);
     SortAirwayRows(model);

@@ -153,5 +153,8 @@ TEST(NumberFormat, ParseLeadingNumber) {
     EXPECT_EQ(ParseLeadingNumber("-1e999"), -std::numeric_limits<double>::max());
     EXPECT_EQ(ParseLeadingNumber("1e-999"), 0.0);
     EXPECT_EQ(ParseLeadingNumber(std::string(400, '9')), std::numeric_limits<double>::max());
-    EXPECT_EQ(ParseLeadingNumber(std::string("12\0" "3", 4)), 12.0);
+    EXPECT_EQ(ParseLeadingNumber(std::string("12\0"
+                                             "3",
+                                             4)),
+              12.0);
 }

@@ -58,11 +58,12 @@ TEST(Units, BuiltInTable) {
 }
 
 TEST(Units, DataTypeClasses) {
-    const std::pair<int, int> table[] = {{12, 4},  {13, 2},  {22, 8},  {23, 8},  {24, 8},  {25, 9},  {26, 8},
-                                         {27, 13}, {28, 13}, {32, 5},  {33, 1},  {34, 10}, {35, 1},  {36, 1},
-                                         {37, 14}, {42, 7},  {43, 7},  {44, 11}, {45, 11}, {56, 12}};
+    const std::pair<int, int> table[] = {{12, 4},  {13, 2},  {22, 8}, {23, 8},  {24, 8},  {25, 9}, {26, 8},
+                                         {27, 13}, {28, 13}, {32, 5}, {33, 1},  {34, 10}, {35, 1}, {36, 1},
+                                         {37, 14}, {42, 7},  {43, 7}, {44, 11}, {45, 11}, {56, 12}};
     for (auto [type, unit] : table) EXPECT_EQ(DataUnit(type), unit) << type;
-    for (int type : {0, 11, 14, 21, 29, 31, 38, 41, 46, 52, 53, 54, 55, 57, -3, 1000}) EXPECT_EQ(DataUnit(type), 0) << type;
+    for (int type : {0, 11, 14, 21, 29, 31, 38, 41, 46, 52, 53, 54, 55, 57, -3, 1000})
+        EXPECT_EQ(DataUnit(type), 0) << type;
 }
 
 TEST(Units, ToDisplayBothSystems) {

@@ -17,8 +17,7 @@ using namespace simtest;
 // 4), and an exhaust shaft from B (row 5), whose kind the test chooses.
 struct Loop {
     std::unique_ptr<Model> model = NewModel();
-    Point S1 = Surface(100), A = Underground(100), B = Underground(200), C = Underground(150, 50),
-          S2 = Surface(200);
+    Point S1 = Surface(100), A = Underground(100), B = Underground(200), C = Underground(150, 50), S2 = Surface(200);
 };
 
 Loop ParallelLoop(float r1, float r2, float r3, float r4, float r5) {
@@ -86,7 +85,7 @@ TEST(Balance, OneFanSettlesAtTheOperatingPointOfItsStraightLineCurve) {
     EXPECT_NEAR(AirwayNo(m, 1).ToNodeP, -0.02 * q * q, 0.05);
     EXPECT_NEAR(AirwayNo(m, 5).FromNodeP, -0.07 * q * q, 0.1);
     EXPECT_NEAR(AirwayNo(m, 5).ToNodeP, 0.0, 0.1); // the fan lifts the air back to the surface
-    EXPECT_EQ(m.Fans[1].FanQ[11], 100.0f);       // completed by the run
+    EXPECT_EQ(m.Fans[1].FanQ[11], 100.0f);         // completed by the run
 }
 
 TEST(Balance, AFixedPressureDrivesItsLoopAtTheRootOfPressureOverResistance) {
@@ -137,7 +136,8 @@ TEST(Balance, TheConvergenceQuestionAndWhatEitherAnswerLeaves) {
     EXPECT_EQ(ConvergencePercent(1000, 1), 99);
     EXPECT_EQ(ConvergencePercent(100, 71), 29);
     EXPECT_EQ(ConvergencePercent(0, 0), 100);
-    EXPECT_EQ(ConvergenceQuestion(87), "Your Network only has a convergence of 87%\nDo you wish to keep on simulating ?");
+    EXPECT_EQ(ConvergenceQuestion(87),
+              "Your Network only has a convergence of 87%\nDo you wish to keep on simulating ?");
     EXPECT_EQ(WorstCorrectionText(0.056f, '.'), "0.05 m3/s");
     EXPECT_EQ(WorstCorrectionText(0.29f, '.'), "0.29 m3/s");
     EXPECT_EQ(WorstCorrectionText(12.3456f, ','), "12,34 m3/s");

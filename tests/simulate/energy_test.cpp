@@ -104,10 +104,10 @@ TEST(Summary, FiguresOfTheWholeNetwork) {
     const std::int32_t fans = Row(*m, 30, 0.01f, 400, 1, 3);
     m->Airways[fans].CurveFraction = 100;
     m->Airways[fans].Length = 20;
-    Row(*m, 10, 0, 300, -1);                          // fixed pressure: input, but no fan
-    Row(*m, 10, 0, -50, 0, 1, bc::FixedFlow);         // takes pressure out: costs nothing
-    Row(*m, 10, 0, 150, 0, 1, bc::FixedFlow);         // 150 x 10 / 0.8
-    Row(*m, 5, 0, StalledFanPressure, 2, 1);          // 5 x 800 / 0.8
+    Row(*m, 10, 0, 300, -1);                  // fixed pressure: input, but no fan
+    Row(*m, 10, 0, -50, 0, 1, bc::FixedFlow); // takes pressure out: costs nothing
+    Row(*m, 10, 0, 150, 0, 1, bc::FixedFlow); // 150 x 10 / 0.8
+    Row(*m, 5, 0, StalledFanPressure, 2, 1);  // 5 x 800 / 0.8
 
     const NetworkFigures t = NetworkTotals(*m);
     EXPECT_FLOAT_EQ(t.TotalFlow, 30.0f);

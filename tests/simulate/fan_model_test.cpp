@@ -68,14 +68,14 @@ TEST(WorkingCurves, SlotsByFanAndCodeScaledForParallelAndSeries) {
     SetStraightFan(*model, 2, 500, 5, 0, 10);
     const auto s = Surface(100);
     const auto u = Underground(100);
-    AddFan(*model, u, s, 1, 1);                // 101
-    AddFan(*model, u, s, 1, 1, 1, true);       // 101: shares the slot
-    AddFan(*model, u, s, 1, 1, 3);             // 301
-    AddFan(*model, u, s, 1, 1, 3, true);       // 103
-    AddFan(*model, u, s, 1, 1, 0);             // no count: one fan, 101
-    AddFan(*model, u, s, 1, 2, 3);             // another fan: its own slot
-    AddFan(*model, u, s, 1, -1);               // fixed pressure
-    simtest::AddAirway(*model, u, s, 1);       // no fan
+    AddFan(*model, u, s, 1, 1);          // 101
+    AddFan(*model, u, s, 1, 1, 1, true); // 101: shares the slot
+    AddFan(*model, u, s, 1, 1, 3);       // 301
+    AddFan(*model, u, s, 1, 1, 3, true); // 103
+    AddFan(*model, u, s, 1, 1, 0);       // no count: one fan, 101
+    AddFan(*model, u, s, 1, 2, 3);       // another fan: its own slot
+    AddFan(*model, u, s, 1, -1);         // fixed pressure
+    simtest::AddAirway(*model, u, s, 1); // no fan
     ASSERT_TRUE(BuildWorkingCurves(*model, ui));
     const auto& link = model->Run.FanLink;
     EXPECT_EQ(model->Run.WorkFanCount, 4);
@@ -106,7 +106,7 @@ TEST(ReadFanCurve, StraightLinesOnTheCurveAndFixedValuesOffIt) {
     auto model = NewModel();
     ui::ScriptedUserInterface ui;
     SetStraightFan(*model, 1, 1200, 10, 20, 10, 100); // flows 20..110, static 1000..100
-    CheckFanCurves(*model, ui);                          // free delivery at 120, static -200 there
+    CheckFanCurves(*model, ui);                       // free delivery at 120, static -200 there
     const auto u = Underground(100);
     const auto s = Surface(100);
     const std::int32_t row = AddFan(*model, u, s, 1, 1);

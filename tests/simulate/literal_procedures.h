@@ -15,7 +15,7 @@ namespace karvane::oracle {
 std::vector<std::int16_t> SortOrder(const Model& model);
 
 struct ForestResult {
-    std::vector<std::int16_t> NodeParent, NodeComp; // 0..NumNodes
+    std::vector<std::int16_t> NodeParent, NodeComp;    // 0..NumNodes
     std::vector<std::int16_t> EntryNodeNo, ExitNodeNo; // 0..N, chords negated
 };
 // The forest over model.Run's node numbers and the given order (no tree checks).

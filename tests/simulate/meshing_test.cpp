@@ -118,7 +118,7 @@ TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorter
     BuildMeshes(*model, ui);
     ASSERT_EQ(model->SimFail, 0);
     ASSERT_EQ(model->Run.NumMeshes, 4);
-    EXPECT_EQ(MeshOf(*model, 1), (std::vector<std::int16_t>{4, 2, 3}));   // only the stretch 2..4
+    EXPECT_EQ(MeshOf(*model, 1), (std::vector<std::int16_t>{4, 2, 3}));     // only the stretch 2..4
     EXPECT_EQ(MeshOf(*model, 2), (std::vector<std::int16_t>{-5, 1, 2, 3})); // fixed flow: held
     EXPECT_EQ(MeshOf(*model, 3), (std::vector<std::int16_t>{-6, 1, 2}));    // blocked: held
     EXPECT_EQ(MeshOf(*model, 4), (std::vector<std::int16_t>{7, -3, -2}));   // fan: balances

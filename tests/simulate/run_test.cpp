@@ -142,8 +142,7 @@ TEST(Run, AirwaysAreTurnedToMatchTheirFlowInOneUndoStep) {
     EXPECT_EQ(hooks.UndoSteps, 1);
     for (std::int32_t r = 1; r <= m->AirwayCount; ++r) EXPECT_GE(m->Airways[r].Quantity, 0.0f);
     // Rows stay sorted by key after the run (the pressures sort again after turning).
-    for (std::int32_t r = 2; r <= m->AirwayCount; ++r)
-        EXPECT_GE(m->Airways[r - 1].EntryKey, m->Airways[r].EntryKey);
+    for (std::int32_t r = 2; r <= m->AirwayCount; ++r) EXPECT_GE(m->Airways[r - 1].EntryKey, m->Airways[r].EntryKey);
 
     // A small backwards flow, within the allowed error, is turned afterwards without a record.
     auto small = LoopWithFixedFlow(3, true);

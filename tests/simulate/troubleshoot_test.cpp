@@ -26,10 +26,8 @@ std::unique_ptr<Model> SeriesPair(bool fans, bool pair = true) {
         AddFan(*m, d, b, 0.1f, 1);
     } else {
         AddBulkhead(*m, a, d);
-        if (pair)
-            AddBulkhead(*m, d, b);
-        else
-            AddAirway(*m, d, b, 0.5f);
+        if (pair) AddBulkhead(*m, d, b);
+        else AddAirway(*m, d, b, 0.5f);
     }
     return m;
 }

@@ -301,11 +301,11 @@ TEST_F(ValidationTest, CleanNetworkPassesWithNodesNumbered) {
 
 TEST_F(ValidationTest, DeadEndsAndSurfaceFaults) {
     Loop();
-    Add(100, 0, 400, 150, 0, 400);                        // 6: leads nowhere
-    Add(20, 20, 300, 0, 0, 400);                          // 7: comes from nowhere
-    Add(0, 100, 400, 0, 200, 300, bc::ExitAtSurface);     // 8: forced exit on a free end: fine
-    Add(0, 0, 400, 50, 50, 400, bc::EntryAtSurface);      // 9: forced entry on a junction
-    Add(0, 0, 250, 100, 0, 400, bc::ExitAtSurface);       // 10: forced exit onto (100,0,400)
+    Add(100, 0, 400, 150, 0, 400);                    // 6: leads nowhere
+    Add(20, 20, 300, 0, 0, 400);                      // 7: comes from nowhere
+    Add(0, 100, 400, 0, 200, 300, bc::ExitAtSurface); // 8: forced exit on a free end: fine
+    Add(0, 0, 400, 50, 50, 400, bc::EntryAtSurface);  // 9: forced entry on a junction
+    Add(0, 0, 250, 100, 0, 400, bc::ExitAtSurface);   // 10: forced exit onto (100,0,400)
     model.Airways[6].Comment = "old reason";
     model.Airways[6].BranchCode |= bc::ErrorMark;
     model.Airways[3].BranchCode |= bc::ErrorMark;
@@ -408,8 +408,8 @@ TEST_F(ValidationTest, DuplicateSearchAsksNothing) {
     EXPECT_FALSE(Check());
     EXPECT_TRUE(ui.Transcript.empty());
     EXPECT_EQ(model.AirwayCount, 7);
-    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tDuplicate airway", "7\tSame start/end",
-                                                      "6\tDuplicate branch"}));
+    EXPECT_EQ(Lines(model),
+              (std::vector<std::string>{"2\tDuplicate airway", "7\tSame start/end", "6\tDuplicate branch"}));
 }
 
 TEST_F(ValidationTest, SentinelFlowsAreCleared) {
