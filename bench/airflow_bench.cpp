@@ -1,7 +1,7 @@
 // The airflow run on generated mines of 1,000, 10,000 and 30,000 airways: each stage on its own
 // (checking, meshing, balancing, pressures and neighbour lists), the whole run from still air
 // and a run again over a balanced network. Counters give the balancing passes, the mesh
-// entries that balancing works through per second, and the heap allocations of each stage.
+// entries that balancing works through per second, and the heap karvane::bench::allocations of each stage.
 #include <benchmark/benchmark.h>
 
 #include <atomic>
@@ -11,6 +11,7 @@
 #include <new>
 #include <vector>
 
+#include "bench/allocation_counter.h"
 #include "bench/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/balancing.h"
@@ -20,32 +21,6 @@
 #include "simulate/run.h"
 #include "simulate/validation.h"
 #include "ui/scripted_ui.h"
-
-// Every heap allocation of the program is counted, so that a stage can show that it makes none.
-// The compiler sees the replaced delete inlined next to the standard library's new and takes
-// the pair for a mismatch; both sides here are malloc and free.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-namespace {
-std::atomic<long long> allocations{0};
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    ++allocations;
-    return std::malloc(size == 0 ? 1 : size);
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
-void operator delete(void* p, const std::nothrow_t&) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, const std::nothrow_t&) noexcept { std::free(p); }
 
 namespace {
 
@@ -124,10 +99,10 @@ void Checking(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
         mine.Restore();
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         state.ResumeTiming();
         CheckNetwork(*mine.M, mine.Ui);
-        allocs = allocations - before;
+        allocs = karvane::bench::allocations - before;
     }
     state.counters["allocs"] = static_cast<double>(allocs);
 }
@@ -144,11 +119,11 @@ void Meshing(benchmark::State& state) {
         state.PauseTiming();
         std::copy(entry.begin(), entry.end(), mine.M->Run.EntryNodeNo.begin());
         std::copy(exit.begin(), exit.end(), mine.M->Run.ExitNodeNo.begin());
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         state.ResumeTiming();
         PrepareMeshOrder(*mine.M);
         BuildMeshes(*mine.M, mine.Ui);
-        allocs = allocations - before;
+        allocs = karvane::bench::allocations - before;
     }
     state.counters["meshes"] = mine.M->Run.NumMeshes;
     state.counters["entries"] = static_cast<double>(mine.M->Run.MeshStart[mine.M->Run.NumMeshes + 1] - 1);
@@ -168,11 +143,11 @@ void Balancing(benchmark::State& state) {
         state.PauseTiming();
         for (std::int32_t i = 1; i <= n; ++i) mine.M->Airways[i].Quantity = seed[i];
         mine.Ui.Passes = 0;
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         state.ResumeTiming();
         BalanceFlows(*mine.M, mine.Ui);
         state.PauseTiming();
-        allocs = allocations - before;
+        allocs = karvane::bench::allocations - before;
         passes += mine.Ui.Passes + 1; // the last pass, in which nothing was open
         state.ResumeTiming();
     }
@@ -188,12 +163,12 @@ void Pressures(benchmark::State& state) {
     BalanceFlows(*mine.M, mine.Ui);
     long long allocs = 0;
     for (auto _ : state) {
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         CloseBalance(*mine.M);
         StoreAirwayPressures(*mine.M);
         ResolveNodePressures(*mine.M, mine.Ui);
         BuildNeighbourLists(*mine.M);
-        allocs = allocations - before;
+        allocs = karvane::bench::allocations - before;
     }
     state.counters["allocs"] = static_cast<double>(allocs);
 }
@@ -221,9 +196,9 @@ void RunAgainOverBalancedFlows(benchmark::State& state) {
     long long passes = 0, allocs = 0;
     for (auto _ : state) {
         mine.Ui.Passes = 0;
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         RunAirflow(*mine.M, mine.Ui);
-        allocs = allocations - before;
+        allocs = karvane::bench::allocations - before;
         passes += mine.Ui.Passes + 1;
     }
     state.counters["passes"] = static_cast<double>(passes) / static_cast<double>(state.iterations());

@@ -12,34 +12,11 @@
 #include <utility>
 #include <vector>
 
+#include "bench/allocation_counter.h"
 #include "bench/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/run.h"
 #include "ui/scripted_ui.h"
-
-// The replaced delete is inlined beside the library's new; both sides here are malloc and free.
-#pragma GCC diagnostic ignored "-Wmismatched-new-delete"
-namespace {
-std::atomic<long long> allocations{0};
-} // namespace
-
-void* operator new(std::size_t size) {
-    ++allocations;
-    if (void* p = std::malloc(size == 0 ? 1 : size)) return p;
-    throw std::bad_alloc();
-}
-void operator delete(void* p) noexcept { std::free(p); }
-void operator delete(void* p, std::size_t) noexcept { std::free(p); }
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    ++allocations;
-    return std::malloc(size == 0 ? 1 : size);
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
-void operator delete(void* p, const std::nothrow_t&) noexcept { std::free(p); }
-void operator delete[](void* p) noexcept { std::free(p); }
-void operator delete[](void* p, std::size_t) noexcept { std::free(p); }
-void operator delete[](void* p, const std::nothrow_t&) noexcept { std::free(p); }
 
 namespace {
 
@@ -109,9 +86,9 @@ TEST(DefaultMines, ARunAgainAllocatesNothing) {
     std::swap(m.Airways[1], m.Airways[m.AirwayCount]);
     std::swap(m.Airways[2], m.Airways[m.AirwayCount / 2]);
     for (int run = 0; run < 2; ++run) {
-        const long long before = allocations;
+        const long long before = karvane::bench::allocations;
         simulate::RunAirflow(m, ui);
-        const long long made = allocations - before;
+        const long long made = karvane::bench::allocations - before;
         EXPECT_EQ(made, 0) << "run " << run;
         EXPECT_EQ(m.SimFail, 0);
     }
