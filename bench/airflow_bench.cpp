@@ -45,7 +45,7 @@ struct Mine {
 
     explicit Mine(std::int32_t airways) {
         SetBuiltInSettings(*M);
-        minegen::MineSpec plan;
+        minegen::MineRequest plan;
         plan.Airways = airways;
         plan.Seed = 1;
         plan.Boosters = 1;

@@ -36,12 +36,12 @@ struct Mine {
 
     explicit Mine(std::int32_t airways) {
         SetBuiltInSettings(*M);
-        minegen::MineSpec spec;
-        spec.Airways = airways;
-        spec.Seed = 1;
-        spec.Boosters = 1;
-        if (airways >= 30000) spec.Levels = 25; // the mesh store's limit, as the airflow benchmark
-        minegen::GenerateMine(*M, spec);
+        minegen::MineRequest request;
+        request.Airways = airways;
+        request.Seed = 1;
+        request.Boosters = 1;
+        if (airways >= 30000) request.Levels = 25; // the mesh store's limit, as the airflow benchmark
+        minegen::GenerateMine(*M, request);
         M->ShowProgress = 0;
         M->Set.MaxIter = 5000;
         Ui.DefaultAnswer = ui::Answer::No;

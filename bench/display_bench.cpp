@@ -33,9 +33,9 @@ struct Mine {
     explicit Mine(std::int32_t airways) {
         SetBuiltInUnits(M->Units);
         SetBuiltInSettings(*M);
-        minegen::MineSpec spec;
-        spec.Airways = airways;
-        minegen::GenerateMine(*M, spec);
+        minegen::MineRequest request;
+        request.Airways = airways;
+        minegen::GenerateMine(*M, request);
         BuildNodeKeys(*M, Ui);
         ResetViewOptions(*M, *Ds);
         Ds->AreaWidth = 1600;

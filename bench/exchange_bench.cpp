@@ -29,9 +29,9 @@ std::unique_ptr<Model> GeneratedMine(std::int32_t airways) {
     auto m = std::make_unique<Model>();
     SetBuiltInUnits(m->Units);
     SetBuiltInSettings(*m);
-    minegen::MineSpec spec;
-    spec.Airways = airways;
-    minegen::GenerateMine(*m, spec);
+    minegen::MineRequest request;
+    request.Airways = airways;
+    minegen::GenerateMine(*m, request);
     ui::ScriptedUserInterface quiet;
     BuildNodeKeys(*m, quiet);
     return m;

@@ -30,7 +30,7 @@ struct SavedMine {
         Ui.DefaultAnswer = ui::Answer::No;
         Path = Ui.Temp + "/karvane_files_bench.sim";
         SetBuiltInSettings(*M);
-        minegen::MineSpec plan;
+        minegen::MineRequest plan;
         plan.Airways = kAirways;
         minegen::GenerateMine(*M, plan);
         M->FileName = Path;

@@ -77,7 +77,7 @@ std::string LevelTag(int k) { return Cat("L", k); }
 
 class Builder {
 public:
-    Builder(Model& model, const MineSpec& spec) : m_(model), rng_(spec.Seed ^ 0x4B617276616E65ULL) {}
+    Builder(Model& model, const MineRequest& request) : m_(model), rng_(request.Seed ^ 0x4B617276616E65ULL) {}
 
     Model& m_;
     Rng rng_;
@@ -170,22 +170,22 @@ void SavePlanView(Model& m, int slot, const std::string& name, double minX, doub
 
 } // namespace
 
-MineLayout GenerateMine(Model& model, const MineSpec& spec) {
-    Builder b(model, spec);
+MineLayout GenerateMine(Model& model, const MineRequest& request) {
+    Builder b(model, request);
     Model& m = model;
     Rng& rng = b.rng_;
     MineLayout& lay = b.layout_;
     ClearNetworkTables(m);
 
-    const int target = std::clamp<std::int32_t>(spec.Airways, MinAirways, MaxAirways);
+    const int target = std::clamp<std::int32_t>(request.Airways, MinAirways, MaxAirways);
     // Beyond 10,000 airways the mine grows downwards by a level per 1,000 airways rather than
     // in width, so that its levels stay a few dozen drives wide: a loop through a level's
     // grid then stays short, and the meshes of 30,000 airways fit the mesh store with room.
-    int levels = spec.Levels > 0   ? std::min(spec.Levels, 40)
-                 : target <= 10000 ? std::clamp(3 + (target + 1500) / 2500, 2, 24)
-                                   : std::min(7 + (target - 10000) / 1000, 40);
-    int nIn = spec.IntakeShafts > 0 ? std::min(spec.IntakeShafts, 6) : 1 + target / 12000;
-    int nOut = spec.ExhaustShafts > 0 ? std::min(spec.ExhaustShafts, 8) : 1 + target / 9000;
+    int levels = request.Levels > 0 ? std::min(request.Levels, 40)
+                 : target <= 10000  ? std::clamp(3 + (target + 1500) / 2500, 2, 24)
+                                    : std::min(7 + (target - 10000) / 1000, 40);
+    int nIn = request.IntakeShafts > 0 ? std::min(request.IntakeShafts, 6) : 1 + target / 12000;
+    int nOut = request.ExhaustShafts > 0 ? std::min(request.ExhaustShafts, 8) : 1 + target / 9000;
 
     // Rows that do not depend on the grid: shafts and their accesses, declines and raises.
     auto fixedRows = [&](int l) { return 2 * l * (nIn + nOut) + (l - 1) * (kRampSegments + kRaisesPerPair); };
@@ -301,7 +301,8 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
             Airway& w = m.Airways[r];
             w.BranchCode |= bc::ExhaustAir;
             w.ExitNode = LevelTag(k) + " Exhaust Station";
-            if (static_cast<int>(lay.BoosterRows.size()) < spec.Boosters && k >= levels - spec.Boosters + 1 && s == 0) {
+            if (static_cast<int>(lay.BoosterRows.size()) < request.Boosters && k >= levels - request.Boosters + 1 &&
+                s == 0) {
                 // The booster stands in a bulkhead across the access; its opening is the
                 // custom resistance of the airway.
                 w.FanNumber = BoosterFanRow;
@@ -398,7 +399,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
         }
         return chosen;
     };
-    int doors = spec.Doors >= 0 ? spec.Doors : std::max(1, static_cast<int>(interiorCrosscuts.size()) / 200);
+    int doors = request.Doors >= 0 ? request.Doors : std::max(1, static_cast<int>(interiorCrosscuts.size()) / 200);
     for (std::int32_t r : pick(interiorCrosscuts, doors)) {
         Airway& w = m.Airways[r];
         bool steel = rng.Chance(0.5);
@@ -409,7 +410,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
     }
     // Fixed flows: crosscuts of the workings held at a set quantity (a pump station or a
     // workshop that must have its air).
-    const int fixedFlows = spec.FixedFlows >= 0 ? spec.FixedFlows : target < 1000 ? 0 : 1 + target / 10000;
+    const int fixedFlows = request.FixedFlows >= 0 ? request.FixedFlows : target < 1000 ? 0 : 1 + target / 10000;
     for (std::int32_t r : pick(interiorCrosscuts, fixedFlows)) {
         Airway& w = m.Airways[r];
         w.BranchCode |= bc::FixedFlow;
@@ -418,7 +419,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
         w.PrimaryLayer = layer::Controls;
         lay.FixedFlowRows.push_back(r);
     }
-    int bulkheads = spec.Bulkheads >= 0 ? spec.Bulkheads : static_cast<int>(interiorDrives.size()) / 500;
+    int bulkheads = request.Bulkheads >= 0 ? request.Bulkheads : static_cast<int>(interiorDrives.size()) / 500;
     for (std::int32_t r : pick(interiorDrives, bulkheads)) {
         Airway& w = m.Airways[r];
         w.ResType = res::Bulkhead;
@@ -456,7 +457,7 @@ MineLayout GenerateMine(Model& model, const MineSpec& spec) {
     RecalcAllAirways(m);
     m.Set.LastAirwayNo = m.AirwayCount;
     m.FileComment = Cat("Generated mine: ", m.AirwayCount, " airways, ", levels, " levels, seed ",
-                        static_cast<long long>(spec.Seed));
+                        static_cast<long long>(request.Seed));
     m.FileNote.clear();
     m.NetworkSaved = No0;
     m.SimValid = 0;

@@ -12,7 +12,7 @@
 
 namespace karvane::minegen {
 
-struct MineSpec {
+struct MineRequest {
     std::int32_t Airways = 1000; // rows to build, held between MinAirways and MaxAirways
     std::uint64_t Seed = 1;
     int Levels = 0;        // 0: chosen from the size (4 for 1,000 airways, 7 for 10,000, 27 for 30,000)
@@ -51,11 +51,11 @@ namespace layer {
 inline constexpr std::int16_t Workings = 1, Intake = 2, Return = 3, RampsRaises = 4, Controls = 5;
 }
 
-// Replaces the network in the model by a generated mine of exactly spec.Airways rows (held
+// Replaces the network in the model by a generated mine of exactly request.Airways rows (held
 // to MinAirways..MaxAirways): airway rows numbered 1.. in row order, levels with the surface
 // first, layers, floating text, two saved plan views and the fans in use, and ends with
 // RecalcAllAirways. Settings and preset tables are left alone: give the model its built-in
 // settings (or Defaults.dat) first, since friction and preset resistances come from them.
-MineLayout GenerateMine(Model& model, const MineSpec& spec);
+MineLayout GenerateMine(Model& model, const MineRequest& request);
 
 } // namespace karvane::minegen

@@ -14,7 +14,7 @@ namespace {
 
 struct GenerateOptions {
     std::string Out;
-    minegen::MineSpec Spec;
+    minegen::MineRequest Request;
     std::string Comment;
     bool Balance = false;
     int BalanceIterations = 2000;
@@ -44,28 +44,28 @@ void AddGenerateCommand(CommandLine& cl) {
         Session s(cl);
         if (!s.ok()) return ExitUsage;
         s.StartProgram();
-        minegen::GenerateMine(s.model(), o->Spec);
+        minegen::GenerateMine(s.model(), o->Request);
         if (!o->Comment.empty()) s.model().FileComment = o->Comment;
         if (o->Balance && !BalanceMine(s.model(), s.ui(), o->BalanceIterations, cl.Global.Progress)) return ExitFailure;
         return s.Save(o->Out) ? ExitOk : ExitFailure;
     });
     sub->add_option("OUT", o->Out, "Network file to write")->required();
     // A file of more rows than MaxAirways - 2 could not be read back whole.
-    sub->add_option("--airways", o->Spec.Airways, "Number of airways (20 to 29998, default 1000)")
+    sub->add_option("--airways", o->Request.Airways, "Number of airways (20 to 29998, default 1000)")
         ->check(CLI::Range(minegen::MinAirways, MaxAirways - 2));
-    sub->add_option("--seed", o->Spec.Seed, "Seed of the layout (default 1)");
-    sub->add_option("--levels", o->Spec.Levels, "Levels below the surface (default: by size)")
+    sub->add_option("--seed", o->Request.Seed, "Seed of the layout (default 1)");
+    sub->add_option("--levels", o->Request.Levels, "Levels below the surface (default: by size)")
         ->check(CLI::Range(1, 40));
-    sub->add_option("--intake-shafts", o->Spec.IntakeShafts, "Intake shafts (default: by size)")
+    sub->add_option("--intake-shafts", o->Request.IntakeShafts, "Intake shafts (default: by size)")
         ->check(CLI::Range(1, 6));
-    sub->add_option("--exhaust-shafts", o->Spec.ExhaustShafts,
+    sub->add_option("--exhaust-shafts", o->Request.ExhaustShafts,
                     "Exhaust shafts, each with a main fan (default: by size)")
         ->check(CLI::Range(1, 8));
-    sub->add_option("--boosters", o->Spec.Boosters, "Booster fans in the deepest exhaust accesses (default 0)")
+    sub->add_option("--boosters", o->Request.Boosters, "Booster fans in the deepest exhaust accesses (default 0)")
         ->check(CLI::Range(0, 40));
-    sub->add_option("--doors", o->Spec.Doors, "Doors in crosscuts (default: about one crosscut in 200)")
+    sub->add_option("--doors", o->Request.Doors, "Doors in crosscuts (default: about one crosscut in 200)")
         ->check(CLI::NonNegativeNumber);
-    sub->add_option("--fixed-flows", o->Spec.FixedFlows,
+    sub->add_option("--fixed-flows", o->Request.FixedFlows,
                     "Crosscuts held at a fixed flow (default: none below 1000 airways, else one and one more "
                     "for every 10000)")
         ->check(CLI::NonNegativeNumber);

@@ -42,9 +42,9 @@ struct Setting {
         auto model = std::make_unique<Model>();
         SetBuiltInUnits(model->Units);
         SetBuiltInSettings(*model);
-        minegen::MineSpec spec;
-        spec.Airways = kAirways;
-        minegen::GenerateMine(*model, spec);
+        minegen::MineRequest request;
+        request.Airways = kAirways;
+        minegen::GenerateMine(*model, request);
         MineFile = shell::ToPath(App.filePath(QStringLiteral("mine30k.sim")));
         model->FileName = MineFile;
         files::SaveNetwork(*model, Ui, 0);

@@ -23,11 +23,11 @@ TEST(MineGenerator, GeneratedMinesBalance) {
         SCOPED_TRACE(size);
         auto m = std::make_unique<Model>();
         SetBuiltInSettings(*m);
-        minegen::MineSpec spec;
-        spec.Airways = size;
-        spec.Seed = 4;
-        spec.Boosters = 1;
-        minegen::MineLayout lay = minegen::GenerateMine(*m, spec);
+        minegen::MineRequest request;
+        request.Airways = size;
+        request.Seed = 4;
+        request.Boosters = 1;
+        minegen::MineLayout lay = minegen::GenerateMine(*m, request);
         m->ShowProgress = 0;
         ui::ScriptedUserInterface ui;
         ui.DefaultAnswer = ui::Answer::No;

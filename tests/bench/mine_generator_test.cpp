@@ -50,12 +50,12 @@ struct Mine {
 
 Mine Generate(std::int32_t airways, std::uint64_t seed, int levels = 0) {
     Mine mine;
-    MineSpec spec;
-    spec.Airways = airways;
-    spec.Seed = seed;
-    spec.Levels = levels;
-    spec.Boosters = 1;
-    mine.layout = GenerateMine(*mine.model, spec);
+    MineRequest request;
+    request.Airways = airways;
+    request.Seed = seed;
+    request.Levels = levels;
+    request.Boosters = 1;
+    mine.layout = GenerateMine(*mine.model, request);
     return mine;
 }
 
@@ -136,12 +136,12 @@ TEST(MineGenerator, ReachesTheAskedSizeAndIsSound) {
 TEST(MineGenerator, LevelsAndShaftsFollowTheSpec) {
     auto m = std::make_unique<Model>();
     SetBuiltInSettings(*m);
-    MineSpec spec;
-    spec.Airways = 300;
-    spec.Levels = 4;
-    spec.ExhaustShafts = 2;
-    spec.Doors = 3;
-    MineLayout lay = GenerateMine(*m, spec);
+    MineRequest request;
+    request.Airways = 300;
+    request.Levels = 4;
+    request.ExhaustShafts = 2;
+    request.Doors = 3;
+    MineLayout lay = GenerateMine(*m, request);
     EXPECT_EQ(lay.LevelRL.size(), 4u);
     EXPECT_EQ(lay.ExhaustShafts, 2);
     EXPECT_EQ(lay.DoorRows.size(), 3u);
@@ -189,7 +189,7 @@ TEST(MineGenerator, TheSeedDecidesTheMine) {
     }
     EXPECT_TRUE(differs);
     // A second mine in the same model replaces the first entirely.
-    MineSpec small;
+    MineRequest small;
     small.Airways = 100;
     GenerateMine(*a, small);
     EXPECT_EQ(a->AirwayCount, 100);

@@ -27,9 +27,9 @@ struct DefaultMine {
     minegen::MineLayout Layout;
     explicit DefaultMine(std::int32_t airways) {
         SetBuiltInSettings(*M);
-        minegen::MineSpec spec;
-        spec.Airways = airways;
-        Layout = minegen::GenerateMine(*M, spec);
+        minegen::MineRequest request;
+        request.Airways = airways;
+        Layout = minegen::GenerateMine(*M, request);
         M->ShowProgress = 0;
     }
 };

@@ -19,11 +19,11 @@ namespace {
 std::unique_ptr<Model> BalancedMine(std::int32_t airways, std::uint64_t seed) {
     auto m = std::make_unique<Model>();
     SetBuiltInSettings(*m);
-    minegen::MineSpec spec;
-    spec.Airways = airways;
-    spec.Seed = seed;
-    spec.Boosters = 1;
-    minegen::GenerateMine(*m, spec);
+    minegen::MineRequest request;
+    request.Airways = airways;
+    request.Seed = seed;
+    request.Boosters = 1;
+    minegen::GenerateMine(*m, request);
     m->ShowProgress = 0;
     ui::ScriptedUserInterface ui;
     ui.DefaultAnswer = ui::Answer::No;

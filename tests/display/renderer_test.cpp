@@ -387,10 +387,10 @@ std::size_t NodeSymbolsByScan(const Model& m, const DisplayState& ds) {
 TEST(Renderer, NodeSymbolsAgreeWithTheScanOfTheTable) {
     for (std::uint64_t seed : {1u, 2u, 3u}) {
         Scene s;
-        minegen::MineSpec spec;
-        spec.Airways = 1500;
-        spec.Seed = seed;
-        minegen::GenerateMine(s.M, spec);
+        minegen::MineRequest request;
+        request.Airways = 1500;
+        request.Seed = seed;
+        minegen::GenerateMine(s.M, request);
         BuildNodeKeys(s.M, s.Ui);
         BuildDisplayList(s.M, s.Ds);
         ASSERT_TRUE(FitView(s.M, s.Ds, s.Ui));

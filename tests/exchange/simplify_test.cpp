@@ -156,10 +156,10 @@ std::int32_t LiteralSimplify(Model& m, ui::UserInterface& ui, files::UndoLog& un
 // and sizes, some without flow.
 void ChainedMine(Model& m, std::int32_t airways, std::uint64_t seed) {
     karvane::testing::SetUpBuiltIn(m);
-    minegen::MineSpec spec;
-    spec.Airways = airways;
-    spec.Seed = seed;
-    minegen::GenerateMine(m, spec);
+    minegen::MineRequest request;
+    request.Airways = airways;
+    request.Seed = seed;
+    minegen::GenerateMine(m, request);
     std::vector<Airway> rows(m.Airways.begin() + 1, m.Airways.begin() + m.AirwayCount + 1);
     std::mt19937_64 rng(seed);
     auto pick = [&rng](int n) { return static_cast<int>(rng() % static_cast<std::uint64_t>(n)); };

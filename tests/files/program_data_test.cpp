@@ -68,21 +68,21 @@ const FanSpec LibraryFans[] = {
 
 void FillLibrary(Model& m) {
     int number = 1;
-    for (const FanSpec& spec : LibraryFans) {
+    for (const FanSpec& request : LibraryFans) {
         FanRecord& fan = m.Fans[static_cast<std::size_t>(number++)];
-        fan.FanName = spec.Name;
-        fan.FanDiam = spec.Diameter;
-        const double area = 3.141592654 * spec.Diameter * spec.Diameter / 4.0;
+        fan.FanName = request.Name;
+        fan.FanDiam = request.Diameter;
+        const double area = 3.141592654 * request.Diameter * request.Diameter / 4.0;
         for (int p = 1; p <= 10; ++p) {
             const double x = (p - 1) / 9.0;
-            const double q = std::round((spec.QLow + (spec.QHigh - spec.QLow) * x) * 10.0) / 10.0;
-            const double ps = std::round(spec.PHigh - (spec.PHigh - spec.PLow) * std::pow(x, spec.Shape));
+            const double q = std::round((request.QLow + (request.QHigh - request.QLow) * x) * 10.0) / 10.0;
+            const double ps = std::round(request.PHigh - (request.PHigh - request.PLow) * std::pow(x, request.Shape));
             const double velocity = q / area;
             const double mid = (p - 5.5) / 4.5;
             fan.FanQ[p] = static_cast<float>(q);
             fan.FanPStatic[p] = static_cast<float>(ps);
             fan.FanPTotal[p] = static_cast<float>(ps + std::round(0.6 * velocity * velocity));
-            fan.FanEff[p] = static_cast<std::int16_t>(std::lround(spec.PeakEff - 22.0 * mid * mid));
+            fan.FanEff[p] = static_cast<std::int16_t>(std::lround(request.PeakEff - 22.0 * mid * mid));
         }
     }
 }

@@ -23,7 +23,7 @@ namespace {
 std::unique_ptr<Model> Mine(std::int32_t airways, std::uint64_t seed) {
     auto m = std::make_unique<Model>();
     SetBuiltInSettings(*m);
-    minegen::MineSpec plan;
+    minegen::MineRequest plan;
     plan.Airways = airways;
     plan.Seed = seed;
     plan.Boosters = 1;
