@@ -255,25 +255,29 @@ Outcome NetworkLoader::ReadBody() {
                 fanHeading = false;
             }
         }
-    } else if (hasFans) {
+    } else {
+        // Every version before the total pressure curves is asked, those without fans too: the
+        // answer is the network's, whatever sections the file goes on to hold.
         if (v_ < 2.4) {
             estimate_ = ui_.Ask("Karvane now has a 'TOTAL PRESSURE' estimating function for fan power calculation\n\n"
                                 "Allow Karvane to estimate fan diameters and use this function?  ",
                                 "Total Pressures", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
             rep_.EstimateDiameters = estimate_;
         }
-        bool present = false;
-        if (!Try([&] { return FindDefaultsList(present); })) return Outcome::Ended;
-        if (present) {
-            if (!Try([&] { return ReadSettings(m_); })) return Outcome::Ended;
-            ApplyOldSettingRules();
-            if (v_ > 1.5) {
-                if (!Try([&] { return ReadViews(); })) return Outcome::Ended;
-                SetBuiltInTilts();
-                if (!Try([&] { return ReadLayers(); })) return Outcome::Ended;
+        if (hasFans) {
+            bool present = false;
+            if (!Try([&] { return FindDefaultsList(present); })) return Outcome::Ended;
+            if (present) {
+                if (!Try([&] { return ReadSettings(m_); })) return Outcome::Ended;
+                ApplyOldSettingRules();
+                if (v_ > 1.5) {
+                    if (!Try([&] { return ReadViews(); })) return Outcome::Ended;
+                    SetBuiltInTilts();
+                    if (!Try([&] { return ReadLayers(); })) return Outcome::Ended;
+                }
+            } else {
+                fanHeading = false;
             }
-        } else {
-            fanHeading = false;
         }
     }
 

@@ -146,6 +146,46 @@ TEST(NetworkLoad, Version15RowFormAndDiameterEstimate) {
     EXPECT_EQ(no.model.Fans[1].FanDiam, 0.0f);
 }
 
+// The smallest file of a version: the header, for 1.5 and later a settings section that is
+// absent and an empty fan list, then two levels and no airway. Version 1.0 has its own layout:
+// 99 levels of three items and airway items after them.
+std::string SmallestFile(double version) {
+    char number[8];
+    std::snprintf(number, sizeof number, "%.1f", version);
+    if (version == 1.0) {
+        std::string text =
+            std::string(number) + " KARVANE,\"Mine\",0,0\r\n\"SURFACE\",1000,1000\r\n\"Main\",520,480\r\n";
+        for (int i = 3; i <= 99; ++i) text += "\"\",0,0\r\n";
+        return text;
+    }
+    const std::string s = version > 2.4 ? "\t" : ",";
+    std::string text = std::string(number) + " KARVANE" + s + "Mine" + s + "0" + s + "0" + s + "Note" + s + "0\r\n";
+    if (version >= 1.5) text += "Defaults List absent\r\n**End of Fans\r\n";
+    return text + "Level" + s + "Max" + s + "Min\r\nSURFACE" + s + "1000" + s + "1000\r\nMain" + s + "520" + s +
+           "480\r\n**END OF RL\r\n";
+}
+
+TEST(NetworkLoad, TotalPressureQuestionOfEveryVersion) {
+    AppFolder dir;
+    for (int tenths = 10; tenths <= 31; ++tenths) {
+        const double version = tenths / 10.0;
+        SCOPED_TRACE(version);
+        const std::string path = dir.File("v" + std::to_string(tenths) + ".sim");
+        dir.Write("v" + std::to_string(tenths) + ".sim", SmallestFile(version));
+        const bool asks = version >= 1.1 && version < 2.4;
+        for (ui::Answer answer : {ui::Answer::Yes, ui::Answer::No}) {
+            Loaded l;
+            LoadFile(l, path, {answer});
+            ASSERT_TRUE(l.ok);
+            EXPECT_EQ(l.model.Levels[2].RLName, "Main");
+            const auto asked = std::count_if(l.dir.Ui.Transcript.begin(), l.dir.Ui.Transcript.end(),
+                                             [](const ui::TranscriptEntry& e) { return e.Title == "Total Pressures"; });
+            EXPECT_EQ(asked, asks ? 1 : 0);
+            EXPECT_EQ(l.report.EstimateDiameters, asks && answer == ui::Answer::Yes);
+        }
+    }
+}
+
 TEST(NetworkLoad, Version20ViewsAndLayers) {
     Loaded l;
     LoadFile(l, Fixture("network_v20.sim"), {ui::Answer::No});
