@@ -44,4 +44,12 @@ private Q_SLOTS:
     void textsAndFiltersCrossTheQtEdgeIntact();
 };
 
+// The in-place editor of the dialogs' tables.
+class GridEditorTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void typingEditsTheCellAndEnterMovesDown();
+    void copiesAndPastesOverALargeModel();
+};
+
 } // namespace karvane::shell::testing
