@@ -124,6 +124,7 @@ void ToolDispatcher::OnMouseDown(int pressed, int shift, float x, float y, int w
     s_.MouseIsDown = true;
     s_.RubberDrawn = false;
     s_.RubberLineDrawn = false;
+    s_.PressOnSomething = false;
     s_.RotateStarted = false;
     s_.LastMoveWindow = window;
     s_.ViewGesture = pressed >= button::Both || (s_.Tool == tool::Centre && pressed > button::Left);
@@ -173,19 +174,20 @@ void ToolDispatcher::OnMouseMove(int buttons, int shift, float x, float y, int w
 
     if (RectangleTool(s_.Tool)) {
         if (s_.Button == button::Left && !s_.RotateStarted) {
-            if (s_.Tool != tool::Move) DrawRubberRectangle(cx, cy);
+            if (s_.Tool != tool::Move || !s_.PressOnSomething) DrawRubberRectangle(cx, cy);
         } else if (s_.Button == button::Right && s_.Tool == tool::Zoom && !s_.RotateStarted) {
             Pan(x, y);
         } else if (s_.Button == button::Both) {
             Rotate(x, y);
         }
     }
-    if (s_.Tool == tool::Draw && s_.Button == button::Left) DrawRubberLine(cx, cy);
+    if ((s_.Tool == tool::Draw && s_.Button != button::Both) || (s_.Tool == tool::Move && s_.PressOnSomething))
+        DrawRubberLine(cx, cy);
 }
 
 void ToolDispatcher::OnMouseUp(int released, int shift, float x, float y, int window) {
     if (Frozen() || !s_.MouseIsDown) return;
-    if (s_.Tool == tool::Draw && released == button::Left && s_.RubberLineDrawn) EraseRubber();
+    if ((s_.Tool == tool::Draw || s_.Tool == tool::Move) && s_.RubberLineDrawn && !s_.RubberDrawn) EraseRubber();
 
     // A release outside the window's box is pulled back to its edge.
     const display::ViewState& v = ds_.View;
@@ -419,6 +421,19 @@ void ToolDispatcher::EraseRubber() {
     surface->SetDrawMode(display::DrawMode::Copy);
     surface->Refresh();
     s_.RubberDrawn = s_.RubberLineDrawn = false;
+}
+
+void ToolDispatcher::SnapPress(float x, float y, bool onSomething) {
+    s_.PressX = s_.DragX = x;
+    s_.PressY = s_.DragY = y;
+    s_.PressOnSomething = onSomething;
+}
+
+void ToolDispatcher::DropPress() {
+    EraseRubber();
+    s_.MouseIsDown = false;
+    s_.PanState = 0;
+    ds_.Gesture.ButtonHeld = false;
 }
 
 void ToolDispatcher::CancelGesture() {

@@ -98,6 +98,7 @@ struct ToolState {
     int LastMoveWindow = -1;
     bool RubberDrawn = false; // a rubber rectangle stands on the window
     bool RubberLineDrawn = false;
+    bool PressOnSomething = false; // Move: the press picked a node, an airway or a text (a rubber line, not a fence)
     MouseRotation Rotation;
     // The cursor shown, so that it is loaded only when it changes.
     int CursorValue = -1, CursorButton = -1, CursorWindow = -2;
@@ -125,6 +126,11 @@ public:
     void OnWheel(bool positive);
     // Stops any tool in progress (before a window closes, or the program ends).
     void CancelGesture();
+    // What the press of Draw or Move made of the press: the press point snapped onto what was
+    // hit (cursor coordinates), so that the rubber line starts there; whether it hit something.
+    void SnapPress(float x, float y, bool onSomething);
+    // The press is dropped (a coordinate entry at the press was cancelled).
+    void DropPress();
 
 private:
     bool Frozen() const { return ds_.WindowFrozen; }
