@@ -9,6 +9,7 @@
 #include "edit/edit_tools.h"
 #include "engineering/resistance.h"
 #include "model/node_keys.h"
+#include "simulate/run.h"
 
 namespace karvane::edit {
 
@@ -31,18 +32,12 @@ void EditTools::ReverseAirway(std::int32_t row) {
     if (row <= 0 || row > m_.AirwayCount) return;
     for (std::int32_t r : RowsOfPick(m_, row)) {
         Log(r, files::undo::Before);
+        // The turn of the run, with the fan symbol left where it stands and the node pressures
+        // going with their nodes.
+        simulate::ReverseAirway(m_, r);
         Airway& a = Row(r);
-        std::swap(a.X1, a.X2);
-        std::swap(a.Y1, a.Y2);
-        std::swap(a.Z1, a.Z2);
-        std::swap(a.EntryKey, a.ExitKey);
-        std::swap(a.EntryNode, a.ExitNode);
+        a.IconLoc = -a.IconLoc;
         std::swap(a.FromNodeP, a.ToNodeP);
-        a.Quantity = -a.Quantity;
-        const bool entry = a.Has(bc::EntryAtSurface), exit = a.Has(bc::ExitAtSurface);
-        a.BranchCode &= ~(bc::EntryAtSurface | bc::ExitAtSurface);
-        if (entry) a.BranchCode |= bc::ExitAtSurface;
-        if (exit) a.BranchCode |= bc::EntryAtSurface;
         Log(r, files::undo::After);
     }
     CloseStep();
