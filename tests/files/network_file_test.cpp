@@ -10,6 +10,7 @@
 #include "files/network_load.h"
 #include "files/number_text.h"
 #include "network_fixture.h"
+#include "support/golden.h"
 
 using namespace karvane;
 using namespace karvane::files;
@@ -53,75 +54,13 @@ TEST(NetworkFile, WriteReadWriteGivesTheSameBytes) {
     }
 }
 
+// Every section of the current version, written from a network with every kind of field: the
+// stored text is the format, byte for byte.
 TEST(NetworkFile, ExactSections) {
     AppFolder dir;
     Model model;
     BuildFullNetwork(model, dir.Ui);
-    const std::vector<std::string> lines = FileLines(NetworkText(model, '.'));
-
-    EXPECT_EQ(lines[0],
-              "3.1 KARVANE3\tTest mine, east. No.2\t 1 \t 0 \tFirst line\x1e\x1dSecond\x1fline\x1e\x1d\t 17 ");
-    EXPECT_EQ(lines[1], "Defaults List for Network");
-    EXPECT_EQ(lines[2], "3.1\tKARVANE3");
-    EXPECT_EQ(lines[10], "**End of Network Defaults**");
-    EXPECT_EQ(lines[11], "Saved Views");
-    const std::vector<std::string> view0 = Tabs(lines[12]);
-    ASSERT_EQ(view0.size(), 34u); // 33 items, each followed by a tab
-    EXPECT_EQ(view0[0], "startupview");
-    EXPECT_EQ(view0[1], "-8.5 ");
-    EXPECT_EQ(view0[7], " 0.5 ");
-    EXPECT_EQ(view0[23], " 131070 ");
-    EXPECT_EQ(view0[25], " 33554430 ");
-    EXPECT_EQ(view0[27], " 1 ");
-    EXPECT_EQ(view0[28], " 24.5 "); // ViewParam(23) follows the five values
-    EXPECT_EQ(view0[33], "");
-    EXPECT_EQ(Tabs(lines[13])[0], "Stope view, No.3");
-    EXPECT_EQ(Tabs(lines[14])[0], "Ninth");
-    EXPECT_EQ(lines[15], "End of saved views");
-    EXPECT_EQ(lines[16], "Tag List");
-    EXPECT_EQ(lines[17], " 1 \tMain, fresh.\t-1 ");
-    EXPECT_EQ(lines[18], " 12 \tOld workings\t 0 ");
-    EXPECT_EQ(lines[19], "-5 \tServices\t-1 ");
-    EXPECT_EQ(lines[20], "End of Tag List");
-    EXPECT_EQ(lines[21], "Fan Name/Point\tPressure Pa\tQuantity m3/s\tMax Fans=\t 250 ");
-    EXPECT_EQ(lines[22], "Main fan, No.1\t 2.5 \t 1 ");
-    EXPECT_EQ(lines[23], " 1 \t 2750 \t 15 \t 41 \t 2860 ");
-    EXPECT_EQ(lines[33], "Booster\t 0 \t 3 ");
-    EXPECT_EQ(lines[43], " 10 \t 0 \t 25 \t 0 \t 0 ");
-    EXPECT_EQ(lines[44], "**End of Fan Database**");
-    EXPECT_EQ(lines[45], "RL Name\tRL Max\tRL Min");
-    EXPECT_EQ(lines[46], "SURFACE\t 1000 \t 1000 ");
-    EXPECT_EQ(lines[47], "U/Ground\t 500 \t 480 ");
-    EXPECT_EQ(lines[48], "Level 2, east.\t 300 \t 280 ");
-    EXPECT_EQ(lines[49], "**END OF RL LIST**");
-    EXPECT_EQ(lines[50], "Portal, No.1\t 100 \t-200 \t 1000 ");
-    EXPECT_EQ(lines[51], "Fan house\t 0 \t 0 \t 990 ");
-    EXPECT_EQ(lines[52], "**End Of Floating Text");
-    EXPECT_EQ(lines[53],
-              "Entry Node\tExit Node\tBranch Name\tBlank\tBlank\tX1\tY1\tZ1\tX2\tY2\tZ2\tHeight\tWidth\t"
-              "Branch Code\tRes Type\tShock Type\tWall Type\tWall Factor\tShock Factor\tComment\tResistance\t"
-              "Quantity\tFan Number\tNo of Fans\tLength\tPressure\tContaminant\tPrimary Layer\tSecond Layer\t"
-              "From Node P\tTo Node P\tUndo No\tAirway No\tIcon Loc\tRemote Station\tNo Airways\tCurve Fraction");
-    ASSERT_EQ(lines.size(), 59u);
-
-    const std::vector<std::string> drive = Tabs(lines[55]);
-    ASSERT_EQ(drive.size(), 39u);
-    EXPECT_EQ(drive[0], "Shaft bottom");
-    EXPECT_EQ(drive[2], "Drive 1, east");
-    EXPECT_EQ(drive[3], "");
-    EXPECT_EQ(drive[4], "");
-    EXPECT_EQ(drive[9], "-40");
-    EXPECT_EQ(drive[13], "33"); // rectangular, fans in series
-    EXPECT_EQ(drive[19], "Reg. 1,2");
-    EXPECT_EQ(drive[25], "-9999");
-    EXPECT_EQ(drive[26], "0.00001");
-    EXPECT_EQ(drive[30], "-9999999");
-    EXPECT_EQ(drive[32], "2"); // AirwayNo given when the keys were built
-    EXPECT_EQ(drive[33], "0.2");
-    EXPECT_EQ(drive[38], "2");
-    const std::vector<std::string> stopping = Tabs(lines[56]);
-    EXPECT_EQ(stopping[20], "1E+09");
-    EXPECT_EQ(Tabs(lines[57])[24], "515.5");
+    ExpectGolden("full_network.sim", NetworkText(model, '.'));
 }
 
 TEST(NetworkFile, EmptyNetworkHasOneBlankAirwayLine) {
