@@ -87,11 +87,21 @@ void FillLibrary(Model& m) {
     }
 }
 
-// Writes the four files as the program's writers make them into `folder`.
+// Writes the four files as the program's writers make them into `folder`. The shipped files are
+// the golden copies of the built-in settings, presets, colours, fonts and unit table.
 void WriteProgramData(const std::string& folder) {
     ui::ScriptedUserInterface ui;
     ui.App = folder;
+    // A record that has been in use: the built-in values must replace every field, not only
+    // fill the empty ones, so the files below come out the same whatever came before.
     Model m;
+    m.Set.Density = 0.5f;
+    m.Set.LastAirwayNo = 88;
+    m.Set.IconSize[3] = 17;
+    m.Set.FontName[2] = "Courier";
+    m.Preset.WallNames[30] = "left over";
+    m.Preset.ShockPreset[40] = 9.0f;
+    m.Units.Rows[4].Label[2] = "stale";
     SetUpBuiltIn(m);
     for (int c = 1; c <= UnitClassCount; ++c) m.Units.Rows[c].ClassName = ClassNames[c];
     for (int i = 0; i < 6; ++i) m.Units.Headings[static_cast<std::size_t>(i)] = Headings[i];
