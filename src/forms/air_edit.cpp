@@ -292,31 +292,25 @@ void AirEditForm::CmdShape() {
     SetShape((f_.ShapeIndex + 1) % 3);
 }
 
+// Ticking a custom value hides the preset list; unticking shows it again on the row of the
+// airway's type (row 0 when the type is custom).
+void AirEditForm::TickPreset(AirGroup group, bool& tick, int& index, const std::vector<ListRow>& rows,
+                             std::int16_t type, bool on) {
+    Touch(group);
+    tick = on;
+    if (!on) index = type == CustomPreset ? 0 : std::max(0, RowOfData(rows, type));
+}
+
 void AirEditForm::TickFixRes(bool on) {
-    Touch(AirGroup::Res);
-    f_.ChkFixRes = on;
-    if (!on) {
-        const std::int16_t type = Current().ResType;
-        f_.ResIndex = type == CustomPreset ? 0 : std::max(0, RowOfData(f_.ResCombo, type));
-    }
+    TickPreset(AirGroup::Res, f_.ChkFixRes, f_.ResIndex, f_.ResCombo, Current().ResType, on);
 }
 
 void AirEditForm::TickFixK(bool on) {
-    Touch(AirGroup::Wall);
-    f_.ChkFixK = on;
-    if (!on) {
-        const std::int16_t type = Current().WallType;
-        f_.WallIndex = type == CustomPreset ? 0 : std::max(0, RowOfData(f_.WallCombo, type));
-    }
+    TickPreset(AirGroup::Wall, f_.ChkFixK, f_.WallIndex, f_.WallCombo, Current().WallType, on);
 }
 
 void AirEditForm::TickShock(bool on) {
-    Touch(AirGroup::Shock);
-    f_.ChkShock = on;
-    if (!on) {
-        const std::int16_t type = Current().ShockType;
-        f_.ShockIndex = type == CustomPreset ? 0 : std::max(0, RowOfData(f_.ShockCombo, type));
-    }
+    TickPreset(AirGroup::Shock, f_.ChkShock, f_.ShockIndex, f_.ShockCombo, Current().ShockType, on);
 }
 
 void AirEditForm::ChooseRes(int index) {

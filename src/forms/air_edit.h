@@ -229,6 +229,8 @@ private:
     void FillFans(const Airway& a);
     void FillLayers(const Airway& a);
     void FillLists();
+    void TickPreset(AirGroup group, bool& tick, int& index, const std::vector<ListRow>& rows, std::int16_t type,
+                    bool on);
     void Touch(AirGroup g) {
         if (Multiple()) f_.Touched[static_cast<std::size_t>(g)] = true;
     }
