@@ -1,0 +1,204 @@
+// The fan database editor: the table read into the database, the blank flags, names, the
+// estimates, paste, efficiencies, the closing roads and the graph.
+#include <gtest/gtest.h>
+
+#include "display/recording_surface.h"
+#include "forms/fan_data_form.h"
+#include "forms_support.h"
+#include "model/units.h"
+
+namespace karvane::forms {
+namespace {
+
+using testing::FormScene;
+
+struct FanScene : FormScene {
+    FanDataFields F;
+    FanScene() {
+        for (auto& fan : M.Fans) fan = FanRecord{};
+        F = OpenFanData(M, Ui);
+    }
+    FanRecord& Fan(int n = 1) { return M.Fans[static_cast<std::size_t>(n)]; }
+};
+
+TEST(FanDataForm, PointsInAnyOrderComeBackSortedAndTheCurveIsCompleted) {
+    FanScene s;
+    EXPECT_EQ(s.F.TxtFanName, "-none-");
+    EXPECT_TRUE(s.F.ChkStatic); // both curve columns blank: the static one is shown
+    EXPECT_FALSE(s.F.ChkTotal);
+    const char* rows[3][3] = {{"1200", "40", "70"}, {"2500", "10", "60"}, {"1800", "25", "80"}};
+    for (int p = 1; p <= 3; ++p) {
+        SetFanCell(s.M, s.F, p, fancol::Static, rows[p - 1][0], s.Ui);
+        SetFanCell(s.M, s.F, p, fancol::Flow, rows[p - 1][1], s.Ui);
+        SetFanCell(s.M, s.F, p, fancol::Eff, rows[p - 1][2], s.Ui);
+    }
+    const FanRecord& f = s.Fan();
+    EXPECT_EQ(f.FanName, "Fan #1");
+    EXPECT_EQ(s.F.TxtFanName, "Fan #1");
+    EXPECT_EQ(f.FanPStatic[1], 2500);
+    EXPECT_EQ(f.FanPStatic[2], 1800);
+    EXPECT_EQ(f.FanPStatic[3], 1200);
+    EXPECT_EQ(f.FanQ[1], 10);
+    EXPECT_EQ(f.FanEff[3], 70);
+    for (int p = 4; p <= 10; ++p) {
+        EXPECT_EQ(f.FanPStatic[p], 1200);
+        EXPECT_EQ(f.FanQ[p], 40);
+    }
+    EXPECT_TRUE(s.F.Modified);
+    EXPECT_DOUBLE_EQ(s.F.PressureScale, 2.5);
+    EXPECT_DOUBLE_EQ(s.F.FlowScale, 0.04);
+
+    // With the static column blank the sort is on total pressure.
+    FanScene t;
+    SetFanCell(t.M, t.F, 1, fancol::Total, "900", t.Ui);
+    SetFanCell(t.M, t.F, 1, fancol::Flow, "50", t.Ui);
+    SetFanCell(t.M, t.F, 2, fancol::Total, "1900", t.Ui);
+    SetFanCell(t.M, t.F, 2, fancol::Flow, "20", t.Ui);
+    EXPECT_EQ(t.Fan().FanPTotal[1], 1900);
+    EXPECT_EQ(t.Fan().FanQ[10], 50);
+    EXPECT_TRUE(t.Ui.Transcript.empty());
+}
+
+TEST(FanDataForm, FillingSetsTheBlankFlagsAndTheColumns) {
+    FanScene s;
+    FanRecord& f = s.Fan(3);
+    f.FanName = "Axial";
+    f.FanDiam = 2.5f;
+    for (int p = 1; p <= 10; ++p) {
+        f.FanPTotal[p] = static_cast<float>(3000 - 200 * p);
+        f.FanQ[p] = static_cast<float>(10 * p);
+    }
+    SelectFan(s.M, s.F, 3, s.Ui);
+    EXPECT_FALSE(s.F.ChkStatic);
+    EXPECT_TRUE(s.F.ChkTotal);
+    EXPECT_FALSE(s.F.ChkEff);
+    EXPECT_TRUE(s.F.StaticBlank && s.F.EffBlank && !s.F.FlowBlank);
+    EXPECT_EQ(s.F.Cells[1][fancol::Static], "");
+    EXPECT_EQ(s.F.Cells[1][fancol::Total], "2800.0");
+    EXPECT_EQ(s.F.TxtOutDiam, "2.5 m");
+    EXPECT_EQ(FanColumnWidth(s.F, fancol::Static), 0);
+    EXPECT_EQ(FanColumnWidth(s.F, fancol::Total), 800);
+    EXPECT_EQ(FanColumnHeading(s.M, fancol::Total), "Pt Pa");
+    EXPECT_EQ(FanListEntry(s.M, 3), "3 Axial");
+    EXPECT_EQ(FanListEntry(s.M, 4), "4 -none-");
+    // The last curve box stays ticked.
+    SetCurveBox(s.F, 1, false);
+    EXPECT_TRUE(s.F.ChkTotal);
+    SetCurveBox(s.F, 0, true);
+    SetCurveBox(s.F, 1, false);
+    EXPECT_FALSE(s.F.ChkTotal);
+    // Names lose their commas; the diameter follows its box.
+    TypeFanName(s.M, s.F, "Axial, 2 stage");
+    EXPECT_EQ(f.FanName, "Axial 2 stage");
+    EnterOutDiam(s.M, s.F, "");
+    EXPECT_EQ(f.FanDiam, 0);
+    EXPECT_EQ(s.M.FansSaved, No0);
+}
+
+TEST(FanDataForm, APastedManufacturersTableReadsExactly) {
+    FanScene s;
+    const std::string table = "3150\t3400\t20.5\t62\r\n2980\t3290\t40.25\t71\r\n2600\t2990\t60\t78\r\n"
+                              "2050\t2525.5\t80.75\t80\r\n1400\t1990\t101\t74\r\n";
+    ASSERT_TRUE(PasteFanTable(s.M, s.F, table, {1, fancol::Static}, 1, s.Ui));
+    const FanRecord& f = s.Fan();
+    EXPECT_EQ(f.FanPStatic[2], 2980.0f);
+    EXPECT_EQ(f.FanPTotal[4], 2525.5f);
+    EXPECT_EQ(f.FanQ[2], 40.25f);
+    EXPECT_EQ(f.FanQ[5], 101.0f);
+    EXPECT_EQ(f.FanEff[3], 78);
+    EXPECT_EQ(f.FanQ[10], 101.0f);
+    EXPECT_EQ(CopyFanTable(s.F, 1, 1, 2, 4), "3150\t3400\t20.5\t62\r\n2980\t3290\t40.25\t71\r\n");
+
+    // Too many columns, or text in a number cell: refused whole, the database as it was.
+    const FanRecord before = f;
+    EXPECT_FALSE(PasteFanTable(s.M, s.F, "1\t2\t3\t4\t5\r\n", {1, fancol::Static}, 1, s.Ui));
+    EXPECT_FALSE(PasteFanTable(s.M, s.F, "100\tabc\r\n", {6, fancol::Static}, 6, s.Ui));
+    EXPECT_EQ(s.Ui.Texts("Message"),
+              (std::vector<std::string>(2, "An error has occured while attempting to paste data")));
+    EXPECT_EQ(f.FanPStatic, before.FanPStatic);
+    EXPECT_EQ(s.F.Cells[6][fancol::Static], "");
+    // A bad cell typed in says so and leaves the database alone.
+    SetFanCell(s.M, s.F, 2, fancol::Flow, "x4", s.Ui);
+    EXPECT_TRUE(s.Ui.Said("An error has occured - probably in data entry"));
+    EXPECT_EQ(f.FanQ, before.FanQ);
+}
+
+TEST(FanDataForm, EfficienciesEstimatesAndTheClosingRoads) {
+    FanScene s;
+    FanRecord& f = s.Fan();
+    f.FanName = "Main";
+    for (int p = 1; p <= 10; ++p) {
+        f.FanPTotal[p] = static_cast<float>(1100 - 10 * p);
+        f.FanQ[p] = 30.4f + static_cast<float>(p - 1);
+        f.FanEff[p] = p <= 7 ? 75 : 0;
+    }
+    FillEfficiency(s.M, 1, s.Ui);
+    EXPECT_EQ(s.Ui.Texts("Message").back(),
+              "Your fan curve contains 3 zero efficiency value(s)\r\nReplacing these with the default efficiency value!");
+    EXPECT_EQ(f.FanEff[10], 80);
+    FanRecord none;
+    s.M.Fans[2] = none;
+    s.Ui.Transcript.clear();
+    FillEfficiency(s.M, 2, s.Ui);
+    EXPECT_TRUE(s.Ui.Transcript.empty());
+
+    // Total from static without a diameter is refused with its message, the curve kept.
+    SelectFan(s.M, s.F, 1, s.Ui);
+    s.Ui.Answers = {ui::Answer::OK};
+    EstimateTotal(s.M, s.F, false, s.Ui);
+    EXPECT_EQ(s.Ui.Transcript[0].Title, "Estimate total curve");
+    EXPECT_TRUE(s.Ui.Said("No fan diameter has been entered for Fan 1.  Cannot estimate Total Pressure unless the "
+                          "velocity pressure can be calculated from the fan diameter!!"));
+    EXPECT_EQ(f.FanPTotal[1], 1090);
+    // Static from total with 2 m, all fans; Cancel does nothing.
+    f.FanDiam = 2;
+    s.Ui.Answers = {ui::Answer::Cancel};
+    EstimateStatic(s.M, s.F, true, s.Ui);
+    EXPECT_EQ(f.FanPStatic[1], 0);
+    s.Ui.Answers = {ui::Answer::OK};
+    EstimateStatic(s.M, s.F, true, s.Ui);
+    EXPECT_EQ(f.FanPStatic[1], 1033); // 1090 - 56.18, rounded down
+    EXPECT_EQ(s.M.Fans[2].FanPStatic[1], 0); // an empty slot stays all zero
+    EXPECT_EQ(s.F.Cells[1][fancol::Static], "1033.0");
+
+    // Cancel asks only when modified; No keeps the fan's efficiencies as typed.
+    s.Ui.Transcript.clear();
+    CancelFan(s.M, s.F, s.Ui);
+    EXPECT_TRUE(s.Ui.Transcript.empty());
+    s.F.Modified = true;
+    s.Ui.Answers = {ui::Answer::No};
+    CancelFan(s.M, s.F, s.Ui);
+    EXPECT_EQ(s.Ui.Transcript.back().Text, "Save fan changes to network ?");
+    // Delete empties the name and the curve.
+    s.Ui.Answers = {ui::Answer::OK};
+    DeleteFan(s.M, s.F, s.Ui);
+    EXPECT_TRUE(f.FanName.empty());
+    EXPECT_TRUE(f.IsFree());
+    EXPECT_EQ(s.F.TxtFanName, "-none-");
+}
+
+TEST(FanDataForm, TheGraphDrawsBothCurvesAndItsCaptions) {
+    FanScene s;
+    FanRecord& f = s.Fan();
+    for (int p = 1; p <= 10; ++p) {
+        f.FanPStatic[p] = static_cast<float>(2000 - 150 * p);
+        f.FanPTotal[p] = f.FanPStatic[p] + 100;
+        f.FanQ[p] = static_cast<float>(8 * p);
+        f.FanEff[p] = 70;
+    }
+    display::RecordingSurface rec(400, 400);
+    DrawFanGraph(s.M, f, rec, '.');
+    EXPECT_EQ(rec.Of(display::OpKind::Line).size(), 27u + 3u); // three curves of nine segments, three axes
+    EXPECT_EQ(rec.Of(display::OpKind::Circle).size(), 18u);
+    const std::vector<std::string> texts = rec.Texts();
+    EXPECT_EQ(texts.size(), 5u);
+    EXPECT_NE(rec.FindText("0,0"), nullptr);
+    EXPECT_NE(rec.FindText("100%"), nullptr);
+    // Nothing but a cleared picture for an empty fan.
+    display::RecordingSurface empty(400, 400);
+    DrawFanGraph(s.M, s.M.Fans[2], empty, '.');
+    EXPECT_TRUE(empty.Of(display::OpKind::Line).empty());
+}
+
+} // namespace
+} // namespace karvane::forms
