@@ -27,7 +27,8 @@ float StaticFromTotal(float totalP, float q, double diam, double density) {
 void EstimateStaticCurve(FanRecord& fan, double density) {
     const double area = FanExitArea(fan.FanDiam);
     for (int p = 1; p <= CurvePoints; ++p)
-        fan.FanPStatic[p] = static_cast<float>(std::floor(fan.FanPTotal[p] - VelocityPressure(fan.FanQ[p], area, density)));
+        fan.FanPStatic[p] =
+            static_cast<float>(std::floor(fan.FanPTotal[p] - VelocityPressure(fan.FanQ[p], area, density)));
 }
 
 bool EstimateTotalCurve(FanRecord& fan, double density) {
@@ -35,7 +36,8 @@ bool EstimateTotalCurve(FanRecord& fan, double density) {
     const double area = FanExitArea(fan.FanDiam);
     if (!(area > 0)) return false;
     for (int p = 1; p <= CurvePoints; ++p)
-        fan.FanPTotal[p] = static_cast<float>(std::floor(VelocityPressure(fan.FanQ[p], area, density) + fan.FanPStatic[p]));
+        fan.FanPTotal[p] =
+            static_cast<float>(std::floor(VelocityPressure(fan.FanQ[p], area, density) + fan.FanPStatic[p]));
     return true;
 }
 

@@ -31,7 +31,6 @@ bool CellReadable(const std::string& text) {
     return std::isfinite(v) && std::fabs(v) <= std::numeric_limits<float>::max();
 }
 
-
 } // namespace
 
 int FanSlotCount(const Model& model) {
@@ -81,8 +80,8 @@ void SelectFan(Model& model, FanDataFields& fields, int fan, ui::UserInterface& 
     const char sep = ui.DecimalSeparator();
     fields.TxtFanName = TrimText(f.FanName).empty() ? "-none-" : f.FanName;
     fields.TxtOutDiam = f.FanDiam == 0 ? "n/a"
-                                       : display::FormatValue(model, f.FanDiam, uc::LongLength, false, true, sep) + " " +
-                                             UnitLabel(model, uc::Length);
+                                       : display::FormatValue(model, f.FanDiam, uc::LongLength, false, true, sep) +
+                                             " " + UnitLabel(model, uc::Length);
     FanCurveSet(f, fields);
     for (int p = 1; p <= FanTablePoints; ++p) {
         auto& row = fields.Cells[static_cast<std::size_t>(p)];
@@ -121,7 +120,8 @@ void ReadCurve(Model& model, FanDataFields& fields, ui::UserInterface& ui) {
         f.FanPStatic[p] = static_cast<float>(FromDisplay(model, row[fancol::Static], uc::Pressure));
         f.FanPTotal[p] = static_cast<float>(FromDisplay(model, row[fancol::Total], uc::Pressure));
         f.FanQ[p] = std::max(0.0f, static_cast<float>(FromDisplay(model, row[fancol::Flow], uc::Flow)));
-        f.FanEff[p] = static_cast<std::int16_t>(std::clamp(std::trunc(files::ParseNumber(row[fancol::Eff])), 0.0, 100.0));
+        f.FanEff[p] =
+            static_cast<std::int16_t>(std::clamp(std::trunc(files::ParseNumber(row[fancol::Eff])), 0.0, 100.0));
         maxQ = std::max<double>(maxQ, f.FanQ[p]);
         maxP = std::max({maxP, static_cast<double>(f.FanPStatic[p]), static_cast<double>(f.FanPTotal[p])});
     }
@@ -136,9 +136,8 @@ void ReadCurve(Model& model, FanDataFields& fields, ui::UserInterface& ui) {
     const auto& key = staticBlank ? f.FanPTotal : f.FanPStatic;
     std::array<int, FanTablePoints + 1> order{};
     for (int p = 1; p <= FanTablePoints; ++p) order[static_cast<std::size_t>(p)] = p;
-    std::stable_sort(order.begin() + 1, order.end(), [&](int a, int b) {
-        return key[static_cast<std::size_t>(a)] > key[static_cast<std::size_t>(b)];
-    });
+    std::stable_sort(order.begin() + 1, order.end(),
+                     [&](int a, int b) { return key[static_cast<std::size_t>(a)] > key[static_cast<std::size_t>(b)]; });
     FanRecord sorted = f;
     for (int p = 1; p <= FanTablePoints; ++p) {
         const auto from = static_cast<std::size_t>(order[static_cast<std::size_t>(p)]);
@@ -376,6 +375,50 @@ void DrawFanGraph(const Model& model, const FanRecord& fan, display::Surface& s,
     s.Line(0, 1000, 1000, 1000, black);
     s.Line(1000, 1000, 1000, 0, black);
     s.Refresh();
+}
+
+FanDataForm::FanDataForm(Model& model, ui::UserInterface& ui) : model_(model), ui_(ui) { F = OpenFanData(model, ui); }
+
+bool FanDataForm::SetField(const std::string& name, const std::string& value) {
+    const bool tick = files::ParseNumber(value) != 0 || value == "True" || value == "true";
+    if (name == "FanList") SelectFan(model_, F, static_cast<int>(files::ParseNumber(value)), ui_);
+    else if (name == "TxtFanName") TypeFanName(model_, F, value);
+    else if (name == "TxtOutDiam") EnterOutDiam(model_, F, value);
+    else if (name == "ChkStatic") SetCurveBox(F, 0, tick);
+    else if (name == "ChkTotal") SetCurveBox(F, 1, tick);
+    else if (name == "ChkEff") SetCurveBox(F, 2, tick);
+    else return false;
+    return true;
+}
+
+bool FanDataForm::SetCell(int point, int col, const std::string& value) {
+    if (point < 1 || point > FanTablePoints || col < fancol::Static || col > fancol::Eff) return false;
+    SetFanCell(model_, F, point, col, value, ui_);
+    return true;
+}
+
+bool FanDataForm::PressButton(const std::string& name) {
+    if (name == "ExitFan") {
+        ExitFan(model_, F, ui_);
+        closed_ = true;
+    } else if (name == "Cancel") {
+        CancelFan(model_, F, ui_);
+        closed_ = true;
+    } else if (name == "Command2" || name == "mnuDelete") {
+        DeleteFan(model_, F, ui_);
+    } else if (name == "mnuSave") {
+        SaveFanDefault(model_, F, ui_);
+    } else if (name == "mnuex") {
+        ExitFanMenu(model_);
+        closed_ = true;
+    } else if (name == "mnuStaticCurrent" || name == "mnuStaticAll") {
+        EstimateStatic(model_, F, name == "mnuStaticAll", ui_);
+    } else if (name == "mnuTotalCurrent" || name == "mnuTotalAll") {
+        EstimateTotal(model_, F, name == "mnuTotalAll", ui_);
+    } else if (name != "SaveFan") { // "Save" stands in the dialog with no action
+        return false;
+    }
+    return true;
 }
 
 } // namespace karvane::forms

@@ -91,4 +91,27 @@ void EstimateTotal(Model& model, FanDataFields& fields, bool allFans, ui::UserIn
 // is drawn while either scale is 0.
 void DrawFanGraph(const Model& model, const FanRecord& fan, display::Surface& surface, char decimalSep);
 
+// The dialog as a whole, reached by its control names as a window or a script reaches it:
+// fields "FanList" (a fan number), "TxtFanName", "TxtOutDiam", "ChkStatic", "ChkTotal",
+// "ChkEff" (1 or 0); cells of "Spreadsheet" by point 1..10 and column 1..4; buttons
+// "ExitFan", "Cancel", "Command2", "SaveFan", "mnuDelete", "mnuSave", "mnuex",
+// "mnuStaticCurrent", "mnuStaticAll", "mnuTotalCurrent", "mnuTotalAll".
+class FanDataForm {
+public:
+    FanDataForm(Model& model, ui::UserInterface& ui);
+    FanDataFields F;
+    // False when the name is no control of the dialog.
+    bool SetField(const std::string& name, const std::string& value);
+    bool SetCell(int point, int col, const std::string& value);
+    bool PressButton(const std::string& name);
+    // Whether a button closed the dialog.
+    bool Closed() const { return closed_; }
+    Model& M() { return model_; }
+
+private:
+    Model& model_;
+    ui::UserInterface& ui_;
+    bool closed_ = false;
+};
+
 } // namespace karvane::forms

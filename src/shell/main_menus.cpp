@@ -271,8 +271,10 @@ void MainWindow::BuildMenus() {
 
     // Tools.
     QMenu* toolsMenu = menu("mnuDefaults", QStringLiteral("&Tools"));
-    AddAction(toolsMenu, "mnuFanData", QStringLiteral("Fans..."), kLater);
-    AddAction(toolsMenu, "mnuRLBase", QStringLiteral("Levels..."), kLater);
+    connect(AddAction(toolsMenu, "mnuFanData", QStringLiteral("Fans...")), &QAction::triggered, this,
+            &MainWindow::ShowFanData);
+    connect(AddAction(toolsMenu, "mnuRLBase", QStringLiteral("Levels...")), &QAction::triggered, this,
+            &MainWindow::ShowLevelList);
     AddAction(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet..."), kLater);
     connect(AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify...")), &QAction::triggered, this,
             &MainWindow::ShowSimplify);
@@ -323,7 +325,8 @@ void MainWindow::BuildMenus() {
     connect(AddAction(trouble, "mnuResetAirflows", QStringLiteral("Re-seed Airflows")), &QAction::triggered, this,
             &MainWindow::ReseedAirflows);
     toolsMenu->addSeparator();
-    AddAction(toolsMenu, "mnuOptionShow", QStringLiteral("Options..."), kLater);
+    connect(AddAction(toolsMenu, "mnuOptionShow", QStringLiteral("Options...")), &QAction::triggered, this,
+            &MainWindow::ShowOptions);
     connect(AddAction(toolsMenu, "mnuReverse", QStringLiteral("Reverse coordinate axis")), &QAction::triggered, this,
             networkCommand("mnuReverse"));
 

@@ -233,6 +233,10 @@ private:
     void ShowSimplify();
     void ActivateStations(bool input, bool on);
     void ShowStationDialog(bool input);
+    // The editors of the Tools menu (main_editors.cpp): fans, levels, options.
+    void ShowFanData();
+    void ShowLevelList();
+    void ShowOptions();
 
     ui::UserInterface& ui_;
     QtUserInterface* qtUi_ = nullptr;

@@ -133,8 +133,9 @@ TEST(FanDataForm, EfficienciesEstimatesAndTheClosingRoads) {
         f.FanEff[p] = p <= 7 ? 75 : 0;
     }
     FillEfficiency(s.M, 1, s.Ui);
-    EXPECT_EQ(s.Ui.Texts("Message").back(),
-              "Your fan curve contains 3 zero efficiency value(s)\r\nReplacing these with the default efficiency value!");
+    EXPECT_EQ(
+        s.Ui.Texts("Message").back(),
+        "Your fan curve contains 3 zero efficiency value(s)\r\nReplacing these with the default efficiency value!");
     EXPECT_EQ(f.FanEff[10], 80);
     FanRecord none;
     s.M.Fans[2] = none;
@@ -157,7 +158,7 @@ TEST(FanDataForm, EfficienciesEstimatesAndTheClosingRoads) {
     EXPECT_EQ(f.FanPStatic[1], 0);
     s.Ui.Answers = {ui::Answer::OK};
     EstimateStatic(s.M, s.F, true, s.Ui);
-    EXPECT_EQ(f.FanPStatic[1], 1033); // 1090 - 56.18, rounded down
+    EXPECT_EQ(f.FanPStatic[1], 1033);        // 1090 - 56.18, rounded down
     EXPECT_EQ(s.M.Fans[2].FanPStatic[1], 0); // an empty slot stays all zero
     EXPECT_EQ(s.F.Cells[1][fancol::Static], "1033.0");
 
