@@ -129,6 +129,7 @@ void EditTools::MoveEnds(const display::WorldPoint& from, const display::WorldPo
         if (row > m_.AirwayCount) return;
         Log(row, files::undo::Before);
         ShiftEnd(Row(row), moveEnd < 0, dx, dy, dz);
+        RecalcAirway(m_, row);
         Log(row, files::undo::After);
         return;
     }
@@ -139,6 +140,7 @@ void EditTools::MoveEnds(const display::WorldPoint& from, const display::WorldPo
         Log(row, files::undo::Before);
         if (first) ShiftEnd(a, true, dx, dy, dz);
         if (second) ShiftEnd(a, false, dx, dy, dz);
+        RecalcAirway(m_, row);
         Log(row, files::undo::After);
     }
 }
@@ -199,6 +201,7 @@ void EditTools::FenceMove(const ToolEvent& e) {
         Airway& a = Row(row);
         if (h.First) ShiftEnd(a, true, dx, dy, dz);
         if (h.Second) ShiftEnd(a, false, dx, dy, dz);
+        RecalcAirway(m_, row);
         Log(row, files::undo::After);
     }
     FinishMove();
@@ -233,6 +236,7 @@ void EditTools::MoveSelected(std::int32_t dx, std::int32_t dy, std::int32_t dz, 
         Airway& a = Row(target);
         ShiftEnd(a, true, dx, dy, dz);
         ShiftEnd(a, false, dx, dy, dz);
+        RecalcAirway(m_, target);
         Log(target, files::undo::After);
     }
     CloseStep();

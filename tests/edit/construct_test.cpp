@@ -1,0 +1,599 @@
+// The construction tools driven through the dispatcher as a view window drives them: what a
+// drag, a click and the dialogs make of small networks, what goes into the undo log, and that
+// the log gives back the network as it was.
+#include <gtest/gtest.h>
+
+#include "construct_support.h"
+
+namespace karvane::edit {
+namespace {
+
+using testing::ConstructRig;
+
+// A rig with airways added by their ends, numbered, in a plan view.
+struct Net : ConstructRig {
+    std::int32_t Add(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2, std::int32_t z = 500) {
+        const std::int32_t row = S.Add(x1, y1, z, x2, y2, z);
+        S.M.Set.LastAirwayNo = row;
+        return row;
+    }
+};
+
+CoordsResult Point(std::int32_t x, std::int32_t y, std::int32_t z) {
+    CoordsResult r;
+    r.X = x;
+    r.Y = y;
+    r.Z = z;
+    return r;
+}
+
+TEST(Draw, FromANodeIntoEmptySpaceGivesALevelAirwayOfTheSameSize) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.S.Row(1).Height = 5;
+    n.S.Row(1).Width = 3;
+    n.S.Row(1).ExitNode = "Junction";
+    n.S.Row(1).BranchCode |= bc::FreshAir | bc::FixedFlow;
+    n.Show();
+    n.Tool(cmd::Draw);
+    n.Drag(503, 497, 500, 800);
+
+    ASSERT_EQ(n.S.M.AirwayCount, 2);
+    const Airway& a = n.S.Row(2);
+    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{500, 500, 500, 500, 800, 500}));
+    EXPECT_EQ(a.EntryNode, "Junction");
+    EXPECT_EQ(a.ExitNode, "");
+    EXPECT_FLOAT_EQ(a.Height, 5);
+    EXPECT_FLOAT_EQ(a.Width, 3);
+    // Fixed flow is not inherited; 256 (both layers on) is.
+    EXPECT_EQ(a.BranchCode, bc::Rectangular | bc::InView | bc::FreshAir);
+    EXPECT_FLOAT_EQ(a.Length, 300);
+    EXPECT_EQ(a.AirwayNo, 2);
+    EXPECT_EQ(n.S.M.Set.LastAirwayNo, 2);
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{files::undo::After}));
+    EXPECT_EQ(n.Undo.CurrentStep, 2);
+    EXPECT_EQ(n.S.M.NetworkSaved, No0);
+    EXPECT_EQ(n.Calls, (std::vector<std::string>{"Quick"}));
+    EXPECT_TRUE(n.S.Ui.Transcript.empty());
+}
+
+TEST(Draw, AStartAndEndOnAirwaysSplitsBothAndThePartsKeepNamesAndSizes) {
+    Net n;
+    n.Add(0, 200, 1000, 200);
+    n.Add(0, 800, 1000, 800);
+    n.S.Row(1).BranchName = "North";
+    n.S.Row(1).Height = 5;
+    n.S.Row(1).Width = 6;
+    n.S.Row(1).PrimaryLayer = 3;
+    n.S.Row(1).ExitNode = "East";
+    n.S.Row(2).BranchName = "South";
+    n.Show();
+    const std::vector<std::string> before = n.Network();
+    n.Tool(cmd::Draw);
+    n.Drag(300, 200, 700, 800);
+
+    ASSERT_EQ(n.S.M.AirwayCount, 5);
+    auto ends = [&n](std::int32_t row) {
+        const Airway& a = n.S.Row(row);
+        return std::array{a.X1, a.Y1, a.X2, a.Y2};
+    };
+    EXPECT_EQ(ends(1), (std::array{0, 200, 300, 200}));
+    EXPECT_EQ(ends(2), (std::array{0, 800, 700, 800}));
+    EXPECT_EQ(ends(3), (std::array{300, 200, 700, 800})); // the new airway
+    EXPECT_EQ(ends(4), (std::array{300, 200, 1000, 200}));
+    EXPECT_EQ(ends(5), (std::array{700, 800, 1000, 800}));
+    EXPECT_EQ(n.S.Row(4).BranchName, "North");
+    EXPECT_EQ(n.S.Row(5).BranchName, "South");
+    EXPECT_FLOAT_EQ(n.S.Row(4).Height, 5);
+    EXPECT_FLOAT_EQ(n.S.Row(4).Width, 6);
+    EXPECT_EQ(n.S.Row(4).ExitNode, "East");
+    EXPECT_EQ(n.S.Row(1).ExitNode, "");
+    // No node at the start: the defaults, and the layers of the airway split at the start.
+    const Airway& a = n.S.Row(3);
+    EXPECT_FLOAT_EQ(a.Height, n.S.M.Set.DriveHeight);
+    EXPECT_EQ(a.BranchCode, bc::Rectangular | bc::InView);
+    EXPECT_EQ(a.PrimaryLayer, 3);
+    EXPECT_FLOAT_EQ(a.Length, 721);
+    EXPECT_EQ(a.AirwayNo, 5); // the halves were numbered first
+    EXPECT_NE(a.EntryKey, 0); // keys refreshed
+    EXPECT_EQ(a.EntryKey, n.S.Row(4).EntryKey);
+    EXPECT_EQ(n.Calls.back(), "RedrawAllWindows");
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 1, 2, 1, 1, 1}));
+
+    n.UndoLastStep();
+    EXPECT_EQ(n.Network(), before);
+}
+
+TEST(Draw, BothEndsOnOneAirwaySplitItIntoThreeInOrder) {
+    Net n;
+    n.Add(0, 200, 1000, 200);
+    n.Show();
+    // The end lies beyond the start, then before it.
+    for (auto [from, to] : {std::pair{300, 700}, std::pair{700, 300}}) {
+        Net m;
+        m.Add(0, 200, 1000, 200);
+        m.Show();
+        m.Tool(cmd::Draw);
+        m.Drag(from, 200, to, 200);
+        ASSERT_EQ(m.S.M.AirwayCount, 4) << from;
+        double total = 0;
+        for (std::int32_t row : {1, 3, 4}) total += m.S.Row(row).Length;
+        EXPECT_DOUBLE_EQ(total, 1000) << from; // no part overlaps another
+    }
+}
+
+struct LevelCase {
+    int Dx;
+    int Dz; // the level dropped during the drag
+    bool Raise;
+};
+
+TEST(Draw, ALevelChangeDuringTheDragGivesAClimbAndTheRaiseRuleDecidesItsSize) {
+    // 2 x |dZ| above the whole length makes a raise; exactly equal stays a drive.
+    for (const LevelCase& c :
+         {LevelCase{50, 210, true}, LevelCase{173, 100, true}, LevelCase{174, 100, false}, LevelCase{400, 10, false}}) {
+        Net n;
+        n.Add(0, 0, 10, 0);
+        n.Show();
+        n.S.Ds.View.CurRL = 490;
+        n.Tool(cmd::Draw);
+        n.D.OnMouseDown(1, 0, n.Wx(200), n.Wy(200), 0);
+        // Down during the drag: another level is shown, the cursor at its middle.
+        n.S.Ds.View.LevelMode = display::lm::Single;
+        n.S.Ds.View.CurrentLevel = 3;
+        n.S.Ds.View.CurRL = 490 - c.Dz;
+        n.D.OnMouseMove(1, 0, n.Wx(200 + c.Dx), n.Wy(200), 0);
+        n.D.OnMouseUp(1, 0, n.Wx(200 + c.Dx), n.Wy(200), 0);
+        ASSERT_EQ(n.S.M.AirwayCount, 2) << c.Dx;
+        const Airway& a = n.S.Row(2);
+        EXPECT_EQ(a.Z1, 490);
+        EXPECT_EQ(a.Z2, 490 - c.Dz);
+        const Settings& set = n.S.M.Set;
+        if (c.Raise) {
+            EXPECT_EQ(a.BranchCode, bc::Circular) << c.Dx;
+            EXPECT_FLOAT_EQ(a.Width, set.RaiseDiameter);
+            EXPECT_EQ(a.WallType, set.RaiseWallType);
+            EXPECT_FLOAT_EQ(a.WallFactor, n.S.M.Preset.WallPreset[static_cast<std::size_t>(set.RaiseWallType)]);
+        } else {
+            EXPECT_EQ(a.BranchCode, bc::Rectangular) << c.Dx;
+            EXPECT_FLOAT_EQ(a.Height, set.DriveHeight);
+            EXPECT_EQ(a.WallType, set.DriveWallType);
+        }
+        EXPECT_EQ(a.ShockType, static_cast<std::int16_t>(set.DefaultShock));
+    }
+}
+
+TEST(Draw, AreaAirwaysTakeTheAreaDefaults) {
+    Net n;
+    n.Add(0, 0, 10, 0);
+    n.Show();
+    n.S.M.Set.UseArea = 1;
+    n.S.Ds.View.CurRL = 490;
+    n.Tool(cmd::Draw);
+    n.Drag(200, 200, 500, 200);
+    const Airway& a = n.S.Row(2);
+    EXPECT_EQ(a.BranchCode, bc::AreaEntry);
+    EXPECT_FLOAT_EQ(a.Width, n.S.M.Set.DefaultArea);
+    EXPECT_FLOAT_EQ(a.Height, n.S.M.Set.DefaultPerimeter);
+}
+
+TEST(Draw, ALevelAirwayAtTheSurfaceIsRefusedAndNothingChanges) {
+    struct Case {
+        bool NoLevels;
+        std::string Text;
+    };
+    for (const Case& c : {Case{false, "Cannot construct an airway within the surface RL."},
+                          Case{true, "Cannot construct an airway within the surface RL.\nYou will need to construct "
+                                     "an RL database first!"}}) {
+        Net n;
+        n.Add(0, 0, 10, 0);
+        if (c.NoLevels) n.S.M.Levels[2] = LevelRecord{};
+        n.Show();
+        const std::vector<std::string> before = n.Rows();
+        n.S.Ds.View.CurRL = 1000;
+        n.Tool(cmd::Draw);
+        n.Drag(200, 200, 500, 200);
+        EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{c.Text}));
+        EXPECT_EQ(n.Rows(), before);
+        EXPECT_EQ(n.Undo.NextUndoRow, 1);
+    }
+    // A sloping airway from the surface is accepted.
+    Net n;
+    n.Add(0, 0, 10, 0);
+    n.Show();
+    n.S.Ds.View.CurRL = 1000;
+    n.Tool(cmd::Draw);
+    n.D.OnMouseDown(1, 0, n.Wx(200), n.Wy(200), 0);
+    n.S.Ds.View.CurrentLevel = 2;
+    n.S.Ds.View.LevelMode = display::lm::Single;
+    n.S.Ds.View.CurRL = 490;
+    n.D.OnMouseUp(1, 0, n.Wx(200), n.Wy(200), 0);
+    EXPECT_EQ(n.S.M.AirwayCount, 2);
+    EXPECT_TRUE(n.S.Ui.Transcript.empty());
+}
+
+TEST(Draw, AClickOrAReleaseOnTheStartNodeMakesNothing) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Show();
+    n.Tool(cmd::Draw);
+    n.Click(300, 300);
+    n.Drag(500, 500, 510, 505); // back onto the same node
+    EXPECT_EQ(n.S.M.AirwayCount, 1);
+    EXPECT_EQ(n.Undo.NextUndoRow, 1);
+    EXPECT_EQ(n.Undo.CurrentStep, 1);
+}
+
+TEST(Draw, TheCapacityIsCheckedBeforeAnythingChanges) {
+    struct Case {
+        std::int32_t Count;
+        bool Splits;
+        std::string Text;
+    };
+    for (const Case& c : {Case{MaxAirways - 1, false,
+                               "Maximum Number of Airways Exceeded\nIncrease allowable number of branches in "
+                               "Defaults !"},
+                          Case{MaxAirways - 2, true,
+                               "Network size has exceeded maximum airways - increase airways in default settings"},
+                          Case{MaxAirways - 3, true, ""}}) {
+        Net n;
+        n.Add(0, 200, 1000, 200);
+        n.Add(0, 800, 1000, 800);
+        n.Show();
+        // Rows beyond the two are not in view; they only fill the table.
+        for (std::int32_t row = 3; row <= c.Count; ++row) n.S.Row(row).BranchCode = bc::Rectangular;
+        n.S.M.AirwayCount = c.Count;
+        n.Tool(cmd::Draw);
+        if (c.Splits) {
+            n.Drag(300, 200, 700, 800);
+        } else {
+            n.Drag(300, 400, 700, 500);
+        }
+        if (c.Text.empty()) {
+            EXPECT_EQ(n.S.M.AirwayCount, MaxAirways);
+            EXPECT_TRUE(n.S.Ui.Texts("Message").empty());
+        } else {
+            EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{c.Text}));
+            EXPECT_EQ(n.S.M.AirwayCount, c.Count);
+            EXPECT_EQ(n.Undo.NextUndoRow, 1);
+            EXPECT_EQ(n.S.Row(1).X2, 1000);
+        }
+    }
+}
+
+TEST(Draw, TheRightButtonTakesTypedPointsAndCancelDropsThePress) {
+    Net n;
+    n.Add(0, 0, 10, 0);
+    n.Show();
+    n.Tool(cmd::Draw);
+    n.Drag(300, 300, 400, 300, button::Right); // cancelled at the press
+    EXPECT_EQ(n.S.M.AirwayCount, 1);
+    ASSERT_EQ(n.CoordsAsked.size(), 1u);
+    EXPECT_TRUE(n.CoordsAsked[0].DuringPress);
+    EXPECT_FALSE(n.D.State().MouseIsDown);
+
+    n.CoordsAnswers = {Point(100, 100, 490), Point(400, 120, 470)};
+    n.Drag(300, 300, 400, 300, button::Right);
+    ASSERT_EQ(n.S.M.AirwayCount, 2);
+    const Airway& a = n.S.Row(2);
+    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{100, 100, 490, 400, 120, 470}));
+    EXPECT_EQ(n.Calls.back(), "RedrawAllWindows");
+    EXPECT_FALSE(n.T.CoordinateDialogOpen());
+}
+
+TEST(Move, ASharedNodeMovesEveryEndAndOneUndoRestoresThemAll) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Add(500, 500, 900, 500);
+    n.Add(500, 900, 500, 500);
+    n.Show();
+    const std::vector<std::string> before = n.Network();
+    n.Tool(cmd::Move);
+    n.Drag(502, 498, 600, 300);
+    EXPECT_EQ((std::array{n.S.Row(1).X2, n.S.Row(1).Y2}), (std::array{600, 300}));
+    EXPECT_EQ((std::array{n.S.Row(2).X1, n.S.Row(2).Y1}), (std::array{600, 300}));
+    EXPECT_EQ((std::array{n.S.Row(3).X2, n.S.Row(3).Y2}), (std::array{600, 300}));
+    EXPECT_EQ(n.S.Row(1).Z2, 500);
+    EXPECT_FLOAT_EQ(n.S.Row(1).Length, 538);
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 2, 1, 2, 1}));
+    EXPECT_EQ(n.Undo.CurrentStep, 2);
+    n.UndoLastStep();
+    EXPECT_EQ(n.Network(), before);
+}
+
+TEST(Move, ThePressOnAnAirwaysMiddlePullsItsNearerEndAloneOffTheNode) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Add(500, 500, 900, 500);
+    n.Show();
+    n.Tool(cmd::Move);
+    n.Drag(400, 500, 450, 300); // three quarters along: the To end
+    EXPECT_EQ((std::array{n.S.Row(1).X1, n.S.Row(1).X2, n.S.Row(1).Y2}), (std::array{100, 450, 300}));
+    EXPECT_EQ((std::array{n.S.Row(2).X1, n.S.Row(2).Y1}), (std::array{500, 500}));
+}
+
+TEST(Move, JoiningToANodeAsksFirst) {
+    for (ui::Answer answer : {ui::Answer::Yes, ui::Answer::No}) {
+        Net n;
+        n.Add(100, 500, 500, 500);
+        n.Add(500, 500, 900, 500);
+        n.Add(500, 800, 200, 800);
+        n.Show();
+        n.S.Ui.Answers = {answer};
+        n.Tool(cmd::Move);
+        n.Drag(900, 500, 210, 790);
+        EXPECT_EQ(n.S.Ui.Texts("Ask"), (std::vector<std::string>{"Are you sure you want to join to this node?"}));
+        ASSERT_FALSE(n.S.Ui.Transcript.empty());
+        EXPECT_EQ(n.S.Ui.Transcript[0].Title, "Join Nodes");
+        const std::array<int, 2> to = answer == ui::Answer::Yes ? std::array{200, 800} : std::array{210, 790};
+        EXPECT_EQ((std::array{n.S.Row(2).X2, n.S.Row(2).Y2}), to);
+    }
+}
+
+TEST(Move, ADropOnAnAirwaySplitsItAndTheOtherEndOfTheSameAirwayIsNoNodeToJoin) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Add(500, 150, 500, 300);
+    n.Add(700, 200, 700, 400);
+    n.Show();
+    n.Tool(cmd::Move);
+    n.Drag(500, 300, 300, 500); // onto the middle of the first airway
+    ASSERT_EQ(n.S.M.AirwayCount, 4);
+    EXPECT_EQ((std::array{n.S.Row(1).X2, n.S.Row(4).X1, n.S.Row(2).X2, n.S.Row(2).Y2}),
+              (std::array{300, 300, 300, 500}));
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 1, 2, 1}));
+    // Dropped on its own other end, an airway would collapse: the end goes where the cursor is.
+    n.Drag(700, 200, 705, 395);
+    EXPECT_TRUE(n.S.Ui.Texts("Ask").empty());
+    EXPECT_EQ((std::array{n.S.Row(3).X1, n.S.Row(3).Y1}), (std::array{705, 395}));
+}
+
+TEST(Move, AFenceMovesTheEndsInsideItAndCanCopyThem) {
+    for (bool copy : {false, true}) {
+        Net n;
+        n.Add(100, 200, 200, 200);
+        n.Add(200, 200, 300, 200);
+        n.Add(800, 800, 900, 800);
+        n.Show();
+        CoordsResult move;
+        move.dY = 50;
+        move.Copy = copy;
+        n.CoordsAnswers = {move};
+        n.Tool(cmd::Move);
+        n.Drag(50, 140, 250, 260);
+        ASSERT_EQ(n.CoordsAsked.size(), 1u);
+        EXPECT_FALSE(n.CoordsAsked[0].Absolute);
+        EXPECT_TRUE(n.CoordsAsked[0].OfferCopy);
+        auto ends = [&n](std::int32_t row) {
+            const Airway& a = n.S.Row(row);
+            return std::array{a.X1, a.Y1, a.X2, a.Y2};
+        };
+        const int moved = copy ? 4 : 1, halfMoved = copy ? 5 : 2;
+        ASSERT_EQ(n.S.M.AirwayCount, copy ? 5 : 3);
+        EXPECT_EQ(ends(moved), (std::array{100, 250, 200, 250}));
+        EXPECT_EQ(ends(halfMoved), (std::array{200, 250, 300, 200}));
+        EXPECT_EQ(ends(3), (std::array{800, 800, 900, 800}));
+        if (copy) {
+            EXPECT_EQ(ends(1), (std::array{100, 200, 200, 200}));
+            EXPECT_EQ(n.S.Row(5).AirwayNo, 5);
+            EXPECT_EQ(n.Actions(1), (std::vector<int>{1, 1}));
+        } else {
+            EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 2, 1}));
+        }
+    }
+}
+
+TEST(Move, SelectedAirwaysMoveTogetherOrAreCopied) {
+    for (bool copy : {false, true}) {
+        Net n;
+        n.Add(100, 200, 200, 200);
+        n.Add(200, 200, 300, 200);
+        n.Add(800, 800, 900, 800);
+        n.S.Row(1).BranchCode |= bc::Selected;
+        n.S.Row(2).BranchCode |= bc::Selected;
+        n.Show();
+        CoordsResult to = Point(160, 400, 510);
+        to.Copy = copy;
+        n.CoordsAnswers = {to};
+        n.Tool(cmd::Move);
+        n.Drag(150, 200, 160, 400, button::Right); // the press on a selected airway stays where it is
+        ASSERT_EQ(n.S.M.AirwayCount, copy ? 5 : 3);
+        const std::int32_t first = copy ? 4 : 1;
+        EXPECT_EQ((std::array{n.S.Row(first).X1, n.S.Row(first).Y1, n.S.Row(first).Z1}), (std::array{110, 400, 510}));
+        EXPECT_EQ(n.S.Row(first + 1).X2, 310);
+        EXPECT_EQ(n.S.Row(1).X1, copy ? 100 : 110);
+    }
+}
+
+TEST(Move, AFloatingTextIsDragged) {
+    Net n;
+    n.Add(800, 800, 900, 800);
+    n.S.M.FloatingTexts[1] = FloatingText{true, "Fan station", 300, 300, 500};
+    n.Show();
+    n.Tool(cmd::Move);
+    n.Drag(305, 305, 400, 350);
+    EXPECT_EQ((std::array{n.S.M.FloatingTexts[1].TextX, n.S.M.FloatingTexts[1].TextY}), (std::array{400, 350}));
+}
+
+TEST(Reverse, SwapsEndsKeysNamesPressuresAndTheSurfaceBits) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Add(100, 700, 500, 700);
+    Airway& a = n.S.Row(1);
+    a.EntryNode = "In";
+    a.ExitNode = "Out";
+    a.FromNodeP = 10;
+    a.ToNodeP = 20;
+    a.Quantity = 5;
+    a.BranchCode |= bc::EntryAtSurface;
+    const Fixed4 entry = a.EntryKey, exit = a.ExitKey;
+    n.Show();
+    const std::vector<std::string> before = n.Network();
+    n.Tool(cmd::Reverse);
+    n.Click(300, 500);
+    EXPECT_EQ((std::array{a.X1, a.X2}), (std::array{500, 100}));
+    EXPECT_EQ((std::array{a.EntryKey, a.ExitKey}), (std::array{exit, entry}));
+    EXPECT_EQ(a.EntryNode, "Out");
+    EXPECT_EQ(a.ExitNode, "In");
+    EXPECT_FLOAT_EQ(a.FromNodeP, 20);
+    EXPECT_FLOAT_EQ(a.ToNodeP, 10);
+    EXPECT_FLOAT_EQ(a.Quantity, -5);
+    EXPECT_FALSE(a.Has(bc::EntryAtSurface));
+    EXPECT_TRUE(a.Has(bc::ExitAtSurface));
+    EXPECT_EQ(n.S.Row(2).X1, 100);
+    n.UndoLastStep();
+    EXPECT_EQ(n.Network(), before);
+
+    // A selected airway turns the whole selection; nothing picked turns nothing.
+    n.S.Row(1).BranchCode |= bc::Selected;
+    n.S.Row(2).BranchCode |= bc::Selected;
+    n.Show();
+    n.Click(300, 700);
+    EXPECT_EQ((std::array{n.S.Row(1).X1, n.S.Row(2).X1}), (std::array{500, 500}));
+    const std::int16_t step = n.Undo.CurrentStep;
+    n.Click(300, 100);
+    EXPECT_EQ(n.Undo.CurrentStep, step);
+}
+
+TEST(InsertNode, SplitsTheAirwayAtTheClick) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.S.Row(1).BranchCode |= bc::ExitAtSurface | bc::EntryAtSurface;
+    n.Show();
+    n.Tool(cmd::Insert);
+    n.Click(200, 500);
+    ASSERT_EQ(n.S.M.AirwayCount, 2);
+    EXPECT_EQ((std::array{n.S.Row(1).X2, n.S.Row(2).X1, n.S.Row(2).X2}), (std::array{200, 200, 500}));
+    EXPECT_EQ(n.S.Row(1).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), bc::EntryAtSurface);
+    EXPECT_EQ(n.S.Row(2).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), bc::ExitAtSurface);
+    EXPECT_EQ(n.Undo.CurrentStep, 2);
+}
+
+TEST(EditTool, TheRightButtonTogglesABulkheadAndTheLeftOpensTheEditor) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Show();
+    n.Tool(cmd::Edit);
+    n.Click(200, 500, button::Right);
+    EXPECT_EQ(n.S.Row(1).ResType, 1);
+    EXPECT_NEAR(n.S.Row(1).IconLoc, 0.25 - 0.3, 1e-6);
+    n.Click(200, 500, button::Right);
+    EXPECT_EQ(n.S.Row(1).ResType, 0);
+    EXPECT_EQ(n.Undo.CurrentStep, 3);
+    n.Click(200, 500);
+    n.S.M.Set.EditNoRightClick = 1;
+    n.Click(200, 500, button::Right);
+    n.S.Row(1).BranchCode |= bc::Selected;
+    n.Click(200, 500, button::Right);
+    EXPECT_EQ(n.Calls, (std::vector<std::string>{"RedrawAllWindows", "RedrawAllWindows", "Editor 1", "Editor 1",
+                                                 "Editor 3", "RedrawAllWindows"}));
+}
+
+TEST(FanTool, RefusesFixedAirwaysPlacesAndRemovesFans) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Show();
+    n.Tool(cmd::Fan);
+    n.S.Row(1).FanNumber = -1;
+    n.Click(200, 500);
+    n.S.Row(1).FanNumber = 0;
+    n.S.Row(1).BranchCode |= bc::FixedFlow;
+    n.Click(200, 500);
+    EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{"Fan not allowed with fixed pressure airway",
+                                                                 "Fan not allowed with fixed quantity airway"}));
+    EXPECT_EQ(n.Undo.NextUndoRow, 1);
+    n.S.Row(1).BranchCode &= ~bc::FixedFlow;
+    n.Click(200, 500);
+    EXPECT_EQ(n.FanRows, (std::vector<std::int32_t>{1}));
+    EXPECT_NEAR(n.S.Row(1).IconLoc, -0.05, 1e-6);
+    n.S.Row(1).BranchCode |= bc::FixedDirection;
+    n.Click(200, 500, button::Right);
+    EXPECT_EQ(n.S.Row(1).FanNumber, 0);
+    EXPECT_FALSE(n.S.Row(1).Has(bc::FixedDirection));
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1}));
+    EXPECT_EQ(n.Actions(2), (std::vector<int>{2, 1}));
+}
+
+TEST(Names, NodesAirwaysSelectionsAndFloatingText) {
+    Net n;
+    n.Add(100, 500, 500, 500);
+    n.Add(500, 500, 900, 500);
+    n.Add(100, 700, 500, 700);
+    n.Show();
+    n.Tool(cmd::Names);
+
+    // A node: every end of it takes the name; a comma is refused; the right button clears.
+    n.S.Ui.Inputs = {"Shaft, bottom", "Shaft bottom"};
+    n.Click(500, 500);
+    EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{"Commas are not allowed!"}));
+    EXPECT_EQ(n.S.Row(1).ExitNode, "");
+    n.Click(500, 500);
+    EXPECT_EQ(n.S.Row(1).ExitNode, "Shaft bottom");
+    EXPECT_EQ(n.S.Row(2).EntryNode, "Shaft bottom");
+    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 2, 1}));
+    n.Click(500, 500, button::Right);
+    EXPECT_EQ(n.S.Row(2).EntryNode, "");
+
+    // An airway, then the selection.
+    n.S.Ui.Inputs = {"Main drive"};
+    n.Click(300, 700);
+    EXPECT_EQ(n.S.Row(3).BranchName, "Main drive");
+    n.S.Row(1).BranchCode |= bc::Selected;
+    n.S.Row(3).BranchCode |= bc::Selected;
+    n.S.Ui.Inputs = {"Return"};
+    n.Click(300, 700);
+    EXPECT_EQ(n.S.Row(1).BranchName, "Return");
+    EXPECT_EQ(n.S.Row(3).BranchName, "Return");
+    EXPECT_EQ(n.S.Row(2).BranchName, "");
+
+    // Floating text in empty space, then in a full table.
+    n.S.Ui.Inputs = {"Refuge"};
+    n.Click(300, 300);
+    EXPECT_TRUE(n.S.M.FloatingTexts[1].TextOn);
+    EXPECT_EQ((std::array{n.S.M.FloatingTexts[1].TextX, n.S.M.FloatingTexts[1].TextY}), (std::array{300, 300}));
+    for (FloatingText& t : n.S.M.FloatingTexts) t.TextOn = true;
+    n.S.Ui.Inputs = {"More"};
+    n.Click(300, 200);
+    EXPECT_EQ(n.S.Ui.Texts("Message").back(), "Exceeded 100 text boxes - increase number in defaults");
+    const std::vector<std::string> prompts = n.S.Ui.Texts("Input");
+    EXPECT_EQ(prompts, (std::vector<std::string>{"Enter Name of Node", "Enter Name of Node", "Enter Name of Branch ",
+                                                 "Enter Name of Selected Branch(s) ", "Enter Floating Text",
+                                                 "Enter Floating Text"}));
+}
+
+TEST(LayerInheritance, TogglesWithItsTwoMessages) {
+    Net n;
+    ToggleLayerInheritance(n.S.M, n.S.Ui);
+    EXPECT_TRUE(n.S.M.Set.LayerInherit);
+    ToggleLayerInheritance(n.S.M, n.S.Ui);
+    EXPECT_FALSE(n.S.M.Set.LayerInherit);
+    EXPECT_EQ(n.S.Ui.Texts("Message"),
+              (std::vector<std::string>{"New airways WILL inherit view layer settings from connected airways.",
+                                        "New airways WILL NOT inherit view layer settings from connected airways."}));
+}
+
+TEST(Draw, LayersComeFromTheStartAirwayOnlyWithLayerInheritanceAndOffLayersWarn) {
+    for (bool inherit : {false, true}) {
+        Net n;
+        n.Add(100, 500, 500, 500);
+        n.S.Row(1).PrimaryLayer = 4;
+        n.S.Row(1).SecondLayer = 7;
+        n.S.M.DrawPrimaryLayer = 2;
+        n.S.M.DrawSecondaryLayer = 3;
+        n.S.M.Set.LayerInherit = inherit;
+        n.S.M.PrimaryLayers[2].LayerOn = 0;
+        n.S.M.SecondaryLayers[3].LayerOn = 0;
+        n.Show();
+        n.Tool(cmd::Draw);
+        n.Drag(500, 500, 500, 800);
+        ASSERT_EQ(n.S.M.AirwayCount, 2);
+        EXPECT_EQ(n.S.Row(2).PrimaryLayer, inherit ? 4 : 2);
+        EXPECT_EQ(n.S.Row(2).SecondLayer, inherit ? 7 : 3);
+        const std::vector<std::string> warnings{"Primary layer is set to invisible - drawn airway may be invisible",
+                                                "Secondary layer is set to invisible - drawn airway may be invisible"};
+        EXPECT_EQ(n.S.Ui.Texts("Message"), inherit ? std::vector<std::string>{} : warnings);
+    }
+}
+
+} // namespace
+} // namespace karvane::edit
