@@ -1,6 +1,7 @@
 // Node, airway, text and fence picks over the drawn list.
 #include "display/picking.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "files/number_text.h"
@@ -137,6 +138,17 @@ bool FenceHit(const DisplayState& ds, const FenceRect& fence) {
         if (InFence(fence, d)) return true;
     }
     return false;
+}
+
+std::vector<std::int32_t> RowsInFence(const Model& model, const DisplayState& ds, const FenceRect& fence) {
+    std::vector<std::int32_t> rows;
+    std::vector<bool> taken(static_cast<std::size_t>(std::max(model.AirwayCount, 0)) + 1, false);
+    for (const DrawnAirway& d : ds.Drawn) {
+        if (!ValidRow(model, d.Airway) || taken[static_cast<std::size_t>(d.Airway)] || !InFence(fence, d)) continue;
+        taken[static_cast<std::size_t>(d.Airway)] = true;
+        rows.push_back(d.Airway);
+    }
+    return rows;
 }
 
 } // namespace karvane::display

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "display/view_state.h"
 #include "display/view_transform.h"
@@ -49,5 +50,8 @@ FenceRect MakeFence(const Model& model, float x1, float y1, float x2, float y2);
 bool InFence(const FenceRect& fence, const DrawnAirway& drawn);
 // Whether any drawn airway is within the fence.
 bool FenceHit(const DisplayState& ds, const FenceRect& fence);
+// The rows of the drawn airways within the fence, each once (a view of several levels may
+// draw an airway twice), in drawing order.
+std::vector<std::int32_t> RowsInFence(const Model& model, const DisplayState& ds, const FenceRect& fence);
 
 } // namespace karvane::display

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/contaminant_state.h"
+#include "model/edit_state.h"
 #include "model/network.h"
 #include "model/run_state.h"
 #include "model/settings.h"
@@ -75,6 +76,9 @@ struct Model {
     // The layers a new airway is given, as the layer dialog sets them.
     std::int16_t DrawPrimaryLayer = 1;
     std::int16_t DrawSecondaryLayer = 1;
+    // The last search of the Find menu and the paste store of the attribute tool.
+    FindState Find;
+    PasteStore Paste;
 
     // Run state of the simulations.
     std::int16_t SimMode = 0;

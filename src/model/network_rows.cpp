@@ -51,6 +51,9 @@ void ClearNetwork(Model& model) {
     model.AirwayCount = 0;
     model.FileComment.clear();
     model.WindowTitle = ProgramName;
+    // A search does not go on into another network.
+    model.Find.FindKind = find::None;
+    model.Find.FindFrom = 0;
 }
 
 void ClearAirwayRow(Model& model, std::int32_t row) {
