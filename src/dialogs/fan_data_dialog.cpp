@@ -210,17 +210,10 @@ void FanDataDialog::RefreshTable() {
         if (width > 0) table_->setColumnWidth(c, width / TwipsPerPixel + 20);
     }
     for (int p = 1; p <= forms::FanTablePoints; ++p)
-        for (int c = 0; c < forms::fancol::Count; ++c) {
-            const QString text =
-                shell::FromCp1252(form_.F.Cells[static_cast<std::size_t>(p)][static_cast<std::size_t>(c)]);
-            QTableWidgetItem* item = table_->item(p - 1, c);
-            if (!item) {
-                item = new QTableWidgetItem;
-                item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-                table_->setItem(p - 1, c, item);
-            }
-            item->setText(text);
-        }
+        for (int c = 0; c < forms::fancol::Count; ++c)
+            SetCellText(table_, p - 1, c,
+                        shell::FromCp1252(form_.F.Cells[static_cast<std::size_t>(p)][static_cast<std::size_t>(c)]),
+                        true);
 }
 
 void FanDataDialog::Refresh() {

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
+#include <QTableWidget>
 #include <algorithm>
 #include <limits>
 
@@ -152,22 +153,11 @@ int GridEditor::SelectionLastRow() const {
 }
 
 QString GridEditor::SelectionText() const {
-    const QItemSelectionModel* s = view_->selectionModel();
-    int top = Current().Row, bottom = top, left = Current().Col, right = left;
-    if (s && !s->selection().isEmpty()) {
-        top = left = std::numeric_limits<int>::max();
-        bottom = right = -1;
-        for (const QItemSelectionRange& r : s->selection()) {
-            top = std::min(top, r.top());
-            bottom = std::max(bottom, r.bottom());
-            left = std::min(left, r.left());
-            right = std::max(right, r.right());
-        }
-    }
+    const forms::GridLimits b = SelectedBlock(view_);
     forms::CellTable table;
-    for (int r = top; r <= bottom; ++r) {
+    for (int r = b.FirstRow; r <= b.LastRow; ++r) {
         std::vector<std::string> row;
-        for (int c = left; c <= right; ++c)
+        for (int c = b.FirstCol; c <= b.LastCol; ++c)
             row.push_back(IndexAt({r, c}).data(Qt::DisplayRole).toString().toStdString());
         table.push_back(std::move(row));
     }
@@ -248,6 +238,31 @@ bool GridEditor::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == view_ && event->type() == QEvent::Resize && open_) PlaceBox();
     return false;
+}
+
+void SetCellText(QTableWidget* table, int row, int col, const QString& text, bool rightAligned) {
+    QTableWidgetItem* item = table->item(row, col);
+    if (!item) {
+        item = new QTableWidgetItem;
+        item->setTextAlignment(rightAligned ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
+        table->setItem(row, col, item);
+    }
+    if (item->text() != text) item->setText(text);
+}
+
+forms::GridLimits SelectedBlock(const QTableView* view) {
+    const QModelIndex current = view->currentIndex();
+    forms::GridLimits b{current.row(), current.row(), current.column(), current.column()};
+    const QItemSelectionModel* s = view->selectionModel();
+    if (!s || s->selection().isEmpty()) return b;
+    b = {std::numeric_limits<int>::max(), -1, std::numeric_limits<int>::max(), -1};
+    for (const QItemSelectionRange& r : s->selection()) {
+        b.FirstRow = std::min(b.FirstRow, r.top());
+        b.LastRow = std::max(b.LastRow, r.bottom());
+        b.FirstCol = std::min(b.FirstCol, r.left());
+        b.LastCol = std::max(b.LastCol, r.right());
+    }
+    return b;
 }
 
 } // namespace karvane::dialogs

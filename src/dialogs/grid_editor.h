@@ -12,6 +12,7 @@
 
 class QLineEdit;
 class QTableView;
+class QTableWidget;
 class QModelIndex;
 
 namespace karvane::dialogs {
@@ -84,5 +85,11 @@ private:
     bool committing_ = false;
     forms::GridCell boxCell_;
 };
+
+// The text of a cell of a table widget, the item made when there is none yet.
+void SetCellText(QTableWidget* table, int row, int col, const QString& text, bool rightAligned);
+// The selected block of a table (the current cell when nothing is selected): top, left,
+// bottom, right.
+forms::GridLimits SelectedBlock(const QTableView* view);
 
 } // namespace karvane::dialogs

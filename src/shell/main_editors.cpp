@@ -1,6 +1,7 @@
 // The editors of the Tools menu: the fan database, the level list and the options. Each opens
 // modally over the model and the main window follows what it changed.
 #include "dialogs/fan_data_dialog.h"
+#include "dialogs/level_list_dialog.h"
 #include "shell/main_window.h"
 
 namespace karvane::shell {
@@ -11,7 +12,16 @@ void MainWindow::ShowFanData() {
     RedrawAllWindows();
 }
 
-void MainWindow::ShowLevelList() {}
+void MainWindow::ShowLevelList() {
+    dialogs::LevelListDialog dialog(*model_, *ds_, ui_, this);
+    dialog.exec();
+    // The level list, the scroll bar and the view follow the saved levels.
+    if (dialog.Form().Saved()) {
+        FillLevelList();
+        AfterLevelChange();
+    }
+    RedrawAllWindows();
+}
 
 void MainWindow::ShowOptions() {}
 
