@@ -18,5 +18,6 @@ int main(int argc, char** argv) {
     AddSimplifyCommand(cl);
     AddSimulateCommand(cl);
     AddSummaryCommand(cl);
+    AddAirwayCommand(cl);
     return cl.Run(argc, argv);
 }
