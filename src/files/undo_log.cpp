@@ -4,10 +4,65 @@
 #include <algorithm>
 #include <filesystem>
 #include <random>
+#include <unordered_map>
 
 #include "files/network_file.h"
+#include "model/network_rows.h"
+#include "model/node_keys.h"
 
 namespace karvane::files {
+
+namespace {
+
+// The rows of the table by UndoNo, each list in ascending row order, so that its last entry is
+// the row a search from the last row down finds first. Built once per undo or redo, so that a
+// step of a thousand rows costs no thousand scans of the table.
+class RowsByUndoNo {
+public:
+    explicit RowsByUndoNo(const Model& model) {
+        for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+            const std::int32_t no = model.Airways[static_cast<std::size_t>(row)].UndoNo;
+            if (no != 0) rows_[no].push_back(row);
+        }
+    }
+    // The last row with this UndoNo, taken out of the lists; 0 for none.
+    std::int32_t TakeLast(std::int32_t undoNo) {
+        const auto found = rows_.find(undoNo);
+        if (found == rows_.end() || found->second.empty()) return 0;
+        const std::int32_t row = found->second.back();
+        found->second.pop_back();
+        return row;
+    }
+    // Every row with this UndoNo, taken out of the lists.
+    std::vector<std::int32_t> TakeAll(std::int32_t undoNo) {
+        const auto found = rows_.find(undoNo);
+        if (found == rows_.end()) return {};
+        std::vector<std::int32_t> rows = std::move(found->second);
+        rows_.erase(found);
+        return rows;
+    }
+    // A row appended at the end of the table.
+    void Add(std::int32_t undoNo, std::int32_t row) {
+        if (undoNo != 0) rows_[undoNo].push_back(row);
+    }
+
+private:
+    std::unordered_map<std::int32_t, std::vector<std::int32_t>> rows_;
+};
+
+// The version of the row text in the records: the network file's own.
+constexpr double kRecordVersion = 2.6;
+
+// A record without its blank padding. Only blanks go: a row text begins with a tab when its
+// first name is empty, and that tab holds the places of the fields.
+std::string_view WithoutPadding(std::string_view record) {
+    std::size_t b = 0, e = record.size();
+    while (b < e && record[b] == ' ') ++b;
+    while (e > b && record[e - 1] == ' ') --e;
+    return record.substr(b, e - b);
+}
+
+} // namespace
 
 UndoLog::~UndoLog() {
     Close();
@@ -92,6 +147,103 @@ void UndoLog::LogAirway(Model& model, ui::UserInterface& ui, std::int32_t row, i
     } else {
         ++NextUndoRow;
     }
+}
+
+void UndoLog::RestoreRecord(Model& model, ui::UserInterface& ui, std::int32_t k) {
+    ++model.AirwayCount;
+    const std::string record = RecordText(k);
+    const std::string_view text = WithoutPadding(record);
+    // Beyond the capacity the parse says so and holds the count at the capacity.
+    if (model.AirwayCount > MaxAirways) {
+        ParseAirwayRow(model, ui, text, model.AirwayCount, kRecordVersion, sep_);
+        model.AirwayCount = std::min(model.AirwayCount, MaxAirways);
+        return;
+    }
+    ClearAirwayRow(model, model.AirwayCount);
+    if (!text.empty()) ParseAirwayRow(model, ui, text, model.AirwayCount, kRecordVersion, sep_);
+}
+
+bool UndoLog::UndoStepRows(Model& model, ui::UserInterface& ui) {
+    RowsByUndoNo rows(model);
+    bool changed = false;
+    for (std::int32_t k = NextUndoRow - 1; k >= 1; --k) {
+        const UndoEntry& e = UndoIndex[static_cast<std::size_t>(k)];
+        if (e.UndoStep != CurrentStep) continue;
+        if (e.UndoAction == undo::After) {
+            const std::int32_t row = rows.TakeLast(e.UndoRowNo);
+            if (row == 0) continue;
+            ClearAirwayRow(model, row);
+            changed = true;
+        } else if (e.UndoAction == undo::Before) {
+            RestoreRecord(model, ui, k);
+            const std::int32_t row = model.AirwayCount;
+            if (row >= 1 && static_cast<std::size_t>(row) < model.Airways.size())
+                rows.Add(model.Airways[static_cast<std::size_t>(row)].UndoNo, row);
+            changed = true;
+        }
+    }
+    CompactAirways(model);
+    return changed;
+}
+
+bool UndoLog::Undo(Model& model, ui::UserInterface& ui) {
+    // Without its record file the log has no rows to put back: nothing can be undone.
+    if (!file_) {
+        ui.Message("No more actions to undo", ProgramName, ui::Icon::Information);
+        return false;
+    }
+    ui.SetBusy(true);
+    bool anything = false;
+    for (;;) {
+        --CurrentStep;
+        if (CurrentStep < 1) {
+            CurrentStep = 1;
+            ui.Message("No more actions to undo", ProgramName, ui::Icon::Information);
+            break;
+        }
+        if (!UndoStepRows(model, ui)) continue; // an empty step
+        anything = true;
+        LogTruncated = false;
+        BuildNodeKeys(model, ui);
+        // The reversal step of a run belongs to the step before it.
+        if (model.AirwaysTurned) {
+            model.AirwaysTurned = false;
+            continue;
+        }
+        break;
+    }
+    ui.SetBusy(false);
+    return anything;
+}
+
+bool UndoLog::Redo(Model& model, ui::UserInterface& ui) {
+    if (!file_) {
+        ui.Message("No more actions available to redo", ProgramName, ui::Icon::Information);
+        return false;
+    }
+    ui.SetBusy(true);
+    RowsByUndoNo rows(model);
+    bool changed = false;
+    for (std::int32_t k = NextUndoRow - 1; k >= 1; --k) {
+        const UndoEntry& e = UndoIndex[static_cast<std::size_t>(k)];
+        if (e.UndoStep != CurrentStep || e.UndoAction != undo::Before) continue;
+        for (std::int32_t row : rows.TakeAll(e.UndoRowNo)) {
+            ClearAirwayRow(model, row);
+            changed = true;
+        }
+    }
+    for (std::int32_t k = NextUndoRow - 1; k >= 1; --k) {
+        const UndoEntry& e = UndoIndex[static_cast<std::size_t>(k)];
+        if (e.UndoStep != CurrentStep || e.UndoAction != undo::After) continue;
+        RestoreRecord(model, ui, k);
+        changed = true;
+    }
+    CompactAirways(model);
+    if (!changed) ui.Message("No more actions available to redo", ProgramName, ui::Icon::Information);
+    if (CurrentStep < INT16_MAX) ++CurrentStep;
+    BuildNodeKeys(model, ui);
+    ui.SetBusy(false);
+    return changed;
 }
 
 std::string UndoLog::RecordText(std::int32_t k) const {

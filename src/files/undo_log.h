@@ -1,7 +1,7 @@
 // The undo log: every edit logs the airway rows it touches as whole rows, in the row text of
 // the network file, as fixed records of 256 bytes in a file of the temporary folder, beside an
-// index in memory that says which step and which action each record belongs to. This is the
-// logging half that the editing commands call; undo and redo read the same index and records.
+// index in memory that says which step and which action each record belongs to. The editing
+// commands log through it; Undo and Redo read the same index and records back into the table.
 #pragma once
 
 #include <cstdint>
@@ -53,6 +53,16 @@ public:
     // at 1, overwriting the oldest entries.
     void LogAirway(Model& model, ui::UserInterface& ui, std::int32_t row, int action, std::int16_t step);
 
+    // Undo: steps back from CurrentStep to the last step that changed something (an empty step
+    // is skipped), takes out the rows that step added and puts back the rows it removed, and
+    // rebuilds the node keys. A step that reversed airways after a run belongs to the step
+    // before it, which goes with it. With nothing left: "No more actions to undo". Returns
+    // whether the table changed; the caller rebuilds the display list and redraws.
+    bool Undo(Model& model, ui::UserInterface& ui);
+    // Redo: the step at CurrentStep done again, then CurrentStep raised. With nothing to do:
+    // "No more actions available to redo". Returns whether the table changed.
+    bool Redo(Model& model, ui::UserInterface& ui);
+
     // The record of index row k as stored (256 bytes, blank padded), or empty without a file.
     std::string RecordText(std::int32_t k) const;
     const std::string& Path() const { return path_; }
@@ -65,6 +75,10 @@ public:
 
 private:
     void Close();
+    // Takes back one step (CurrentStep after it was lowered); whether a row changed.
+    bool UndoStepRows(Model& model, ui::UserInterface& ui);
+    // Appends the row of record k at the end of the table.
+    void RestoreRecord(Model& model, ui::UserInterface& ui, std::int32_t k);
 
     std::FILE* file_ = nullptr;
     std::string path_;

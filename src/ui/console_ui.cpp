@@ -64,6 +64,13 @@ void ConsoleUserInterface::Message(const std::string& text, const std::string& t
 }
 
 Answer ConsoleUserInterface::Ask(const std::string& text, const std::string& title, Buttons buttons, Icon) {
+    if (!Answers.empty()) {
+        const Answer given = Answers.front();
+        Answers.pop_front();
+        Transcript.push_back({"Ask", title, text, AnswerName(given)});
+        Print(OneLine(title, text) + " -> " + AnswerName(given));
+        return given;
+    }
     bool yes = Policy == AnswerPolicy::Yes;
     if (yes && buttons != Buttons::OK) {
         std::string key = SameQuestionTitles.count(title) != 0 ? title : title + '\n' + text;
@@ -87,7 +94,12 @@ Answer ConsoleUserInterface::Ask(const std::string& text, const std::string& tit
 std::optional<std::string> ConsoleUserInterface::Input(const std::string& prompt, const std::string& title,
                                                        const std::string& defaultText) {
     std::optional<std::string> result;
-    if (Policy == AnswerPolicy::Yes) result = defaultText;
+    if (!Inputs.empty()) {
+        result = Inputs.front();
+        Inputs.pop_front();
+    } else if (Policy == AnswerPolicy::Yes) {
+        result = defaultText;
+    }
     Transcript.push_back({"Input", title, prompt, result ? *result : "Cancel"});
     Print(OneLine(title, prompt) + " -> " + (result ? "\"" + *result + "\"" : std::string("Cancel")));
     return result;
@@ -104,7 +116,10 @@ void ConsoleUserInterface::ProgressCaption(const std::string& caption) {
 
 std::optional<std::string> ConsoleUserInterface::NextPath(const char* kind, const FileDialogRequest& request) {
     std::optional<std::string> result;
-    if (!FilePaths.empty()) {
+    if (!GivenPaths.empty()) {
+        result = GivenPaths.front();
+        GivenPaths.pop_front();
+    } else if (!FilePaths.empty()) {
         result = FilePaths.front();
         FilePaths.pop_front();
     }

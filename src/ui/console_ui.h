@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/answer_queue.h"
 #include "ui/user_interface.h"
 
 namespace karvane::ui {
@@ -35,7 +36,7 @@ struct ConsoleEntry {
 // instead, so that a fault that keeps asking "continue?" can never hold a batch run forever.
 enum class AnswerPolicy { No, Yes };
 
-class ConsoleUserInterface : public UserInterface {
+class ConsoleUserInterface : public UserInterface, public AnswerQueue {
 public:
     // `err` receives the lines (standard error in the program); `appPath` is the program's
     // folder, or empty to take the folder of the running executable.
@@ -49,6 +50,11 @@ public:
     std::set<std::string> SameQuestionTitles;
     // Paths handed out in turn by the file dialogs.
     std::deque<std::string> FilePaths;
+    // Answers given before the policy is asked (a script's queued answers): to the next
+    // question, input box and file dialog (nothing: Cancel).
+    std::deque<Answer> Answers;
+    std::deque<std::optional<std::string>> Inputs;
+    std::deque<std::optional<std::string>> GivenPaths;
     // Whether progress captions are printed (as "Progress: caption").
     bool ShowProgress = false;
     // A fixed clock, for reproducible stamps; the machine's local time when unset.
@@ -76,6 +82,10 @@ public:
     std::string AppPath() override { return appPath_; }
     char DecimalSeparator() override { return '.'; }
     DateTime Now() override;
+
+    void AnswerNextQuestion(Answer answer) override { Answers.push_front(answer); }
+    void AnswerNextInput(std::optional<std::string> text) override { Inputs.push_front(std::move(text)); }
+    void AnswerNextFileDialog(std::optional<std::string> path) override { GivenPaths.push_front(std::move(path)); }
 
     // The one-line form of a message: line breaks (CR, LF, CR LF) become one blank each, so
     // that every message is exactly one line of the error stream. An empty title reads "Karvane".

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "ui/answer_queue.h"
 #include "ui/user_interface.h"
 
 namespace karvane::ui {
@@ -17,7 +18,7 @@ struct TranscriptEntry {
     std::string Text;
 };
 
-class ScriptedUserInterface : public UserInterface {
+class ScriptedUserInterface : public UserInterface, public AnswerQueue {
 public:
     // Answers given in turn to Ask; when the queue is empty, DefaultAnswer is used
     // (Yes for Yes/No questions, OK for OK/Cancel ones, unless set).
@@ -57,6 +58,10 @@ public:
     std::string AppPath() override { return App; }
     char DecimalSeparator() override { return Separator; }
     DateTime Now() override { return Clock; }
+
+    void AnswerNextQuestion(Answer answer) override { Answers.push_front(answer); }
+    void AnswerNextInput(std::optional<std::string> text) override { Inputs.push_front(std::move(text)); }
+    void AnswerNextFileDialog(std::optional<std::string> path) override { FilePaths.push_front(std::move(path)); }
 
     // The texts of all entries of one kind ("Message", "Ask", ...), in order.
     std::vector<std::string> Texts(const std::string& kind = "") const;
