@@ -45,6 +45,23 @@ public:
     virtual bool OpenForm(const std::string& menuName) = 0;
 };
 
+// The hooks of runs and spreads that log to the undo log: the rows a run turns round are one
+// undo step. Hosts add their redraws and windows.
+class UndoLogHooks : public contaminant::SpreadHooks {
+public:
+    UndoLogHooks(files::UndoLog& undo, ui::UserInterface& ui) : undo_(undo), ui_(ui) {}
+    void LogAirway(Model& model, std::int32_t row, int action) override {
+        undo_.LogAirway(model, ui_, row, action, undo_.CurrentStep);
+    }
+    void EndUndoStep() override {
+        if (undo_.CurrentStep < UndoCapacity) ++undo_.CurrentStep;
+    }
+
+private:
+    files::UndoLog& undo_;
+    ui::UserInterface& ui_;
+};
+
 // Everything a command works on.
 struct CommandContext {
     Model& M;

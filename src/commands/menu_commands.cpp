@@ -273,6 +273,30 @@ CommandResult RunMenuCommand(CommandContext& c, std::string_view name) {
     return CommandResult::Done;
 }
 
+bool ToolCommandAvailable(int value) {
+    switch (value) {
+    case edit::cmd::Zoom:
+    case edit::cmd::Fit:
+    case edit::cmd::Redo:
+    case edit::cmd::Contaminant:
+    case edit::cmd::Info:
+    case edit::cmd::Simulate:
+    case edit::cmd::Pins:
+    case edit::cmd::Centre:
+    case edit::cmd::Open:
+    case edit::cmd::Save:
+    case edit::cmd::Undo:
+    case edit::cmd::Toggle3D:
+    case edit::cmd::Grid:
+    case edit::cmd::DisplayOptions:
+    case edit::cmd::SingleMulti:
+    case edit::cmd::UpdateScreen:
+    case edit::cmd::Smoke:
+    case edit::cmd::Sourcing: return true;
+    default: return false;
+    }
+}
+
 bool IsMenuCommand(std::string_view name) { return Find(name) != nullptr; }
 
 std::vector<std::string_view> MenuCommandNames() {

@@ -23,6 +23,10 @@ bool IsMenuCommand(std::string_view name);
 // Every control name of the table, in menu order.
 std::vector<std::string_view> MenuCommandNames();
 
+// Whether the work of a tool bar command value is part of this program: a command that is not
+// is refused with a word to the user, and its buttons and entries stay disabled.
+bool ToolCommandAvailable(int value);
+
 // Undo and Redo (mnuUndo, mnuRedo, Backspace, Tab, tool bar values 23 and 5): the log steps
 // back or forward, and every window shows the table as it now stands.
 void UndoCommand(CommandContext& c);

@@ -23,17 +23,11 @@
 
 namespace karvane::script {
 
-// The undo log and the redraws of runs and spreads.
-class Session::Hooks : public contaminant::SpreadHooks {
+// The undo log and the redraw of runs and spreads.
+class Session::Hooks : public commands::UndoLogHooks {
 public:
-    explicit Hooks(Session& s) : s_(s) {}
+    explicit Hooks(Session& s) : UndoLogHooks(s.undo_, s.ui_), s_(s) {}
     void Redraw() override { s_.RedrawWindow(); }
-    void LogAirway(Model& model, std::int32_t row, int action) override {
-        s_.undo_.LogAirway(model, s_.ui_, row, action, s_.undo_.CurrentStep);
-    }
-    void EndUndoStep() override {
-        if (s_.undo_.CurrentStep < UndoCapacity) ++s_.undo_.CurrentStep;
-    }
 
 private:
     Session& s_;
@@ -426,29 +420,7 @@ void Session::StepLevel(int step) {
     if (display::StepLevel(m_, *ds_, step)) AfterLevelChange();
 }
 
-bool Session::CommandAvailable(int value) const {
-    switch (value) {
-    case edit::cmd::Zoom:
-    case edit::cmd::Fit:
-    case edit::cmd::Contaminant:
-    case edit::cmd::Info:
-    case edit::cmd::Simulate:
-    case edit::cmd::Pins:
-    case edit::cmd::Centre:
-    case edit::cmd::Open:
-    case edit::cmd::Save:
-    case edit::cmd::Undo:
-    case edit::cmd::Redo:
-    case edit::cmd::Toggle3D:
-    case edit::cmd::Grid:
-    case edit::cmd::DisplayOptions:
-    case edit::cmd::SingleMulti:
-    case edit::cmd::UpdateScreen:
-    case edit::cmd::Smoke:
-    case edit::cmd::Sourcing: return true;
-    default: return false;
-    }
-}
+bool Session::CommandAvailable(int value) const { return commands::ToolCommandAvailable(value); }
 
 void Session::CommandUnavailable(int value) {
     Fail("the " + ToolNameOf(value) + " command is not available in this version");

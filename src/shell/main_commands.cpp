@@ -17,6 +17,7 @@
 #include <QToolBar>
 #include <QUrl>
 
+#include "commands/menu_commands.h"
 #include "contaminant/colours.h"
 #include "contaminant/sourcing.h"
 #include "contaminant/spread.h"
@@ -25,6 +26,7 @@
 #include "dialogs/level_dialogs.h"
 #include "dialogs/smoke_windows.h"
 #include "dialogs/station_dialogs.h"
+#include "dialogs/summary_dialog.h"
 #include "dialogs/view_dialogs.h"
 #include "display/data_types.h"
 #include "display/display_list.h"
@@ -43,6 +45,7 @@
 #include "files/network_file.h"
 #include "files/recent_files.h"
 #include "forms/network_commands.h"
+#include "forms/summary_form.h"
 #include "forms/view_names.h"
 #include "forms/view_options.h"
 #include "model/network_rows.h"
@@ -74,6 +77,17 @@ void MainWindow::RunCommand(int value) {
         AfterLevelChange();
         break;
     case edit::cmd::Smoke: SmokeSimulation(); break;
+    case edit::cmd::Undo:
+    case edit::cmd::Redo: {
+        dispatcher_->CancelGesture();
+        commands::CommandContext context{*model_, *ds_, ui_, undo_, *this, hooks_.get()};
+        if (value == edit::cmd::Undo) {
+            commands::UndoCommand(context);
+        } else {
+            commands::RedoCommand(context);
+        }
+        break;
+    }
     case edit::cmd::Sourcing: SourcingSimulation(); break;
     default: CommandUnavailable(value); break;
     }
@@ -431,104 +445,60 @@ void MainWindow::ClearNetworkInLastWindow() {
     TitleChanged();
 }
 
-void MainWindow::NetworkCommand(const char* name) {
-    const std::string command(name);
-    Model& m = *model_;
-    auto changed = [this] {
-        model_->NetworkSaved = No0;
-        RebuildCurrentView();
-        RedrawAllWindows();
+bool MainWindow::ViewWindowOpen() const { return windows_.IsOpen(windows_.CurWin) && !ds_->WindowFrozen; }
+
+void MainWindow::PrepareCurrentView() { SyncArea(windows_.CurWin); }
+
+void MainWindow::RunMenu(const char* name) {
+    if (runActive_) return;
+    commands::CommandContext context{*model_, *ds_, ui_, undo_, *this, hooks_.get()};
+    if (commands::RunMenuCommand(context, name) == commands::CommandResult::Unavailable)
+        statusBar()->showMessage(QStringLiteral("This window is not yet available in this version of Karvane"), 5000);
+}
+
+bool MainWindow::OpenForm(const std::string& menuName) {
+    const std::map<std::string, std::function<void()>> forms{
+        {"mnuMessage", [this] { ShowFileNote(); }},
+        {"mnuLevels1", [this] { ChooseLevelsMultiple(); }},
+        {"mnuLevels2", [this] { ChooseLevelsRange(); }},
+        {"mnuShowLayers", [this] { ShowLayersDialog(); }},
+        {"mnuViewData", [this] { ShowViewerDialog(); }},
+        {"mnuSaveView", [this] { SaveNamedView(); }},
+        {"mnuDelView", [this] { DeleteNamedView(); }},
+        {"mnuSummary",
+         [this] {
+             dialogs::SummaryDialog dialog(forms::FillSummary(*model_, ui_.DecimalSeparator()), this);
+             dialog.exec();
+             RedrawAllWindows();
+         }},
+        {"mnuSimp", [this] { ShowSimplify(); }},
+        {"mnuRemoteStation", [this] { ShowStationDialog(true); }},
+        {"mnuRealOut", [this] { ShowStationDialog(false); }},
+        {"mnuAbout", [this] { ShowAbout(); }},
     };
-    const bool window = windows_.IsOpen(windows_.CurWin) && !ds_->WindowFrozen;
-    if (command == "mnuPlanS" || command == "mnu3d") {
-        if (!window) return;
-        SyncArea(windows_.CurWin);
-        if (command == "mnuPlanS") {
-            edit::MakePlanView(m, *ds_);
-        } else {
-            edit::Make3DView(m, *ds_);
-        }
-        RedrawWindow();
-        SaveWindowState();
-        UpdateMenuTicks();
-    } else if (command == "mnuLevels0") {
-        display::SelectSingleLevel(m, *ds_);
-        AfterLevelChange();
-    } else if (command == "mnuLevels3") {
-        display::SelectAllLevels(m, *ds_);
-        AfterLevelChange();
-    } else if (command == "mnuremdup") {
-        forms::GiveAirwaysOneSense(m);
-        changed();
-    } else if (command == "mnuPres") {
-        if (forms::PreserveFlowLabels(m, ui_, ui_.DecimalSeparator())) changed();
-    } else if (command == "mnuRmvFlow") {
-        forms::RemoveFlowLabels(m);
-        changed();
-    } else if (command == "mnuFixL") {
-        if (forms::FixAllLengths(m, ui_)) changed();
-    } else if (command == "mnuUnFixL") {
-        if (forms::UnfixAllLengths(m, ui_)) changed();
-    } else if (command == "mnuAutoName") {
-        if (forms::AutoNameAirways(m, ui_)) changed();
-    } else if (command == "mnuAutoNodes") {
-        if (forms::AutoNameNodes(m, ui_)) changed();
-    } else if (command == "mnuResetAir") {
-        forms::RenumberAirways(m, ui_);
-        changed();
-    } else if (command == "mnuchecknumbers") {
-        CheckAirwayNumbers(m, ui_);
-        RedrawAllWindows();
-    } else if (command == "mnuRevCoord") {
-        if (!forms::SwapXYAxis(m, ui_)) return;
-        m.NetworkSaved = No0;
-        BuildNodeKeys(m, ui_);
-        RecalcAllAirways(m);
-        if (window) {
-            SyncArea(windows_.CurWin);
-            ds_->View.Is3D = 0;
-            display::BuildDisplayList(m, *ds_);
-            display::FitView(m, *ds_, ui_);
-        }
-        FillViewList();
-        RedrawAllWindows();
-    } else if (command == "mnuReverse") {
-        if (!forms::ReverseCoordinateAxis(m, ui_)) return;
-        m.NetworkSaved = No0;
-        BuildNodeKeys(m, ui_);
-        if (window) {
-            SyncArea(windows_.CurWin);
-            display::BuildDisplayList(m, *ds_);
-            display::RotationCentreMeanOfNetwork(m, *ds_);
-            display::ApplyRotation(m, *ds_);
-            display::FitView(m, *ds_, ui_);
-        }
-        RedrawAllWindows();
-    } else if (command == "mnuClrSmoke") {
-        contaminant::ClearContaminant(m, ui_, hooks_.get());
-        RedrawAllWindows();
-    } else if (command == "mnuClrSources") {
-        contaminant::ClearSourcing(m);
-        RedrawAllWindows();
-    } else if (command == "mnuSvScreen") {
-        if (!window) return;
-        ui::FileDialogRequest request;
-        request.Title = "Screen Bitmap";
-        request.Filter = "Picture Files (*.BMP)|*.BMP|All files (*.*)|*.*";
-        request.DefaultExtension = "BMP";
-        request.FileName = ToPath(lastBitmapName_);
-        const std::optional<std::string> choice = ui_.SaveFileDialog(request);
-        if (!choice) return;
-        if (TrimText(*choice).empty()) {
-            ui_.Message("Error Save File - Check Name", ProgramName, ui::Icon::Exclamation);
-            return;
-        }
-        lastBitmapName_ = FromPath(*choice);
-        RedrawWindow();
-        if (!view(windows_.CurWin)->Surface().Picture().save(lastBitmapName_, "BMP"))
-            ui_.Message("The picture could not be written to " + *choice, ProgramName, ui::Icon::Exclamation);
+    const auto found = forms.find(menuName);
+    if (found == forms.end()) return false;
+    found->second();
+    return true;
+}
+
+void MainWindow::SaveScreenBitmap() {
+    if (!ViewWindowOpen()) return;
+    ui::FileDialogRequest request;
+    request.Title = "Screen Bitmap";
+    request.Filter = "Picture Files (*.BMP)|*.BMP|All files (*.*)|*.*";
+    request.DefaultExtension = "BMP";
+    request.FileName = ToPath(lastBitmapName_);
+    const std::optional<std::string> choice = ui_.SaveFileDialog(request);
+    if (!choice) return;
+    if (TrimText(*choice).empty()) {
+        ui_.Message("Error Save File - Check Name", ProgramName, ui::Icon::Exclamation);
+        return;
     }
-    UpdateMenuTicks();
+    lastBitmapName_ = FromPath(*choice);
+    RedrawWindow();
+    if (!view(windows_.CurWin)->Surface().Picture().save(lastBitmapName_, "BMP"))
+        ui_.Message("The picture could not be written to " + *choice, ProgramName, ui::Icon::Exclamation);
 }
 
 void MainWindow::ExportCommand(int kind) {

@@ -112,7 +112,7 @@ void MainWindow::BuildMenus() {
     AddAction(file, "mnuPrint", QStringLiteral("&Print..."), kLater);
     AddAction(file, "mnuPsetup", QStringLiteral("Print Setup"), kLater);
     connect(AddAction(file, "mnuSvScreen", QStringLiteral("Screen Bitmap...")), &QAction::triggered, this,
-            [this] { NetworkCommand("mnuSvScreen"); });
+            [this] { SaveScreenBitmap(); });
     file->addSeparator();
     for (int i = 1; i <= RecentFileCount; ++i) {
         QAction* a = file->addAction(QString());
@@ -197,10 +197,10 @@ void MainWindow::BuildMenus() {
     view->addSeparator();
     QAction* plan = AddAction(view, "mnuPlanS", QStringLiteral("Plan View"));
     plan->setCheckable(true);
-    connect(plan, &QAction::triggered, this, [this] { NetworkCommand("mnuPlanS"); });
+    connect(plan, &QAction::triggered, this, [this] { RunMenu("mnuPlanS"); });
     QAction* threeD = AddAction(view, "mnu3d", QStringLiteral("3D View"));
     threeD->setCheckable(true);
-    connect(threeD, &QAction::triggered, this, [this] { NetworkCommand("mnu3d"); });
+    connect(threeD, &QAction::triggered, this, [this] { RunMenu("mnu3d"); });
     QAction* grid = AddAction(view, "mnuGridFlag", QStringLiteral("Grid"));
     grid->setCheckable(true);
     connect(grid, &QAction::triggered, this, run(edit::cmd::Grid));
@@ -215,10 +215,10 @@ void MainWindow::BuildMenus() {
         levelGroup->addAction(a);
         levelModes_[static_cast<std::size_t>(i)] = a;
     }
-    connect(levelModes_[0], &QAction::triggered, this, [this] { NetworkCommand("mnuLevels0"); });
+    connect(levelModes_[0], &QAction::triggered, this, [this] { RunMenu("mnuLevels0"); });
     connect(levelModes_[1], &QAction::triggered, this, &MainWindow::ChooseLevelsMultiple);
     connect(levelModes_[2], &QAction::triggered, this, &MainWindow::ChooseLevelsRange);
-    connect(levelModes_[3], &QAction::triggered, this, [this] { NetworkCommand("mnuLevels3"); });
+    connect(levelModes_[3], &QAction::triggered, this, [this] { RunMenu("mnuLevels3"); });
     connect(AddAction(view, "mnuShowLayers", QStringLiteral("Layers...")), &QAction::triggered, this,
             &MainWindow::ShowLayersDialog);
     connect(AddAction(view, "mnuViewData", QStringLiteral("Display Options...")), &QAction::triggered, this,
@@ -279,7 +279,7 @@ void MainWindow::BuildMenus() {
     connect(AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify...")), &QAction::triggered, this,
             &MainWindow::ShowSimplify);
     toolsMenu->addSeparator();
-    const auto networkCommand = [this](const char* name) { return [this, name] { NetworkCommand(name); }; };
+    const auto networkCommand = [this](const char* name) { return [this, name] { RunMenu(name); }; };
     connect(AddAction(toolsMenu, "mnuremdup", QStringLiteral("Remove duplicates")), &QAction::triggered, this,
             networkCommand("mnuremdup"));
     QMenu* airflowDisplay = sub(toolsMenu, "mnuAirflowDisplay", QStringLiteral("Airflow Display"));

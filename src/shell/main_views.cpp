@@ -414,7 +414,9 @@ bool MainWindow::CommandAvailable(int value) const {
     case edit::cmd::SingleMulti:
     case edit::cmd::UpdateScreen:
     case edit::cmd::Smoke:
-    case edit::cmd::Sourcing: return true;
+    case edit::cmd::Sourcing:
+    case edit::cmd::Undo:
+    case edit::cmd::Redo: return true;
     default: return false;
     }
 }

@@ -41,16 +41,10 @@
 namespace karvane::shell {
 
 // What the runs and the spread ask of the windows around them.
-class MainWindow::Hooks : public contaminant::SpreadHooks {
+class MainWindow::Hooks : public commands::UndoLogHooks {
 public:
-    explicit Hooks(MainWindow& w) : w_(w) {}
+    explicit Hooks(MainWindow& w) : UndoLogHooks(w.undo_, w.ui_), w_(w) {}
     void Redraw() override { w_.RedrawWindow(); }
-    void LogAirway(Model& model, std::int32_t row, int action) override {
-        w_.undo_.LogAirway(model, w_.ui_, row, action, w_.undo_.CurrentStep);
-    }
-    void EndUndoStep() override {
-        if (w_.undo_.CurrentStep < UndoCapacity) ++w_.undo_.CurrentStep;
-    }
     void RememberDataTypes() override {
         if (display::DataGroupOf(w_.ds_->View.DataType) != 5 || w_.ds_->View.DataType < 55)
             w_.rememberedDataType_ = w_.ds_->View.DataType;
@@ -192,6 +186,8 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
 
 MainWindow::~MainWindow() {
     qApp->removeEventFilter(this);
+    // The work area activates other windows as its windows go; this window is past hearing it.
+    if (mdi_) disconnect(mdi_, nullptr, this, nullptr);
     if (qtUi_) {
         qtUi_->SetProgressSink(nullptr);
         qtUi_->SetParentWidget(nullptr);

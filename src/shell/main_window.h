@@ -11,6 +11,7 @@
 #include <memory>
 #include <string>
 
+#include "commands/command_host.h"
 #include "contaminant/spread.h"
 #include "display/view_state.h"
 #include "edit/tool_dispatch.h"
@@ -57,7 +58,7 @@ using dialogs::SmokeWindow;
 class MainWindow : public QMainWindow,
                    public ViewWindowEvents,
                    public edit::ToolHost,
-                   public forms::FileCommandHost,
+                   public commands::CommandHost,
                    public ProgressSink {
     Q_OBJECT
 public:
@@ -82,18 +83,18 @@ public:
     QAction* toolButton(int value) const;
 
     // The redraw of the current window, and of every open window in turn.
-    void RedrawWindow();
-    void RedrawAllWindows();
+    void RedrawWindow() override;
+    void RedrawAllWindows() override;
     // A new view window (mnuNewWindow); -1 when five are open.
     int NewViewWindow();
     // Makes a window current by the window switching of the views.
     void MakeWindowCurrent(int window) override;
     // The lists and labels of the tool bar, the title, the ticks of the menus, from the model.
-    void RefreshControls();
+    void RefreshControls() override;
 
     // The commands of the program.
     void Simulate();
-    void Troubleshoot(std::int16_t mode);
+    void Troubleshoot(std::int16_t mode) override;
     void ReseedAirflows();
 
     // ViewWindowEvents
@@ -124,6 +125,18 @@ public:
     void ToolRelease(const edit::ToolEvent& event) override;
     void ShowPopup(std::int32_t row, float x, float y) override;
     void HidePopup() override;
+
+    // commands::CommandHost
+    bool ViewWindowOpen() const override;
+    void PrepareCurrentView() override;
+    void RefreshMenuTicks() override { UpdateMenuTicks(); }
+    void RefreshViewList() override { FillViewList(); }
+    void AfterLevelChange() override;
+    void SettingsChanged() override { ApplySettingsTimers(); }
+    void RunToolCommand(int value) override { dispatcher_->RunToolCommand(value); }
+    bool OpenForm(const std::string& menuName) override;
+    // A main window command by its control name, as its menu entry runs it.
+    void RunMenu(const char* name);
 
     // forms::FileCommandHost
     void BeforeLoad() override;
@@ -186,7 +199,6 @@ private:
     void OnLevelChosen(int index);
     void OnLevelScrolled(int value);
     void OnViewChosen(int index);
-    void AfterLevelChange();
 
     // View windows (main_views.cpp).
     void SyncArea(int window);
@@ -227,7 +239,7 @@ private:
     void ShowAbout();
     void OpenWebPage();
     void ClearNetworkInLastWindow();
-    void NetworkCommand(const char* name);
+    void SaveScreenBitmap();
     void ExportCommand(int kind);
     void ImportCommand(bool dxf);
     void ShowSimplify();

@@ -12,6 +12,7 @@ private Q_SLOTS:
     void buildsEveryMenuAndToolButtonInOrder();
     void startsWithoutItsOwnFilesAndSaysSo();
     void opensTheDemoMineThroughTheOpenCommand();
+    void undoAndRedoReachTheLogByMenuKeyAndButton();
     void loadsTheNetworkNamedOnTheCommandLineAndOffersRecovery();
     void aSimulationReachesTheSimulationLight();
     void aFailedRunShowsTheErrorListAndGotoFindsTheAirway();
