@@ -107,6 +107,8 @@ struct Airway {
     std::int16_t Gas2 = 0;
 
     bool Has(std::int32_t bit) const { return (BranchCode & bit) != 0; }
+    // Every field equal: a save compares a row with what it would write.
+    bool operator==(const Airway&) const = default;
 };
 
 // Cuts a text to a fixed width, as every store into a fixed-width field does.
