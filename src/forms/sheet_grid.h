@@ -24,7 +24,8 @@ inline constexpr int Count = 23; // the key column and the 22 data columns
 
 // The format string of the grid: "<" left and ">" right alignment, the blanks the width.
 inline constexpr const char* SheetFormatString =
-    "|<No.   |<Name          |<From       |<To        |>Length|> Flow |> Vel |>Pdrop |>Resistance|>K-Factor|>Shock|>Fan "
+    "|<No.   |<Name          |<From       |<To        |>Length|> Flow |> Vel |>Pdrop "
+    "|>Resistance|>K-Factor|>Shock|>Fan "
     "|>F Pres|>Height|>Width|< Comments  |>X1     |>Y1     |>Z1     |>X2     |>Y2    |>Z2    ";
 
 struct SheetColumn {

@@ -7,6 +7,7 @@
 
 #include "display/display_list.h"
 #include "engineering/resistance.h"
+#include "model/node_keys.h"
 #include "model/number_format.h"
 #include "model/units.h"
 
@@ -33,9 +34,14 @@ bool FitsSingle(double v) { return std::fabs(v) <= std::numeric_limits<float>::m
 
 } // namespace
 
-SpreadSheetForm::SpreadSheetForm(Model& model, display::DisplayState& ds, files::UndoLog& undo,
-                                 ui::UserInterface& ui, SpreadSheetHost& host, SheetWidths& widths)
-    : m_(model), ds_(ds), undo_(undo), ui_(ui), host_(host), widths_(widths) {}
+SpreadSheetForm::SpreadSheetForm(Model& model, display::DisplayState& ds, files::UndoLog& undo, ui::UserInterface& ui,
+                                 SpreadSheetHost& host, SheetWidths& widths)
+    : m_(model),
+      ds_(ds),
+      undo_(undo),
+      ui_(ui),
+      host_(host),
+      widths_(widths) {}
 
 void SpreadSheetForm::Open() { Fill(); }
 
@@ -222,9 +228,9 @@ void SpreadSheetForm::SaveChanges() {
 // Every number cell a save reads must read as a number, and the coordinates must lie within
 // the program's limits, before anything is written: a refused save leaves the network whole.
 bool SpreadSheetForm::CheckGrid(int& badRow, int& badCol, std::string& message) const {
-    static constexpr int numberCols[] = {sc::Length, sc::Flow, sc::Resistance, sc::KFactor, sc::Shock,
-                                         sc::Fan,    sc::FPres, sc::Height,    sc::Width,   sc::X1,
-                                         sc::Y1,     sc::Z1,   sc::X2,        sc::Y2,      sc::Z2};
+    static constexpr int numberCols[] = {sc::Length, sc::Flow,  sc::Resistance, sc::KFactor, sc::Shock,
+                                         sc::Fan,    sc::FPres, sc::Height,     sc::Width,   sc::X1,
+                                         sc::Y1,     sc::Z1,    sc::X2,         sc::Y2,      sc::Z2};
     for (int r = 1; r <= RowCount(); ++r) {
         const SheetRow& row = Row(r);
         if (row.Key < 1) continue;
@@ -256,6 +262,7 @@ bool SpreadSheetForm::CheckGrid(int& badRow, int& badCol, std::string& message) 
 // One row into a copy of its airway, in the order of the save. Cells the grid has not changed
 // keep the stored value exactly: only the fixed marks and what the user typed are written.
 void SpreadSheetForm::ApplyRow(const SheetRow& row, Airway& a) const {
+    const Airway before = a;
     auto changed = [&](int c) { return row.IsChanged(c); };
     auto number = [&](int c) {
         return ToSI(m_, ReadSheetNumber(row.Cells[static_cast<std::size_t>(c)]).value_or(0.0), SheetUnitClass(c));
@@ -326,6 +333,13 @@ void SpreadSheetForm::ApplyRow(const SheetRow& row, Airway& a) const {
     coordinate(sc::X2, a.X2);
     coordinate(sc::Y2, a.Y2);
     coordinate(sc::Z2, a.Z2);
+    // The ends' node keys follow the coordinates, so that a moved or new airway joins its nodes
+    // and shows in the views before the next run rebuilds every key.
+    if (row.Key > m_.AirwayCount || a.X1 != before.X1 || a.Y1 != before.Y1 || a.Z1 != before.Z1 || a.X2 != before.X2 ||
+        a.Y2 != before.Y2 || a.Z2 != before.Z2) {
+        a.EntryKey = EndKey(m_, a.X1, a.Y1, a.Z1, a.Has(bc::EntryAtSurface));
+        a.ExitKey = EndKey(m_, a.X2, a.Y2, a.Z2, a.Has(bc::ExitAtSurface));
+    }
 }
 
 bool SpreadSheetForm::SaveGrid() {

@@ -8,6 +8,7 @@
 
 #include "display/display_list.h"
 #include "edit/delete_rows.h"
+#include "forms/grid_edit.h"
 #include "model/number_format.h"
 
 namespace karvane::forms {
@@ -30,58 +31,51 @@ bool TextColumn(int col) { return col == sc::Name || col == sc::From || col == s
 } // namespace
 
 bool SpreadSheetForm::Command(std::string_view name) {
-    if (name == "mnuSaveChanges") {
-        SaveChanges();
-    } else if (name == "mnuExit") {
-        Close();
-    } else if (name == "mnuUndo") {
-        UndoChanges();
-    } else if (name == "mnuEditBox") {
-        EditBox();
-    } else if (name == "mnuInfo") {
-        Info();
-    } else if (name == "mnuClear") {
-        Clear();
-    } else if (name == "mnuSelAll") {
-        SelectAll();
-    } else if (name == "mnuInsert" || name == "mnuInsert2") {
-        InsertRows(name == "mnuInsert2");
-    } else if (name == "mnuDelete") {
-        DeleteRows();
-    } else if (name == "mnufind") {
-        ColumnFind();
-    } else if (name == "mnuAgain") {
-        FindAgain();
-    } else if (name == "mnuReplace") {
-        ColumnReplace();
-    } else if (name == "mnuAscend" || name == "mnuDescend") {
-        Sort(name == "mnuAscend");
-    } else if (name == "mnuFix" || name == "mnuUnfix") {
-        Fix(name == "mnuFix");
-    } else if (name == "mnuRecalc") {
-        RecalcCurrentRow();
-    } else if (name == "mnuRecalcAll") {
-        RecalcAll();
-    } else if (name == "mnuSim") {
-        Simulate();
-    } else if (name == "mnu1" || name == "mnu2" || name == "mnu3" || name == "mnu4") {
-        FrozenColumns = name[3] - '0';
-    } else if (name == "mnuUnfixC") {
-        FrozenColumns = 0;
-    } else if (name == "mnuFixR" || name == "mnuUnfixR") {
-        FrozenHeading = name == "mnuFixR";
-    } else if (name == "mnuHideC") {
-        HideColumns();
-    } else if (name == "mnuShowC") {
-        ShowColumns();
-    } else if (name == "mnuShowAll") {
-        ShowAllData();
-    } else if (name == "SaveGrid") {
-        SaveGrid();
-    } else {
-        return false;
+    using F = SpreadSheetForm;
+    struct Entry {
+        std::string_view Name;
+        void (*Run)(F&);
+    };
+    static constexpr Entry entries[] = {
+        {"mnuSaveChanges", [](F& f) { f.SaveChanges(); }},
+        {"mnuExit", [](F& f) { f.Close(); }},
+        {"mnuUndo", [](F& f) { f.UndoChanges(); }},
+        {"mnuEditBox", [](F& f) { f.EditBox(); }},
+        {"mnuInfo", [](F& f) { f.Info(); }},
+        {"mnuClear", [](F& f) { f.Clear(); }},
+        {"mnuSelAll", [](F& f) { f.SelectAll(); }},
+        {"mnuInsert", [](F& f) { f.InsertRows(false); }},
+        {"mnuInsert2", [](F& f) { f.InsertRows(true); }},
+        {"mnuDelete", [](F& f) { f.DeleteRows(); }},
+        {"mnufind", [](F& f) { f.ColumnFind(); }},
+        {"mnuAgain", [](F& f) { f.FindAgain(); }},
+        {"mnuReplace", [](F& f) { f.ColumnReplace(); }},
+        {"mnuAscend", [](F& f) { f.Sort(true); }},
+        {"mnuDescend", [](F& f) { f.Sort(false); }},
+        {"mnuFix", [](F& f) { f.Fix(true); }},
+        {"mnuUnfix", [](F& f) { f.Fix(false); }},
+        {"mnuRecalc", [](F& f) { f.RecalcCurrentRow(); }},
+        {"mnuRecalcAll", [](F& f) { f.RecalcAll(); }},
+        {"mnuSim", [](F& f) { f.Simulate(); }},
+        {"mnu1", [](F& f) { f.FrozenColumns = 1; }},
+        {"mnu2", [](F& f) { f.FrozenColumns = 2; }},
+        {"mnu3", [](F& f) { f.FrozenColumns = 3; }},
+        {"mnu4", [](F& f) { f.FrozenColumns = 4; }},
+        {"mnuUnfixC", [](F& f) { f.FrozenColumns = 0; }},
+        {"mnuFixR", [](F& f) { f.FrozenHeading = true; }},
+        {"mnuUnfixR", [](F& f) { f.FrozenHeading = false; }},
+        {"mnuHideC", [](F& f) { f.HideColumns(); }},
+        {"mnuShowC", [](F& f) { f.ShowColumns(); }},
+        {"mnuShowAll", [](F& f) { f.ShowAllData(); }},
+        {"SaveGrid", [](F& f) { f.SaveGrid(); }},
+    };
+    for (const Entry& e : entries) {
+        if (e.Name == name) {
+            e.Run(*this);
+            return true;
+        }
     }
-    return true;
+    return false;
 }
 
 void SpreadSheetForm::UndoChanges() { Fill(); }
@@ -102,16 +96,13 @@ void SpreadSheetForm::Info() {
 }
 
 std::string SpreadSheetForm::Copy() const {
-    std::string out;
-    if (!ValidRow(FirstSelectedRow())) return out;
+    if (!ValidRow(FirstSelectedRow())) return {};
+    CellTable table;
     for (int r = FirstSelectedRow(); r <= LastSelectedRow(); ++r) {
-        for (int c = FirstSelectedCol(); c <= LastSelectedCol(); ++c) {
-            if (c > FirstSelectedCol()) out += '\t';
-            out += Text(r, c);
-        }
-        out += "\r\n";
+        auto& row = table.emplace_back();
+        for (int c = FirstSelectedCol(); c <= LastSelectedCol(); ++c) row.push_back(Text(r, c));
     }
-    return out;
+    return ClipboardText(table);
 }
 
 void SpreadSheetForm::Paste(std::string_view clip) {
@@ -119,39 +110,13 @@ void SpreadSheetForm::Paste(std::string_view clip) {
         ui_.Message("An error has occured while attempting to paste data", "Paste Error", ui::Icon::Exclamation);
         return;
     }
-    if (clip.empty()) return;
-    // The clipboard read character by character: a tab ends a cell, a carriage return ends a
-    // cell and its line, a line feed is skipped.
-    std::vector<std::vector<std::string>> lines(1, std::vector<std::string>(1));
-    for (std::size_t i = 0; i < clip.size(); ++i) {
-        const char ch = clip[i];
-        if (ch == '\t') {
-            lines.back().emplace_back();
-        } else if (ch == '\r') {
-            if (i + 1 < clip.size() && !(i + 2 == clip.size() && clip[i + 1] == '\n')) lines.emplace_back(1);
-        } else if (ch != '\n') {
-            lines.back().back() += ch;
-        }
-    }
-    const int firstRow = CurRow, firstCol = CurCol;
-    const int bottom = std::max(LastSelectedRow(), firstRow);
-    const int count = static_cast<int>(lines.size());
-    bool dropped = false;
-    // Once through the text, then again from its top while the selection reaches further down.
-    for (int i = 0;; ++i) {
-        const int r = firstRow + i;
-        if (i >= count && r > bottom) break;
-        if (r > RowCount()) {
-            dropped = i < count;
-            break;
-        }
-        const auto& cells = lines[static_cast<std::size_t>(i % count)];
-        for (std::size_t k = 0; k < cells.size(); ++k) {
-            const int c = firstCol + static_cast<int>(k);
-            if (c >= sc::Count) break; // cells beyond the last column are dropped
-            SetText(r, c, cells[k]);
-        }
-    }
+    const CellTable table = ReadClipboardTable(clip);
+    if (table.empty()) return;
+    const GridLimits limits{1, RowCount(), 1, sc::Count - 1};
+    for (const CellWrite& w : PasteWrites(table, {CurRow, CurCol}, LastSelectedRow(), limits))
+        SetText(w.Cell.Row, w.Cell.Col, w.Text);
+    // Lines past the last row have no airway to go to.
+    const bool dropped = CurRow + static_cast<int>(table.size()) - 1 > RowCount();
     Modified = true;
     if (dropped) {
         ui_.Message("Rows past the end of the table were not pasted - insert rows first", "Paste",
@@ -188,8 +153,8 @@ void SpreadSheetForm::InsertRows(bool after) {
     for (int i = 0; i < n; ++i) {
         const std::int32_t key = m_.AirwayCount + pendingNew_ + 1;
         if (key >= MaxAirways) {
-            ui_.Message("Network size has exceeded maximum airways - increase airways in default settings",
-                        ProgramName, ui::Icon::Exclamation);
+            ui_.Message("Network size has exceeded maximum airways - increase airways in default settings", ProgramName,
+                        ui::Icon::Exclamation);
             break;
         }
         ++pendingNew_;
@@ -287,8 +252,7 @@ void SpreadSheetForm::Search() {
         for (int r = std::max(searchStart_, 1); r <= last; ++r) {
             const std::string& cell = Text(r, col);
             if (Lower(cell).find(wanted) == std::string::npos) continue;
-            const ui::Answer a =
-                ui_.Ask("Could not find name - Do you mean " + cell, "Find", ui::Buttons::YesNoCancel);
+            const ui::Answer a = ui_.Ask("Could not find name - Do you mean " + cell, "Find", ui::Buttons::YesNoCancel);
             if (a == ui::Answer::Yes) {
                 answer = r;
                 break;
