@@ -514,7 +514,7 @@ void AirEditForm::ResetSelection() { f_.Touched.fill(false); }
 
 namespace {
 
-std::string* BoxText(AirEditFields& f, AirBox box) {
+std::string* TextOf(AirEditFields& f, AirBox box) {
     switch (box) {
     case AirBox::TxtName: return &f.TxtName;
     case AirBox::LblFrom: return &f.LblFrom;
@@ -538,6 +538,16 @@ std::string* BoxText(AirEditFields& f, AirBox box) {
 
 } // namespace
 
+void AirEditForm::SetBoxText(AirBox box, const std::string& text) {
+    if (std::string* t = TextOf(f_, box)) *t = text;
+}
+
+const std::string& AirEditForm::BoxText(AirBox box) const {
+    static const std::string none;
+    const std::string* t = TextOf(const_cast<AirEditFields&>(f_), box);
+    return t ? *t : none;
+}
+
 void AirEditForm::TypeText(AirBox box, const std::string& text) {
     Click(box);
     Focus(box);
@@ -547,12 +557,12 @@ void AirEditForm::TypeText(AirBox box, const std::string& text) {
         return;
     }
     Key(box);
-    if (std::string* t = BoxText(f_, box)) *t = text;
+    if (std::string* t = TextOf(f_, box)) *t = text;
     LeaveBox(box);
 }
 
 void AirEditForm::LeaveBox(AirBox box) {
-    std::string* t = BoxText(f_, box);
+    std::string* t = TextOf(f_, box);
     if (!t) return;
     const double v = ParseLeadingNumber(*t);
     switch (box) {

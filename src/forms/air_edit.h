@@ -196,6 +196,9 @@ public:
     void DoubleClick(AirBox box);
     // A text typed into a box, then the box left (its lost-focus rule runs).
     void TypeText(AirBox box, const std::string& text);
+    // The text of a box as the user is typing it, without any of the box's rules.
+    void SetBoxText(AirBox box, const std::string& text);
+    const std::string& BoxText(AirBox box) const;
     void LeaveBox(AirBox box);
     void ResetSelection(); // CmdResetSekection
 

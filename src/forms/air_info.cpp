@@ -246,7 +246,7 @@ void DrawFanGraph(const FanGraph& g, display::Surface& s) {
         s.PrintText(t);
     };
     const float h = s.TextHeight("0");
-    text(5, 2, g.MaxPressure);
+    text(0, -h - 6, g.MaxPressure);
     text(1000 - s.TextWidth(g.MaxFlow), 1000 + 4, g.MaxFlow);
     text(-s.TextWidth("0,0") - 4, 1000 + 4, "0,0");
     s.SetForeColour(blue);

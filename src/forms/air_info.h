@@ -52,7 +52,7 @@ struct AirInfoCard {
 AirInfoCard FillAirInfo(Model& model, std::int32_t row, char decimalSep);
 
 // The coordinate box the graph is drawn in: the square and a margin for its captions.
-inline constexpr float GraphLeft = -110, GraphTop = -60, GraphWidth = 1220, GraphHeight = 1130;
+inline constexpr float GraphLeft = -110, GraphTop = -70, GraphWidth = 1300, GraphHeight = 1140;
 
 // Draws PicFan2 on a surface: the curve, the efficiency line, the operating point with its
 // dashed leaders, the captions and the axes. Nothing but the clear when the graph is empty.

@@ -26,5 +26,9 @@ int main(int argc, char** argv) {
         karvane::shell::testing::GridEditorTest test;
         status |= QTest::qExec(&test, argc, argv);
     }
+    {
+        karvane::shell::testing::AirwayDialogsTest test;
+        status |= QTest::qExec(&test, argc, argv);
+    }
     return status;
 }

@@ -53,4 +53,14 @@ private Q_SLOTS:
     void copiesAndPastesOverALargeModel();
 };
 
+// The airway editor, the information card, the shock calculator and the fan dialog.
+class AirwayDialogsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void theEditorsBoxesReachTheAirwayOnOk();
+    void theShockCalculatorFillsTheShockBox();
+    void theInfoCardShowsItsRowsAndTheFanGraph();
+    void theFanDialogPutsAFanOnTheAirway();
+};
+
 } // namespace karvane::shell::testing
