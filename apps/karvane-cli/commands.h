@@ -20,6 +20,7 @@ void AddSimplifyCommand(CommandLine& cl);   // simplify FILE OUT [--max-length L
 void AddSimulateCommand(
     CommandLine& cl);                    // simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]
 void AddSummaryCommand(CommandLine& cl); // summary FILE [--json]
+void AddTableCommand(CommandLine& cl);   // table FILE [--simulate] [--csv|--json] [--units si|british]
 void AddAirwayCommand(CommandLine& cl);  // airway FILE AIRWAYNO [--simulate] [--json] [--curve OUT.svg]
 
 } // namespace karvane::cli

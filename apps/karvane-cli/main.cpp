@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     AddSimplifyCommand(cl);
     AddSimulateCommand(cl);
     AddSummaryCommand(cl);
+    AddTableCommand(cl);
     AddAirwayCommand(cl);
     return cl.Run(argc, argv);
 }
