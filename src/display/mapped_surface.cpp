@@ -1,6 +1,7 @@
 // Box mapping and text measurement of the core's surfaces.
 #include "display/mapped_surface.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -33,6 +34,21 @@ double SansTextWidthEm(std::string_view text, bool bold) {
 }
 
 MappedSurface::MappedSurface(int width, int height) : Width(width > 0 ? width : 1), Height(height > 0 ? height : 1) {
+    BoxWidth = static_cast<float>(Width);
+    BoxHeight = static_cast<float>(Height);
+}
+
+void MappedSurface::SetPage(double widthMm, double heightMm, double dotsPerInch) {
+    if (!(widthMm > 0) || !(heightMm > 0) || !(dotsPerInch > 0) || widthMm > 1e5 || heightMm > 1e5) return;
+    PageWidth = widthMm;
+    PageHeight = heightMm;
+    DotsPerInch = dotsPerInch;
+    PointPixels = dotsPerInch / 72.0;
+    Back = 0xFFFFFF; // white paper: the background of opaque text
+    Width = std::max(1, static_cast<int>(std::lround(widthMm / 25.4 * dotsPerInch)));
+    Height = std::max(1, static_cast<int>(std::lround(heightMm / 25.4 * dotsPerInch)));
+    BoxLeft = 0;
+    BoxTop = 0;
     BoxWidth = static_cast<float>(Width);
     BoxHeight = static_cast<float>(Height);
 }

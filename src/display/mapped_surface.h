@@ -41,6 +41,15 @@ public:
     float TextHeight(const std::string& text) override;
     void Refresh() override {}
     void SetBuffered(bool buffered) override { Buffered = buffered; }
+    double PageWidthMm() const override { return PageWidth; }
+    double PageHeightMm() const override { return PageHeight; }
+    void NewPage() override { ++Pages; }
+    void EndDocument() override { Ended = true; }
+
+    // Makes the surface a page of paper: the printable area in millimetres, laid out in dots of
+    // the given resolution, text sized in points of it.
+    void SetPage(double widthMm, double heightMm, double dotsPerInch);
+    bool IsPage() const { return PageWidth > 0; }
 
     // Window coordinates to pixels of the area.
     double PixelX(double x) const { return (x - BoxLeft) / BoxWidth * Width; }
@@ -48,7 +57,7 @@ public:
     // A length along x in window units, in pixels.
     double PixelLength(double units) const { return units / BoxWidth * Width; }
     // Pixel size of the current font.
-    double FontPixels() const { return FontSize * PixelsPerPoint; }
+    double FontPixels() const { return FontSize * PointPixels; }
 
     int Width, Height;
     float BoxLeft = 0, BoxTop = 0, BoxWidth = 1, BoxHeight = 1;
@@ -62,6 +71,12 @@ public:
     bool Opaque = false;
     bool Buffered = false;
     float CurrentX = 0, CurrentY = 0;
+    double PointPixels = PixelsPerPoint;
+    // A page: its printable area in millimetres (0 on a window), its resolution, the pages begun
+    // after the first, and whether the document has been ended.
+    double PageWidth = 0, PageHeight = 0, DotsPerInch = 96;
+    int Pages = 1;
+    bool Ended = false;
 };
 
 // A surface that draws nothing: for benchmarks of the drawing logic alone.

@@ -64,6 +64,16 @@ void RecordingSurface::PrintText(const std::string& text) {
 
 void RecordingSurface::Refresh() { Ops.push_back(Start(OpKind::Refresh, Fore)); }
 
+void RecordingSurface::NewPage() {
+    MappedSurface::NewPage();
+    Ops.push_back(Start(OpKind::NewPage, Fore));
+}
+
+void RecordingSurface::EndDocument() {
+    MappedSurface::EndDocument();
+    Ops.push_back(Start(OpKind::EndDocument, Fore));
+}
+
 std::vector<RecordedOp> RecordingSurface::Of(OpKind kind) const {
     std::vector<RecordedOp> out;
     for (const RecordedOp& op : Ops) {

@@ -9,7 +9,19 @@
 
 namespace karvane::display {
 
-enum class OpKind { Clear, Line, LineTo, Rectangle, FilledRectangle, Circle, Bitmap, Text, Refresh };
+enum class OpKind {
+    Clear,
+    Line,
+    LineTo,
+    Rectangle,
+    FilledRectangle,
+    Circle,
+    Bitmap,
+    Text,
+    Refresh,
+    NewPage,
+    EndDocument
+};
 
 struct RecordedOp {
     OpKind Kind = OpKind::Clear;
@@ -39,6 +51,8 @@ public:
     void PutBitmap(int symbol, float x, float y, float width, float height) override;
     void PrintText(const std::string& text) override;
     void Refresh() override;
+    void NewPage() override;
+    void EndDocument() override;
 
     std::vector<RecordedOp> Ops;
 

@@ -43,7 +43,7 @@ void DrawLines(const Model& model, const DisplayState& ds, Surface& surface) {
     if (current != base) surface.SetLineWidth(base);
 }
 
-void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::UserInterface& ui) {
+void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::UserInterface& ui, bool paper) {
     const ViewState& v = ds.View;
     const int kind = ViewKind(v);
     if (!ds.GridOn || kind == 1) return;
@@ -60,14 +60,17 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
     }
     // A grid finer than the pixels of the window would only grey it over.
     const double across = std::max<double>(v.ScaleWidth, v.ScaleHeight) * f / g;
-    if (across > std::max(ds.AreaWidth, ds.AreaHeight)) return;
+    const int area =
+        paper ? std::max(surface.AreaWidth(), surface.AreaHeight()) : std::max(ds.AreaWidth, ds.AreaHeight);
+    if (across > area) return;
 
     const Colour lineColour = model.Set.Colours[6];
-    const Colour labelColour = model.Set.Colours[7];
-    surface.SetLineWidth(std::max(1, ds.GridWidth));
+    const Colour labelColour = paper ? 0 : model.Set.Colours[7];
+    surface.SetLineWidth(paper ? 1 : std::max(1, ds.GridWidth));
     surface.SetLineStyle(LineStyle::Solid);
+    if (paper) surface.SetTextOpaque(false);
     surface.SetFontName(model.Set.FontName[1]);
-    surface.SetFontBold(model.Set.FontBold[1] != 0);
+    surface.SetFontBold(!paper && model.Set.FontBold[1] != 0);
     surface.SetFontSize(kGridFontSize);
     surface.SetForeColour(labelColour);
     const bool labels = !ds.Panning;
@@ -85,6 +88,7 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
         for (int i = 0; toWindow(y0 + i * g) <= bottom; ++i) {
             const double y = y0 + i * g;
             const float wy = toWindow(y);
+            if (paper && (wy < top || wy > bottom)) continue;
             surface.Line(static_cast<float>(left), wy, static_cast<float>(right), wy, lineColour);
             if (!labels) continue;
             const std::string text = label(-(sy * cy + y));
@@ -100,6 +104,7 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
     for (int i = 0; toWindow(x0 + i * g) <= right; ++i) {
         const double x = x0 + i * g;
         const float wx = toWindow(x);
+        if (paper && (wx < left || wx > right)) continue;
         surface.Line(wx, static_cast<float>(top), wx, static_cast<float>(bottom), lineColour);
         if (!labels) continue;
         const std::string text = label((sx * cx + x) * sx);
@@ -116,6 +121,7 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
     for (int i = 0; toWindow(y0 + i * g) <= bottom; ++i) {
         const double y = y0 + i * g;
         const float wy = toWindow(y);
+        if (paper && (wy < top || wy > bottom)) continue;
         surface.Line(static_cast<float>(left), wy, static_cast<float>(right), wy, lineColour);
         if (!labels) continue;
         const std::string text = label((sy * cy + y) * sy);

@@ -26,8 +26,10 @@ AnnotationSizes ComputeAnnotationSizes(const Model& model, double boxWidth);
 // Points the surface at the view box and sets its background.
 void PrepareSurface(const Model& model, const DisplayState& ds, Surface& surface);
 
-// The grid, in plan views and vertical sections.
-void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::UserInterface& ui);
+// The grid, in plan views and vertical sections. On paper (`paper`) the lines are 1 dot wide,
+// the labels black and not bold, and no line stands outside the view box, which has a margin
+// around it there.
+void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::UserInterface& ui, bool paper = false);
 // The first pass: airway lines.
 void DrawLines(const Model& model, const DisplayState& ds, Surface& surface);
 // The second pass: everything over the lines.

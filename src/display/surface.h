@@ -80,6 +80,15 @@ public:
     // Shows what has been drawn; keeps the picture off screen while buffered.
     virtual void Refresh() = 0;
     virtual void SetBuffered(bool buffered) = 0;
+
+    // Pages. The printable area of the paper in millimetres, in the orientation of the job; 0 on
+    // a window, which has no paper.
+    virtual double PageWidthMm() const { return 0; }
+    virtual double PageHeightMm() const { return 0; }
+    // Finishes the page and starts the next one.
+    virtual void NewPage() {}
+    // Finishes the last page and sends the document; nothing more is drawn after it.
+    virtual void EndDocument() {}
 };
 
 } // namespace karvane::display

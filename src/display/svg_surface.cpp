@@ -177,11 +177,22 @@ void SvgSurface::PrintText(const std::string& text) {
     Body += " fill=\"" + SvgColour(Fore) + "\">" + Escape(text) + "</text>\n";
 }
 
+void SvgSurface::NewPage() {
+    FlushPath();
+    MappedSurface::NewPage();
+    PagesDone.push_back(std::move(Body));
+    Body.clear();
+}
+
 std::string SvgSurface::Document() const {
+    const int pages = static_cast<int>(PagesDone.size()) + 1;
+    const long long height = static_cast<long long>(Height) * pages;
+    // A page says its size on paper; a window's picture is in pixels.
+    const std::string w = IsPage() ? Num(PageWidth) + "mm" : std::to_string(Width);
+    const std::string h = IsPage() ? Num(PageHeight * pages) + "mm" : std::to_string(height);
     std::string doc = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-    doc += "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" +
-           std::to_string(Width) + "\" height=\"" + std::to_string(Height) + "\" viewBox=\"0 0 " +
-           std::to_string(Width) + " " + std::to_string(Height) + "\">\n";
+    doc += "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" width=\"" + w +
+           "\" height=\"" + h + "\" viewBox=\"0 0 " + std::to_string(Width) + " " + std::to_string(height) + "\">\n";
     doc += "<defs>\n";
     for (int s = 0; s < sym::Count; ++s) {
         if (!SymbolUsed[static_cast<std::size_t>(s)]) continue;
@@ -192,10 +203,20 @@ std::string SvgSurface::Document() const {
     doc += "</defs>\n";
     doc += "<rect width=\"100%\" height=\"100%\" fill=\"" + SvgColour(Back) + "\"/>\n";
     doc += "<g font-family=\"Arial, Helvetica, 'Liberation Sans', 'DejaVu Sans', sans-serif\">\n";
+    for (std::size_t i = 0; i < PagesDone.size(); ++i) {
+        doc += "<g transform=\"translate(0," +
+               std::to_string(static_cast<long long>(Height) * static_cast<long long>(i)) + ")\">\n" + PagesDone[i] +
+               "</g>\n";
+    }
+    if (!PagesDone.empty()) {
+        doc += "<g transform=\"translate(0," +
+               std::to_string(static_cast<long long>(Height) * static_cast<long long>(PagesDone.size())) + ")\">\n";
+    }
     doc += Body;
     if (!Path.empty()) {
         doc += "<path fill=\"none\" stroke-linecap=\"round\" " + PathStroke + " d=\"" + Path + "\"/>\n";
     }
+    if (!PagesDone.empty()) doc += "</g>\n";
     doc += "</g>\n</svg>\n";
     return doc;
 }

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "display/mapped_surface.h"
 #include "display/surface.h"
@@ -22,6 +23,8 @@ public:
     void Circle(float x, float y, float radius) override;
     void PutBitmap(int symbol, float x, float y, float width, float height) override;
     void PrintText(const std::string& text) override;
+    // Pages stand one under the other in the picture.
+    void NewPage() override;
 
     // The whole document as it stands.
     std::string Document() const;
@@ -32,8 +35,9 @@ private:
     void Segment(double x1, double y1, double x2, double y2, Colour colour);
 
     std::string Body;
-    std::string Path;       // the open path of consecutive lines that share a stroke
-    std::string PathStroke; // its stroke attributes
+    std::vector<std::string> PagesDone; // the bodies of the pages before the current one
+    std::string Path;                   // the open path of consecutive lines that share a stroke
+    std::string PathStroke;             // its stroke attributes
     double PathX = 0, PathY = 0;
     double LastX = 0, LastY = 0;
     std::array<bool, sym::Count> SymbolUsed{};

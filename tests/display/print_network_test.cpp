@@ -1,0 +1,252 @@
+// The print of a view on a recorded page: the scale on paper, the frame, exact clipping, text
+// that must fit, monochrome, legends, the title line and the figure's reset afterwards.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "display/drawn_list.h"
+#include "display/level_selector.h"
+#include "display/palette.h"
+#include "display/print_network.h"
+#include "display/recording_surface.h"
+#include "display/renderer.h"
+#include "display/svg_surface.h"
+#include "display_support.h"
+
+namespace karvane::display {
+namespace {
+
+using testing::Scene;
+
+constexpr double kDpi = 600;
+
+// A drive of 100 m and a crosscut on "U/Ground", a 400 x 300 m view, printed on a page of
+// 200 x 280 mm.
+struct PrintScene : Scene {
+    std::int32_t Main, Cross;
+    RecordingSurface Page{1, 1};
+    PrintSettings Print;
+    PrintScene() {
+        Main = Add(0, 0, 490, 100, 0, 490);
+        Cross = Add(100, 0, 490, 100, 50, 490);
+        Row(Main).Quantity = 12.5f;
+        Row(Main).BranchName = "Main drive";
+        Row(Cross).Quantity = 3;
+        Ds.View.DataType = 12;
+        ChooseLevelRow(M, Ds, 2);
+        SetViewBox(Ds, 400, 300, 50, 0);
+        Ds.GridOn = false;
+        Page.SetPage(200, 280, kDpi);
+        Print.PrintInColour = 1;
+        Print.PrintTitle = "Ventilation plan";
+    }
+    bool Run(float figure = 0) {
+        BuildDrawnList(M, Ds);
+        Ds.ScaleFigure = figure;
+        return PrintNetwork(M, Ds, Page, Print, Ui);
+    }
+    // Millimetres on the paper of a page coordinate.
+    double MmX(double x) const { return Page.PixelX(x) / kDpi * 25.4; }
+    double MmY(double y) const { return Page.PixelY(y) / kDpi * 25.4; }
+    std::vector<RecordedOp> AirwayLines() const {
+        std::vector<RecordedOp> out;
+        for (const RecordedOp& op : Page.Of(OpKind::Line)) {
+            if (op.Width >= 3) out.push_back(op);
+        }
+        return out;
+    }
+};
+
+TEST(PrintNetwork, PaperScaleFrameAndFigureReset) {
+    for (const double times : {1.0, 2.0, 5.0}) {
+        PrintScene s;
+        const float own = PageScaleFigure(s.Ds.View, 200);
+        ASSERT_GT(own, 0);
+        const float figure = static_cast<float>(own * times);
+        ASSERT_TRUE(s.Run(figure));
+        EXPECT_EQ(s.Ds.ScaleFigure, 0) << "the figure waits for the next title update";
+        ASSERT_EQ(s.Page.Ops.back().Kind, OpKind::EndDocument);
+        // The 100 m drive measures 100 m / figure on paper: 1 mm is figure / 1000 metres, within
+        // the half percent of the printable width's margin and the whole figure.
+        const auto lines = s.AirwayLines();
+        ASSERT_FALSE(lines.empty());
+        const double mm = s.MmX(lines[0].X2) - s.MmX(lines[0].X1);
+        EXPECT_NEAR(mm, 100.0 * 1000 / figure, 100.0 * 1000 / figure * 0.01) << times;
+        // The frame stands W/20 from the page's left and top edges; at the offered figure it
+        // runs W/20 short of the right edge too, and twice the figure halves it.
+        const auto frame = s.Page.Of(OpKind::Rectangle);
+        ASSERT_EQ(frame.size(), 1U);
+        EXPECT_EQ(frame[0].Width, 5);
+        const double margin = 200.0 / 22 / times; // W/20 of a page 1.1 W wide
+        EXPECT_NEAR(s.MmX(frame[0].X1), margin, 0.05);
+        EXPECT_NEAR(s.MmY(frame[0].Y1), margin, 0.05);
+        EXPECT_NEAR(s.MmX(frame[0].X2) - s.MmX(frame[0].X1), 200.0 / 1.1 / times, 0.05);
+        if (times == 1.0) {
+            EXPECT_NEAR(200 - s.MmX(frame[0].X2), margin, 0.05);
+        }
+    }
+}
+
+TEST(PrintNetwork, WidePageIsDecidedByTheHeight) {
+    PrintScene s;
+    s.Page = RecordingSurface(1, 1);
+    s.Page.SetPage(400, 150, kDpi); // wider than the view's 4:3
+    ASSERT_TRUE(s.Run());
+    const auto frame = s.Page.Of(OpKind::Rectangle);
+    ASSERT_EQ(frame.size(), 1U);
+    // The view's height is 1/1.1 of the page's; the frame is narrower than the page.
+    EXPECT_NEAR(s.MmY(frame[0].Y2) - s.MmY(frame[0].Y1), 150 / 1.1, 0.05);
+    EXPECT_LT(s.MmX(frame[0].X2), 400 - 150 / 1.1 / 20);
+}
+
+TEST(PrintNetwork, ClipsExactlyAtTheFrame) {
+    struct Case {
+        double X1, Y1, X2, Y2;
+        ClippedLine Want;
+    };
+    // Frame from (-10, -10) to (10, 10).
+    const Case cases[] = {
+        {0, 0, 5, 5, {0, 0, 5, 5, true, true}},
+        {0, 0, 20, 10, {0, 0, 10, 5, true, false}},
+        {-20, -5, 0, 5, {-10, 0, 0, 5, false, true}},
+        {0, -30, 0, 0, {0, -10, 0, 0, false, true}},    // vertical: only y moves
+        {-30, 3, 30, 3, {-10, 3, 10, 3, false, false}}, // horizontal across
+        {0, 0, 10, 0, {0, 0, 10, 0, true, false}},      // an end exactly on the frame is out
+        {0, 0, 40, 20, {0, 0, 10, 5, true, false}},     // right side first, then nothing more
+        {0, 0, 8, 40, {0, 0, 2, 10, true, false}},      // right side untouched, bottom cuts
+        {-20, -20, 20, 20, {-10, -10, 10, 10, false, false}},
+    };
+    for (const Case& c : cases) {
+        const ClippedLine got = ClipToFrame(c.X1, c.Y1, c.X2, c.Y2, -10, -10, 10, 10);
+        EXPECT_DOUBLE_EQ(got.X1, c.Want.X1) << c.X1 << "," << c.Y1 << " " << c.X2 << "," << c.Y2;
+        EXPECT_DOUBLE_EQ(got.Y1, c.Want.Y1);
+        EXPECT_DOUBLE_EQ(got.X2, c.Want.X2);
+        EXPECT_DOUBLE_EQ(got.Y2, c.Want.Y2);
+        EXPECT_EQ(got.In1, c.Want.In1);
+        EXPECT_EQ(got.In2, c.Want.In2);
+    }
+}
+
+TEST(PrintNetwork, AirwayCrossingTheFrameIsCutAndCarriesNoValue) {
+    PrintScene s;
+    // A long drive from inside out through the right side of the frame (x = 250).
+    const std::int32_t out = s.Add(100, 20, 490, 400, 20, 490);
+    s.Row(out).Quantity = 77;
+    s.Row(out).BranchName = "Outbye";
+    s.Refresh();
+    ASSERT_TRUE(s.Run());
+    bool found = false;
+    for (const RecordedOp& op : s.AirwayLines()) {
+        if (op.Y1 != 20 || op.Y2 != 20) continue;
+        found = true;
+        EXPECT_FLOAT_EQ(op.X1, 50);  // window x of world 100 with the centre at 50
+        EXPECT_FLOAT_EQ(op.X2, 200); // the frame's right side: ScaleLeft -200 + 400
+    }
+    EXPECT_TRUE(found);
+    const auto texts = s.Page.Texts();
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "Outbye"), 0);
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "77.0"), 0);
+    // The airway inside keeps its value and name, the value on its own background.
+    const RecordedOp* value = s.Page.FindText("12.5");
+    ASSERT_NE(value, nullptr);
+    EXPECT_TRUE(value->Opaque);
+    EXPECT_NE(s.Page.FindText("Main drive"), nullptr);
+}
+
+TEST(PrintNetwork, TitleLineHoldsScaleLevelAndValue) {
+    PrintScene s;
+    ASSERT_TRUE(s.Run(2500));
+    const auto texts = s.Page.Texts();
+    const std::string want = "KARVANE  Ventilation plan   Scale 1:2500RL Name U/Ground   AirFlow Simulation  "
+                             "Airflow Quantity";
+    EXPECT_NE(std::find(texts.begin(), texts.end(), want), texts.end());
+    const RecordedOp* title = s.Page.FindText(want);
+    ASSERT_NE(title, nullptr);
+    EXPECT_EQ(title->FontSize, 10);
+    EXPECT_EQ(title->OpColour, 0);
+    EXPECT_LT(title->Y1, -150); // in the margin over the frame
+}
+
+TEST(PrintNetwork, MonochromeLinesAreBlackButLegendAndGridKeepColours) {
+    PrintScene s;
+    s.Print.PrintInColour = 0;
+    s.Ds.GridOn = true;
+    s.Ds.View.DisplayOptions = static_cast<std::int16_t>(s.Ds.View.DisplayOptions & ~opt::ShowArrows);
+    // A spread on show: the drive reached at the top level, the crosscut not reached.
+    s.M.GasActive = 1;
+    s.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
+    s.Row(s.Main).Gas2 = 100;
+    s.Row(s.Cross).Gas2 = 0;
+    ASSERT_TRUE(s.Run());
+    std::vector<RecordedOp> lines;
+    for (const RecordedOp& op : s.AirwayLines()) {
+        if (op.Kind == OpKind::Line && op.OpColour != s.M.Set.Colours[6]) lines.push_back(op);
+    }
+    ASSERT_GE(lines.size(), 2U);
+    lines.resize(2);
+    for (const RecordedOp& op : lines) EXPECT_EQ(op.OpColour, 0);
+    EXPECT_EQ(lines[0].Width, 9) << "band 6 draws 6 + 3 wide";
+    EXPECT_EQ(lines[1].Style, LineStyle::Dotted) << "a grey line stays dotted in black";
+    EXPECT_EQ(lines[0].Style, LineStyle::Solid);
+    const auto legend = s.Page.Of(OpKind::FilledRectangle);
+    ASSERT_EQ(legend.size(), 7U);
+    for (int k = 0; k <= 6; ++k) EXPECT_EQ(legend[static_cast<std::size_t>(k)].OpColour, PrintColours()[6 - k]);
+    EXPECT_NE(s.Page.FindText("100"), nullptr);
+    bool grid = false;
+    for (const RecordedOp& op : s.Page.Of(OpKind::Line))
+        grid = grid || (op.Width == 1 && op.OpColour == s.M.Set.Colours[6]);
+    EXPECT_TRUE(grid);
+    // In colour the same print draws the bands.
+    PrintScene c;
+    c.M.GasActive = 1;
+    c.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
+    c.Row(c.Main).Gas2 = 50;
+    ASSERT_TRUE(c.Run());
+    EXPECT_EQ(c.AirwayLines()[0].OpColour, PrintColours()[3]); // 40 reached last, from 5 down: 6 - 3
+}
+
+TEST(PrintNetwork, SourcingLegendAndTextThatDoesNotFit) {
+    PrintScene s;
+    s.M.GasActive = 2;
+    // A name near the right side of the frame is left out, not cut.
+    const std::int32_t edge = s.Add(230, -60, 490, 248, -60, 490);
+    s.Row(edge).BranchName = "Edge";
+    s.Refresh();
+    ASSERT_TRUE(s.Run());
+    const auto boxes = s.Page.Of(OpKind::FilledRectangle);
+    ASSERT_EQ(boxes.size(), 4U);
+    EXPECT_EQ(boxes[1].OpColour, PaletteColour(9));
+    for (const char* caption : {"unknown", "fresh", "potential source", "smoke"})
+        EXPECT_NE(s.Page.FindText(caption), nullptr) << caption;
+    EXPECT_EQ(s.Page.FindText("Edge"), nullptr);
+}
+
+TEST(PrintNetwork, FaultsGivePrintingError) {
+    PrintScene s;
+    RecordingSurface window(800, 600); // no paper
+    BuildDrawnList(s.M, s.Ds);
+    s.Ds.ScaleFigure = 1000;
+    EXPECT_FALSE(PrintNetwork(s.M, s.Ds, window, s.Print, s.Ui));
+    ASSERT_FALSE(s.Ui.Transcript.empty());
+    EXPECT_EQ(s.Ui.Transcript.back().Text, "Printing Error");
+    EXPECT_EQ(s.Ds.ScaleFigure, 0);
+    // No current window: nothing at all.
+    s.Ds.WindowCurrent = false;
+    EXPECT_FALSE(PrintNetwork(s.M, s.Ds, s.Page, s.Print, s.Ui));
+    EXPECT_TRUE(s.Page.Ops.empty());
+}
+
+TEST(PrintNetwork, SvgPageHasPaperSize) {
+    PrintScene s;
+    SvgSurface svg(1, 1);
+    svg.SetPage(200, 280, kDpi);
+    BuildDrawnList(s.M, s.Ds);
+    ASSERT_TRUE(PrintNetwork(s.M, s.Ds, svg, s.Print, s.Ui));
+    const std::string doc = svg.Document();
+    EXPECT_NE(doc.find("width=\"200mm\" height=\"280mm\""), std::string::npos);
+    EXPECT_NE(doc.find("Main drive"), std::string::npos);
+}
+
+} // namespace
+} // namespace karvane::display
