@@ -22,5 +22,6 @@ void AddSimulateCommand(
 void AddSummaryCommand(CommandLine& cl); // summary FILE [--json]
 void AddTableCommand(CommandLine& cl);   // table FILE [--simulate] [--csv|--json] [--units si|british]
 void AddAirwayCommand(CommandLine& cl);  // airway FILE AIRWAYNO [--simulate] [--json] [--curve OUT.svg]
+void AddPrintCommand(CommandLine& cl);   // print FILE OUT.pdf [--scale N] [--paper A4] ... (with Qt's GUI module)
 
 } // namespace karvane::cli

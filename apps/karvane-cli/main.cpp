@@ -20,5 +20,8 @@ int main(int argc, char** argv) {
     AddSummaryCommand(cl);
     AddTableCommand(cl);
     AddAirwayCommand(cl);
+#ifdef KARVANE_CLI_QT
+    AddPrintCommand(cl);
+#endif
     return cl.Run(argc, argv);
 }

@@ -3,6 +3,7 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPagedPaintDevice>
 #include <QPainterPath>
 #include <QPen>
 #include <algorithm>
@@ -34,18 +35,62 @@ QColor QtSurface::ToQColor(display::Colour colour) {
     return QColor(static_cast<int>(c & 0xFF), static_cast<int>((c >> 8) & 0xFF), static_cast<int>((c >> 16) & 0xFF));
 }
 
-QtSurface::QtSurface(int width, int height) : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32) {
+QtSurface::QtSurface(int width, int height)
+    : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32), device_(&image_) {
     image_.fill(Qt::black);
     width_ = static_cast<float>(image_.width());
     height_ = static_cast<float>(image_.height());
 }
 
-QtSurface::~QtSurface() { EndPainting(); }
+QtSurface::QtSurface(QPagedPaintDevice& device) : device_(&device), paged_(&device) {
+    const QRectF printable = device.pageLayout().paintRect(QPageLayout::Millimeter);
+    pageWidthMm_ = printable.width();
+    pageHeightMm_ = printable.height();
+    width_ = static_cast<float>(AreaWidth());
+    height_ = static_cast<float>(AreaHeight());
+    back_ = 0xFFFFFF; // white paper: the background of opaque text
+    pixelsPerPoint_ = device.logicalDpiY() > 0 ? device.logicalDpiY() / 72.0 : 600.0 / 72.0;
+}
+
+QtSurface::~QtSurface() { EndDocument(); }
+
+int QtSurface::AreaWidth() const { return std::max(1, device_->width()); }
+
+int QtSurface::AreaHeight() const { return std::max(1, device_->height()); }
+
+bool QtSurface::PainterActive() {
+    if (ended_) return false;
+    return Painter().isActive();
+}
+
+void QtSurface::NewPage() {
+    if (!paged_ || ended_) return;
+    FlushLines();
+    Painter();
+    paged_->newPage();
+}
+
+void QtSurface::EndDocument() {
+    // Ending the painter of a printer finishes the document and sends it.
+    FlushLines();
+    if (painter_) {
+        painter_->end();
+        painter_.reset();
+    }
+    if (paged_) {
+        // Whatever is drawn after the end lands on a scratch picture, never in a new document.
+        paged_ = nullptr;
+        ended_ = true;
+        image_ = QImage(1, 1, QImage::Format_RGB32);
+        device_ = &image_;
+        fontDirty_ = true;
+    }
+}
 
 void QtSurface::Resize(int width, int height) {
     width = std::max(1, width);
     height = std::max(1, height);
-    if (width == image_.width() && height == image_.height()) return;
+    if (paged_ || (width == image_.width() && height == image_.height())) return;
     EndPainting();
     QImage resized(width, height, QImage::Format_RGB32);
     resized.fill(ToQColor(back_));
@@ -63,11 +108,11 @@ const QImage& QtSurface::Picture() {
 }
 
 QPointF QtSurface::ToWindow(const QPointF& pixel) const {
-    return {left_ + pixel.x() / image_.width() * width_, top_ + pixel.y() / image_.height() * height_};
+    return {left_ + pixel.x() / AreaWidth() * width_, top_ + pixel.y() / AreaHeight() * height_};
 }
 
 QPointF QtSurface::ToPixel(double x, double y) const {
-    return {Held((x - left_) / width_ * image_.width()), Held((y - top_) / height_ * image_.height())};
+    return {Held((x - left_) / width_ * AreaWidth()), Held((y - top_) / height_ * AreaHeight())};
 }
 
 void QtSurface::SetCoordinateBox(float left, float top, float width, float height) {
@@ -84,7 +129,7 @@ void QtSurface::SetCoordinateBox(float left, float top, float width, float heigh
 
 QPainter& QtSurface::Painter() {
     if (!painter_) {
-        painter_ = std::make_unique<QPainter>(&image_);
+        painter_ = std::make_unique<QPainter>(device_);
         const bool invert = mode_ == display::DrawMode::Invert;
         painter_->setRenderHint(QPainter::Antialiasing, !invert);
         painter_->setRenderHint(QPainter::TextAntialiasing, !invert);
@@ -97,6 +142,8 @@ QPainter& QtSurface::Painter() {
 
 void QtSurface::EndPainting() {
     FlushLines();
+    // The painter of a printer stays open to the end: ending it ends the document.
+    if (paged_) return;
     if (painter_) {
         painter_->end();
         painter_.reset();
@@ -147,7 +194,7 @@ const QFont& QtSurface::Font() {
         font_.setStyleHint(QFont::SansSerif);
         font_.setPixelSize(std::max(1, static_cast<int>(std::lround(std::max(1, fontPoints_) * pixelsPerPoint_))));
         font_.setBold(fontBold_);
-        metrics_ = std::make_unique<QFontMetricsF>(font_);
+        metrics_ = paged_ ? std::make_unique<QFontMetricsF>(font_, device_) : std::make_unique<QFontMetricsF>(font_);
         painterFontSet_ = false;
         fontDirty_ = false;
     }
@@ -177,6 +224,10 @@ void QtSurface::UsePen(display::Colour colour) {
 
 void QtSurface::Clear() {
     EndPainting();
+    if (paged_) {
+        Painter().fillRect(QRectF(0, 0, AreaWidth(), AreaHeight()), ToQColor(back_));
+        return;
+    }
     image_.fill(ToQColor(back_));
 }
 
@@ -233,19 +284,14 @@ void QtSurface::Circle(float x, float y, float radius) {
     QPainter& p = Painter();
     UsePen(fore_);
     p.setBrush(Qt::NoBrush);
-    const double r = Held(std::fabs(static_cast<double>(radius) / width_ * image_.width()));
+    const double r = Held(std::fabs(static_cast<double>(radius) / width_ * AreaWidth()));
     p.drawEllipse(ToPixel(x, y), r, r);
 }
 
-const QImage& QtSurface::SymbolImage(int symbol, int w, int h) {
-    const auto key = std::make_tuple(symbol, w, h);
-    auto found = symbols_.find(key);
-    if (found != symbols_.end()) return found->second;
-    QImage picture(w, h, QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter p(&picture);
-    p.setRenderHint(QPainter::Antialiasing);
-    p.scale(w / 100.0, h / 100.0);
+namespace {
+
+// The shapes of a symbol's picture in its 100 x 100 box, on a painter scaled to the box.
+void PaintSymbol(QPainter& p, int symbol) {
     for (const display::SymbolShape& shape : display::SymbolPicture(symbol)) {
         const std::vector<float>& v = shape.Points;
         QPainterPath path;
@@ -269,15 +315,29 @@ const QImage& QtSurface::SymbolImage(int symbol, int w, int h) {
             break;
         }
         if (shape.Fill >= 0 && shape.Shape != display::SymbolShape::Kind::Polyline)
-            p.fillPath(path, ToQColor(shape.Fill));
+            p.fillPath(path, QtSurface::ToQColor(shape.Fill));
         if (shape.Stroke >= 0 && shape.StrokeWidth > 0) {
-            QPen pen(ToQColor(shape.Stroke));
+            QPen pen(QtSurface::ToQColor(shape.Stroke));
             pen.setWidthF(shape.StrokeWidth);
             pen.setJoinStyle(Qt::RoundJoin);
             pen.setCapStyle(Qt::RoundCap);
             p.strokePath(path, pen);
         }
     }
+}
+
+} // namespace
+
+const QImage& QtSurface::SymbolImage(int symbol, int w, int h) {
+    const auto key = std::make_tuple(symbol, w, h);
+    auto found = symbols_.find(key);
+    if (found != symbols_.end()) return found->second;
+    QImage picture(w, h, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter p(&picture);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.scale(w / 100.0, h / 100.0);
+    PaintSymbol(p, symbol);
     p.end();
     // A picture at a new size of the view replaces the old ones; the cache stays small.
     if (symbols_.size() > 64) symbols_.clear();
@@ -291,9 +351,20 @@ void QtSurface::PutBitmap(int symbol, float x, float y, float width, float heigh
     const int w = static_cast<int>(std::lround(r.width()));
     const int h = static_cast<int>(std::lround(r.height()));
     // Symbols below two pixels show nothing; those larger than the area are not drawn either.
-    if (w < 2 || h < 2 || w > 4 * image_.width() + 64 || h > 4 * image_.height() + 64) return;
-    if (!r.intersects(QRectF(0, 0, image_.width(), image_.height()))) return;
+    if (w < 2 || h < 2 || w > 4 * AreaWidth() + 64 || h > 4 * AreaHeight() + 64) return;
+    if (!r.intersects(QRectF(0, 0, AreaWidth(), AreaHeight()))) return;
     QPainter& p = Painter();
+    if (paged_) {
+        // On paper the symbol goes as its vector picture, sharp at any resolution.
+        p.save();
+        p.translate(r.topLeft());
+        p.scale(r.width() / 100.0, r.height() / 100.0);
+        p.setRenderHint(QPainter::Antialiasing);
+        PaintSymbol(p, symbol);
+        p.restore();
+        painterPenSet_ = false;
+        return;
+    }
     p.drawImage(r.topLeft(), SymbolImage(symbol, w, h));
 }
 
@@ -307,7 +378,7 @@ void QtSurface::PrintText(const std::string& text) {
     const QFontMetricsF& metrics = Metrics();
     const QPointF at = ToPixel(curX_, curY_);
     // Text wholly off the area is not laid out at all.
-    if (at.x() > image_.width() + 8 || at.y() > image_.height() + 8 || at.y() < -metrics.height() - 8) return;
+    if (at.x() > AreaWidth() + 8 || at.y() > AreaHeight() + 8 || at.y() < -metrics.height() - 8) return;
     QPainter& p = Painter();
     if (!painterFontSet_) {
         p.setFont(font_);
@@ -323,11 +394,11 @@ void QtSurface::PrintText(const std::string& text) {
 }
 
 float QtSurface::TextWidth(const std::string& text) {
-    return static_cast<float>(Metrics().horizontalAdvance(FromCp1252(text)) * width_ / image_.width());
+    return static_cast<float>(Metrics().horizontalAdvance(FromCp1252(text)) * width_ / AreaWidth());
 }
 
 float QtSurface::TextHeight(const std::string&) {
-    return static_cast<float>(Metrics().height() * height_ / image_.height());
+    return static_cast<float>(Metrics().height() * height_ / AreaHeight());
 }
 
 void QtSurface::Refresh() {

@@ -18,12 +18,18 @@
 #include "display/surface.h"
 
 class QPainter;
+class QPaintDevice;
+class QPagedPaintDevice;
 
 namespace karvane::shell {
 
 class QtSurface : public display::Surface {
 public:
     QtSurface(int width = 1, int height = 1);
+    // A page surface over a printer or a PDF writer, whose paper, orientation and resolution are
+    // set already: the area is the printable area, line widths count in its dots, text in points
+    // of its resolution, and symbols go on paper as vector pictures.
+    explicit QtSurface(QPagedPaintDevice& device);
     ~QtSurface() override;
     QtSurface(const QtSurface&) = delete;
     QtSurface& operator=(const QtSurface&) = delete;
@@ -45,8 +51,8 @@ public:
     float BoxWidth() const { return width_; }
     float BoxHeight() const { return height_; }
 
-    int AreaWidth() const override { return image_.width(); }
-    int AreaHeight() const override { return image_.height(); }
+    int AreaWidth() const override;
+    int AreaHeight() const override;
     void SetCoordinateBox(float left, float top, float width, float height) override;
     void SetBackColour(display::Colour colour) override { back_ = colour; }
     void Clear() override;
@@ -74,6 +80,13 @@ public:
     void Refresh() override;
     void SetBuffered(bool buffered) override { buffered_ = buffered; }
     bool Buffered() const { return buffered_; }
+    double PageWidthMm() const override { return pageWidthMm_; }
+    double PageHeightMm() const override { return pageHeightMm_; }
+    void NewPage() override;
+    void EndDocument() override;
+    // Whether the painter could be opened on the device (a printer or file that cannot be
+    // written fails here).
+    bool PainterActive();
 
     static QColor ToQColor(display::Colour colour);
 
@@ -88,6 +101,11 @@ private:
     const QImage& SymbolImage(int symbol, int w, int h);
 
     QImage image_;
+    // The device drawn on: the image, or a printer's pages.
+    QPaintDevice* device_ = nullptr;
+    QPagedPaintDevice* paged_ = nullptr;
+    double pageWidthMm_ = 0, pageHeightMm_ = 0;
+    bool ended_ = false;
     std::unique_ptr<QPainter> painter_;
     std::function<void()> onRefresh_;
     float left_ = 0, top_ = 0, width_ = 1, height_ = 1;
