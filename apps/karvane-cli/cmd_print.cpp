@@ -1,7 +1,7 @@
-// print FILE OUT.pdf [--simulate] [--scale N] [--paper NAME] [--landscape] [--mono]
+// print FILE OUT.pdf|OUT.svg [--simulate] [--scale N] [--paper NAME] [--landscape] [--mono]
 // [--title TEXT] [--level NAME] [--view N] [--data TYPE]: prints the first view window of a
 // network (or a saved view) to scale as the desktop program's print does, into a PDF file
-// through Qt's PDF output on the offscreen platform.
+// through Qt's PDF output on the offscreen platform, or into an SVG page of the same paper.
 #include <QRectF>
 #include <cmath>
 #include <iostream>
@@ -11,8 +11,10 @@
 #include "display/mapped_surface.h"
 #include "display/print_network.h"
 #include "display/renderer.h"
+#include "display/svg_surface.h"
 #include "display/view_title.h"
 #include "files/number_text.h"
+#include "files/text_file.h"
 #include "gui_output.h"
 #include "session.h"
 #include "shell/page_job.h"
@@ -108,13 +110,31 @@ int Print(const CommandLine& cl, PrintOptions o) {
     print.PrintOrientation = o.Landscape ? 1 : 0;
     print.PrintTitle = o.TitleGiven ? shell::ToCp1252(title)
                                     : (TrimText(m.FileComment).empty() ? "Unnamed Network" : m.FileComment);
-    QString error;
-    const bool written = shell::WritePdf(
-        shell::FromPath(o.Out), *paper, orientation, shell::FromCp1252(print.PrintTitle),
-        [&](display::Surface& page) { return display::PrintNetwork(m, *ds, page, print, ui); }, &error);
-    if (!written) {
-        ui.Message(error.toStdString(), kTitle, ui::Icon::Critical);
-        return ExitFailure;
+    if (HasExtension(o.Out, ".svg")) {
+        // The same page as an SVG picture of the paper's size, in dots of the PDF's resolution.
+        const QRectF full = layout.fullRect(QPageLayout::Millimeter);
+        display::SvgSurface svg(1, 1);
+        svg.SetPage(full.width(), full.height(), shell::PdfDotsPerInch);
+        if (!display::PrintNetwork(m, *ds, svg, print, ui)) return ExitFailure;
+        files::TextFileWriter writer;
+        int code = writer.Open(o.Out);
+        if (code == 0) {
+            writer.Write(svg.Document());
+            code = writer.Commit();
+        }
+        if (code != 0) {
+            ui.Message(files::FileErrorText(code, " occurred writing file") + " " + o.Out, kTitle, ui::Icon::Critical);
+            return ExitFailure;
+        }
+    } else {
+        QString error;
+        const bool written = shell::WritePdf(
+            shell::FromPath(o.Out), *paper, orientation, shell::FromCp1252(print.PrintTitle),
+            [&](display::Surface& page) { return display::PrintNetwork(m, *ds, page, print, ui); }, &error);
+        if (!written) {
+            ui.Message(error.toStdString(), kTitle, ui::Icon::Critical);
+            return ExitFailure;
+        }
     }
     std::cout << o.Out << ": scale 1:" << files::PlainSingle(printed, '.') << ", " << o.Paper
               << (o.Landscape ? " landscape" : " portrait") << (o.Mono ? ", black lines" : ", colour") << "\n";
@@ -128,7 +148,7 @@ void AddPrintCommand(CommandLine& cl) {
     CLI::App* sub = cl.Add("print", "Print a network's first view window to scale into a PDF file",
                            [&cl, o] { return Print(cl, *o); });
     sub->add_option("FILE", o->View.File, "Network file (.sim or .smm)")->required();
-    sub->add_option("OUT", o->Out, "PDF file to write")->required();
+    sub->add_option("OUT", o->Out, "PDF file to write (an .svg name writes the page as SVG)")->required();
     sub->add_flag("--simulate", o->View.Simulate, "Balance the network first and print the results");
     sub->add_option("--scale", o->Scale, "Scale figure N of 1:N (default: the view's own on this paper)");
     sub->add_option("--paper", o->Paper, "Paper: A0 to A5, B4, B5, Letter, Legal, Tabloid, ... (default A4)");

@@ -6,6 +6,7 @@
 #ifdef KARVANE_CLI_QT
 #include <QGuiApplication>
 #include <QImageWriter>
+#include <cstdio>
 #include <memory>
 
 #include "display/renderer.h"
@@ -36,6 +37,10 @@ void StartGuiOutput() {
     static int argc = 1;
     static char name[] = "karvane-cli";
     static char* argv[] = {name, nullptr};
+    // Qt's own notes (a missing runtime folder, font substitutions) are no messages of the program.
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "Qt: %s\n", qPrintable(text));
+    });
     static std::unique_ptr<QGuiApplication> app = std::make_unique<QGuiApplication>(argc, argv);
 }
 
