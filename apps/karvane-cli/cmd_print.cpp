@@ -108,8 +108,8 @@ int Print(const CommandLine& cl, PrintOptions o) {
     display::PrintSettings print;
     print.PrintInColour = o.Mono ? 0 : 1;
     print.PrintOrientation = o.Landscape ? 1 : 0;
-    print.PrintTitle = o.TitleGiven ? shell::ToCp1252(title)
-                                    : (TrimText(m.FileComment).empty() ? "Unnamed Network" : m.FileComment);
+    print.PrintTitle =
+        o.TitleGiven ? shell::ToCp1252(title) : (TrimText(m.FileComment).empty() ? "Unnamed Network" : m.FileComment);
     if (HasExtension(o.Out, ".svg")) {
         // The same page as an SVG picture of the paper's size, in dots of the PDF's resolution.
         const QRectF full = layout.fullRect(QPageLayout::Millimeter);

@@ -29,8 +29,8 @@ bool SameName(const std::string& a, const std::string& b) {
 
 int ParseDataType(const std::string& text, ui::UserInterface& ui, const std::string& title) {
     if (text.empty()) return 0;
-    const int dataType = std::isdigit(static_cast<unsigned char>(text[0])) ? std::atoi(text.c_str())
-                                                                           : display::DataTypeByName(text);
+    const int dataType =
+        std::isdigit(static_cast<unsigned char>(text[0])) ? std::atoi(text.c_str()) : display::DataTypeByName(text);
     if (!display::IsDataType(dataType)) {
         ui.Message("Unknown data type: " + text, title, ui::Icon::Critical);
         return -1;

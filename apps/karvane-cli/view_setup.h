@@ -18,7 +18,7 @@ struct ViewRequest {
     std::string Level;
     bool AllLevels = false;
     bool Simulate = false;
-    bool Progress = false; // print the captions of the run
+    bool Progress = false;          // print the captions of the run
     int Width = 1200, Height = 900; // the view window's drawing area, pixels
 };
 

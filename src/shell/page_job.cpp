@@ -14,13 +14,22 @@
 namespace karvane::shell {
 
 const std::vector<StandardPaper>& StandardPapers() {
-    static const std::vector<StandardPaper> papers{
-        {"A0", QPageSize::A0},           {"A1", QPageSize::A1},         {"A2", QPageSize::A2},
-        {"A3", QPageSize::A3},           {"A4", QPageSize::A4},         {"A5", QPageSize::A5},
-        {"B4", QPageSize::B4},           {"B5", QPageSize::B5},         {"Letter", QPageSize::Letter},
-        {"Legal", QPageSize::Legal},     {"Tabloid", QPageSize::Tabloid}, {"Ledger", QPageSize::Ledger},
-        {"Executive", QPageSize::Executive}, {"ANSI C", QPageSize::AnsiC}, {"ANSI D", QPageSize::AnsiD},
-        {"ANSI E", QPageSize::AnsiE}};
+    static const std::vector<StandardPaper> papers{{"A0", QPageSize::A0},
+                                                   {"A1", QPageSize::A1},
+                                                   {"A2", QPageSize::A2},
+                                                   {"A3", QPageSize::A3},
+                                                   {"A4", QPageSize::A4},
+                                                   {"A5", QPageSize::A5},
+                                                   {"B4", QPageSize::B4},
+                                                   {"B5", QPageSize::B5},
+                                                   {"Letter", QPageSize::Letter},
+                                                   {"Legal", QPageSize::Legal},
+                                                   {"Tabloid", QPageSize::Tabloid},
+                                                   {"Ledger", QPageSize::Ledger},
+                                                   {"Executive", QPageSize::Executive},
+                                                   {"ANSI C", QPageSize::AnsiC},
+                                                   {"ANSI D", QPageSize::AnsiD},
+                                                   {"ANSI E", QPageSize::AnsiE}};
     return papers;
 }
 
@@ -29,8 +38,9 @@ std::optional<QPageSize> PaperByName(const QString& name) {
     for (const StandardPaper& p : StandardPapers()) {
         const QString known = QString::fromLatin1(p.Name);
         if (known.compare(wanted, Qt::CaseInsensitive) == 0 ||
-            QString(known).remove(QLatin1Char(' ')).compare(QString(wanted).remove(QLatin1Char(' ')),
-                                                            Qt::CaseInsensitive) == 0)
+            QString(known)
+                    .remove(QLatin1Char(' '))
+                    .compare(QString(wanted).remove(QLatin1Char(' ')), Qt::CaseInsensitive) == 0)
             return QPageSize(p.Id);
     }
     return std::nullopt;
@@ -91,15 +101,15 @@ bool WritePdf(const QString& path, const QPageSize& paper, QPageLayout::Orientat
         return false;
     }
     // rename() replaces an existing target in one step.
-    if (std::rename(QFile::encodeName(partialName).constData(), QFile::encodeName(target.absoluteFilePath()).constData()) !=
-        0) {
+    if (std::rename(QFile::encodeName(partialName).constData(),
+                    QFile::encodeName(target.absoluteFilePath()).constData()) != 0) {
         if (error) *error = QStringLiteral("The file could not be written: %1").arg(path);
         return false;
     }
     partial.setAutoRemove(false);
     // The temporary file was made readable by its owner alone; the print is an ordinary file.
-    QFile::setPermissions(target.absoluteFilePath(), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup |
-                                                         QFile::ReadOther);
+    QFile::setPermissions(target.absoluteFilePath(),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     return true;
 }
 

@@ -2,8 +2,8 @@
 #include "shell/qt_surface.h"
 
 #include <QFontMetricsF>
-#include <QPainter>
 #include <QPagedPaintDevice>
+#include <QPainter>
 #include <QPainterPath>
 #include <QPen>
 #include <algorithm>
@@ -36,7 +36,8 @@ QColor QtSurface::ToQColor(display::Colour colour) {
 }
 
 QtSurface::QtSurface(int width, int height)
-    : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32), device_(&image_) {
+    : image_(std::max(1, width), std::max(1, height), QImage::Format_RGB32),
+      device_(&image_) {
     image_.fill(Qt::black);
     width_ = static_cast<float>(image_.width());
     height_ = static_cast<float>(image_.height());

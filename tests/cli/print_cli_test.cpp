@@ -48,7 +48,8 @@ std::vector<Segment> Segments(const std::string& svg, double mmPerUnit) {
     static const std::regex widthRe(R"(stroke-width[:=]"?([0-9.]+))");
     static const std::regex strokeRe(R"(stroke[:=]"?(#[0-9a-f]{6}|rgb\([^)]*\)))");
     static const std::regex dRe(R"( d="([^"]*)\")");
-    static const std::regex matrixRe(R"(matrix\(([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+)\))");
+    static const std::regex matrixRe(
+        R"(matrix\(([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+),([-0-9.e]+)\))");
     for (auto it = std::sregex_iterator(svg.begin(), svg.end(), pathRe); it != std::sregex_iterator(); ++it) {
         const std::string attrs = (*it)[1];
         std::smatch w, st, d, mx;
@@ -99,9 +100,8 @@ protected:
     void TearDown() override { fs::remove_all(dir_); }
 
     int Run(const std::string& args) {
-        const std::string cmd =
-            std::string("'") + KARVANE_CLI + "' " + args + " >'" + (dir_ / "out.txt").string() + "' 2>'" +
-            (dir_ / "err.txt").string() + "'";
+        const std::string cmd = std::string("'") + KARVANE_CLI + "' " + args + " >'" + (dir_ / "out.txt").string() +
+                                "' 2>'" + (dir_ / "err.txt").string() + "'";
         const int status = std::system(cmd.c_str());
         err_ = Slurp(dir_ / "err.txt");
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
@@ -198,8 +198,8 @@ TEST_F(PrintCli, TitleLineMonochromeAndTheSvgPageAgree) {
     // In colour the lines take the network's colours.
     ASSERT_EQ(Print("colour.pdf", "--level 'Main Level'"), 0) << err_;
     const auto colour = AirwayLines(PdfSegments("colour.pdf"), 72.0 / 600);
-    EXPECT_TRUE(std::any_of(colour.begin(), colour.end(),
-                            [](const Segment& s) { return s.Stroke != "rgb(0%,0%,0%)"; }));
+    EXPECT_TRUE(
+        std::any_of(colour.begin(), colour.end(), [](const Segment& s) { return s.Stroke != "rgb(0%,0%,0%)"; }));
 }
 
 TEST_F(PrintCli, RefusesBadInputAndLeavesNoFile) {
