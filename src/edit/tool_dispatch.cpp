@@ -310,6 +310,8 @@ void ToolDispatcher::ReleaseTool(const ToolEvent& event) {
 bool ToolDispatcher::OnKeyDown(int keyCode) {
     if (keyCode == key::Up || keyCode == key::Down) {
         host_.StepLevel(keyCode == key::Up ? -1 : 1);
+        // The level change redraws the window: a rubber band in progress is gone from it.
+        if (s_.MouseIsDown) s_.RubberDrawn = s_.RubberLineDrawn = false;
         return true;
     }
     const int value = CommandOfKey(keyCode);

@@ -342,6 +342,12 @@ void MainWindow::BuildMenus() {
             [this] { TileWindows(2); });
     connect(AddAction(window, "mnuFreeze", QStringLiteral("Freeze")), &QAction::triggered, this,
             &MainWindow::ToggleFreeze);
+    QAction* layerInherit = AddAction(window, "mnuLayerInherit", QStringLiteral("Layer Inheritance"));
+    layerInherit->setCheckable(true);
+    connect(layerInherit, &QAction::triggered, this, [this, layerInherit] {
+        edit::ToggleLayerInheritance(*model_, ui_);
+        layerInherit->setChecked(model_->Set.LayerInherit);
+    });
     window->addSeparator();
     for (int i = 0; i < edit::MaxViewWindows; ++i) {
         QAction* a = window->addAction(QStringLiteral("View %1").arg(i + 1));
@@ -399,6 +405,7 @@ void MainWindow::UpdateMenuTicks() {
     action(QStringLiteral("mnuPlanS"))->setChecked(v.Is3D == 0);
     action(QStringLiteral("mnu3d"))->setChecked(v.Is3D != 0);
     action(QStringLiteral("mnuGridFlag"))->setChecked(ds_->GridOn);
+    action(QStringLiteral("mnuLayerInherit"))->setChecked(model_->Set.LayerInherit);
     const int mode = std::clamp<int>(v.LevelMode, 1, 4) - 1;
     levelModes_[static_cast<std::size_t>(mode)]->setChecked(true);
     for (auto& [type, a] : dataTypeEntries_) a->setChecked(type == v.DataType);

@@ -401,6 +401,13 @@ bool MainWindow::CommandAvailable(int value) const {
     switch (value) {
     case edit::cmd::Zoom:
     case edit::cmd::Fit:
+    case edit::cmd::Draw:
+    case edit::cmd::Move:
+    case edit::cmd::Reverse:
+    case edit::cmd::Fan:
+    case edit::cmd::Names:
+    case edit::cmd::Edit:
+    case edit::cmd::Insert:
     case edit::cmd::Contaminant:
     case edit::cmd::Info:
     case edit::cmd::Simulate:
@@ -428,9 +435,10 @@ void MainWindow::CommandUnavailable(int value) {
     statusBar()->showMessage(what + QStringLiteral(": not yet available in this version of Karvane"), 5000);
 }
 
-void MainWindow::ToolPress(const edit::ToolEvent&) {}
+void MainWindow::ToolPress(const edit::ToolEvent& event) { editTools_->Press(event, *dispatcher_); }
 
 void MainWindow::ToolRelease(const edit::ToolEvent& event) {
+    if (editTools_->Release(event)) return;
     switch (event.Tool) {
     case edit::tool::Contaminant: {
         const display::AirwayPick pick = display::FindAirway(*model_, *ds_, event.CurX, event.CurY);

@@ -9,11 +9,14 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "commands/command_host.h"
 #include "contaminant/spread.h"
 #include "display/view_state.h"
+#include "edit/edit_host.h"
+#include "edit/edit_tools.h"
 #include "edit/tool_dispatch.h"
 #include "edit/view_windows.h"
 #include "exchange/stations.h"
@@ -59,6 +62,7 @@ class MainWindow : public QMainWindow,
                    public ViewWindowEvents,
                    public edit::ToolHost,
                    public commands::CommandHost,
+                   public edit::EditHost,
                    public ProgressSink {
     Q_OBJECT
 public:
@@ -125,6 +129,14 @@ public:
     void ToolRelease(const edit::ToolEvent& event) override;
     void ShowPopup(std::int32_t row, float x, float y) override;
     void HidePopup() override;
+    bool CoordinateDialogOpen() const override;
+
+    // edit::EditHost (main_construct.cpp)
+    std::optional<edit::CoordsResult> ShowCoords(const edit::CoordsRequest& request) override;
+    void ShowAirwayEditor(std::int32_t row, int mode) override;
+    bool ShowFanDialog(std::int32_t row) override;
+    void ShowAirwayInfo(std::int32_t row) override;
+    void QuickUpdateAllWindows() override;
 
     // commands::CommandHost
     bool ViewWindowOpen() const override;
@@ -314,6 +326,8 @@ private:
     dialogs::SimplifyWindow* simplify_ = nullptr;
     // The undo log: the rows every change touches, for the undo of a later version.
     files::UndoLog undo_;
+    // The construction tools of the view windows, over the undo log.
+    std::unique_ptr<edit::EditTools> editTools_;
     // The real-time stations: the labels at their airways, and the input and output timers.
     class StationRoads;
     std::unique_ptr<exchange::StationMonitor> monitor_;

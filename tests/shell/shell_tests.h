@@ -33,6 +33,7 @@ private Q_SLOTS:
     void toolButtonsAndKeysReachTheirTools();
     void eachViewWindowKeepsItsOwnView();
     void namedViewsAreSavedAndChosenFromTheList();
+    void theConstructionToolsDrawMoveAndReverseAirways();
 };
 
 // The drawing surface of the view windows.

@@ -160,10 +160,10 @@ void ViewWindowTest::toolButtonsAndKeysReachTheirTools() {
     QVERIFY(rig.W().action(QStringLiteral("mnuZoom"))->isChecked());
 
     // A tool whose work is not in this version: the key is answered on the status bar.
-    rig.Key(v, Qt::Key_F3);
+    rig.Key(v, Qt::Key_F4);
     QCOMPARE(rig.W().dispatcher().Tool(), edit::tool::Zoom);
     QVERIFY(rig.W().statusBar()->currentMessage().contains(QStringLiteral("not yet available")));
-    QVERIFY(!rig.W().Trigger(QStringLiteral("Tool4")));
+    QVERIFY(!rig.W().Trigger(QStringLiteral("Tool8")));
 
     // The information tool: its pop-up stands while the right button is held over an airway.
     rig.W().Trigger(QStringLiteral("Tool13"));
@@ -287,6 +287,51 @@ void ViewWindowTest::namedViewsAreSavedAndChosenFromTheList() {
     rig.Ui.Answers.push_back(ui::Answer::Yes);
     rig.W().Trigger(QStringLiteral("mnuDelView"));
     QCOMPARE(views->count(), base);
+}
+
+} // namespace karvane::shell::testing
+
+namespace karvane::shell::testing {
+
+void ViewWindowTest::theConstructionToolsDrawMoveAndReverseAirways() {
+    ShellRig rig;
+    rig.OpenDemo();
+    ViewWindow* v = rig.View();
+    rig.Key(v, Qt::Key_F3);
+    QCOMPARE(rig.W().dispatcher().Tool(), edit::tool::Draw);
+    QVERIFY(rig.W().action(QStringLiteral("mnuBar1"))->isChecked());
+
+    // A drag across a corner of the view: a new airway, one undo step.
+    const std::int32_t count = rig.M().AirwayCount;
+    const QPointF from(12, 14), to(70, 40);
+    rig.Press(v, Qt::LeftButton, from);
+    rig.Move(v, Qt::LeftButton, QPointF(40, 30));
+    rig.Move(v, Qt::LeftButton, to);
+    rig.Release(v, Qt::LeftButton, to);
+    QVERIFY(rig.M().AirwayCount > count);
+    const Airway& drawn = rig.M().Airways[static_cast<std::size_t>(count + 1)];
+    QVERIFY(drawn.X1 != drawn.X2 || drawn.Y1 != drawn.Y2);
+    QCOMPARE(rig.M().NetworkSaved, No0);
+    QVERIFY(!rig.W().dispatcher().State().MouseIsDown);
+
+    // The new airway's free end is moved by the Move tool, then the airway is turned round.
+    rig.Key(v, Qt::Key_F5);
+    const QPointF further(90, 60);
+    rig.Press(v, Qt::LeftButton, to);
+    rig.Move(v, Qt::LeftButton, further);
+    rig.Release(v, Qt::LeftButton, further);
+    const Airway& moved = rig.M().Airways[static_cast<std::size_t>(count + 1)];
+    const std::int32_t x2 = moved.X2, x1 = moved.X1;
+    QVERIFY(x2 != x1);
+    rig.Key(v, Qt::Key_F6);
+    rig.Click(v, Qt::LeftButton, (from + further) / 2);
+    QCOMPARE(rig.M().Airways[static_cast<std::size_t>(count + 1)].X1, x2);
+
+    // The Window menu's layer inheritance.
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuLayerInherit")));
+    QVERIFY(rig.M().Set.LayerInherit);
+    QVERIFY(rig.Ui.Said("New airways WILL inherit view layer settings from connected airways."));
+    QVERIFY(rig.W().action(QStringLiteral("mnuLayerInherit"))->isChecked());
 }
 
 } // namespace karvane::shell::testing

@@ -1,0 +1,66 @@
+// The construction tools in the main window: the dialogs a tool opens in the middle of its
+// action, the quick drawing of a new airway into every window, and the "Layer Inheritance"
+// switch of the Window menu.
+#include <QMdiSubWindow>
+#include <QStatusBar>
+
+#include "dialogs/coords_dialog.h"
+#include "display/drawn_list.h"
+#include "display/renderer.h"
+#include "display/saved_views.h"
+#include "shell/main_window.h"
+
+namespace karvane::shell {
+
+std::optional<edit::CoordsResult> MainWindow::ShowCoords(const edit::CoordsRequest& request) {
+    return dialogs::RunCoordsDialog(*model_, ui_, request, ui_.DecimalSeparator(), this);
+}
+
+bool MainWindow::CoordinateDialogOpen() const { return editTools_ && editTools_->CoordinateDialogOpen(); }
+
+void MainWindow::ShowAirwayEditor(std::int32_t, int) {
+    statusBar()->showMessage(QStringLiteral("The airway editor is not yet available in this version of Karvane"), 5000);
+}
+
+bool MainWindow::ShowFanDialog(std::int32_t) {
+    statusBar()->showMessage(QStringLiteral("The fan dialog is not yet available in this version of Karvane"), 5000);
+    return false;
+}
+
+void MainWindow::ShowAirwayInfo(std::int32_t) {
+    statusBar()->showMessage(
+        QStringLiteral("The airway information window is not yet available in this version of Karvane"), 5000);
+}
+
+void MainWindow::QuickUpdateAllWindows() {
+    // The new airway is drawn over the standing pictures: lines and annotation, no clearing.
+    if (mainLoading_ || ds_->DrawingBusy || !windows_.IsOpen(windows_.CurWin) || isMinimized()) return;
+    const int current = windows_.CurWin;
+    QMdiSubWindow* sub = subs_[static_cast<std::size_t>(current)];
+    const bool onlyCurrent = sub && sub->isMaximized();
+    if (!windows_.Switching) edit::SaveCurrentWindowState(*model_, *ds_, windows_);
+    windows_.Switching = true;
+    auto drawInPlace = [this](int window) {
+        ViewWindow* v = view(window);
+        if (!v || windows_.Windows[static_cast<std::size_t>(window)].Frozen) return;
+        windows_.CurWin = window;
+        SyncArea(window);
+        if (windows_.Windows[static_cast<std::size_t>(window)].StateSaved)
+            display::LoadViewFromSlot(*model_, *ds_, display::WindowSlot(window));
+        display::BuildDrawnList(*model_, *ds_);
+        display::PrepareSurface(*model_, *ds_, v->Surface());
+        display::DrawLines(*model_, *ds_, v->Surface());
+        display::DrawAnnotations(*model_, *ds_, v->Surface());
+        v->Surface().Refresh();
+    };
+    if (!onlyCurrent)
+        for (int n = 0; n < edit::MaxViewWindows; ++n)
+            if (n != current && windows_.IsOpen(n)) drawInPlace(n);
+    drawInPlace(current);
+    windows_.CurWin = current;
+    windows_.Switching = false;
+    ShowViewStatus();
+    ShowSimIndicator();
+}
+
+} // namespace karvane::shell
