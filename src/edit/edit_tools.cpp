@@ -371,6 +371,9 @@ void EditTools::ConstructAirway(const ToolEvent& e) {
     a.PrimaryLayer = primary;
     a.SecondLayer = secondary;
 
+    // The keys of its ends, as the next refresh would give them: the display list shows keyed rows.
+    a.EntryKey = EndKey(m_, a.X1, a.Y1, a.Z1, false);
+    a.ExitKey = EndKey(m_, a.X2, a.Y2, a.Z2, false);
     RecalcAirway(m_, row);
     if (m_.Set.LastAirwayNo < INT32_MAX) ++m_.Set.LastAirwayNo;
     a.AirwayNo = m_.Set.LastAirwayNo;
@@ -425,7 +428,7 @@ std::int32_t EditTools::SplitAirway(std::int32_t x, std::int32_t y, std::int32_t
     b.ExitNode = a.ExitNode;
     b.ExitKey = a.ExitKey;
     a.ExitNode.clear();
-    a.ExitKey = 0;
+    a.ExitKey = b.EntryKey = EndKey(m_, x, y, z, false);
     b.EntryNode.clear();
     RecalcAirway(m_, row);
     RecalcAirway(m_, n);

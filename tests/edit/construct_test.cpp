@@ -55,6 +55,9 @@ TEST(Draw, FromANodeIntoEmptySpaceGivesALevelAirwayOfTheSameSize) {
     EXPECT_EQ(n.S.M.NetworkSaved, No0);
     EXPECT_EQ(n.Calls, (std::vector<std::string>{"Quick"}));
     EXPECT_TRUE(n.S.Ui.Transcript.empty());
+    // It is in view at once, and can be picked.
+    EXPECT_EQ(n.S.Ds.DisplayList.back(), 2);
+    EXPECT_EQ(a.ExitKey, EndKey(n.S.M, 500, 800, 500, false));
 }
 
 TEST(Draw, AStartAndEndOnAirwaysSplitsBothAndThePartsKeepNamesAndSizes) {
@@ -150,12 +153,12 @@ TEST(Draw, ALevelChangeDuringTheDragGivesAClimbAndTheRaiseRuleDecidesItsSize) {
         EXPECT_EQ(a.Z2, 490 - c.Dz);
         const Settings& set = n.S.M.Set;
         if (c.Raise) {
-            EXPECT_EQ(a.BranchCode, bc::Circular) << c.Dx;
+            EXPECT_EQ(a.BranchCode & ~bc::InView, bc::Circular) << c.Dx;
             EXPECT_FLOAT_EQ(a.Width, set.RaiseDiameter);
             EXPECT_EQ(a.WallType, set.RaiseWallType);
             EXPECT_FLOAT_EQ(a.WallFactor, n.S.M.Preset.WallPreset[static_cast<std::size_t>(set.RaiseWallType)]);
         } else {
-            EXPECT_EQ(a.BranchCode, bc::Rectangular) << c.Dx;
+            EXPECT_EQ(a.BranchCode & ~bc::InView, bc::Rectangular) << c.Dx;
             EXPECT_FLOAT_EQ(a.Height, set.DriveHeight);
             EXPECT_EQ(a.WallType, set.DriveWallType);
         }
@@ -172,7 +175,7 @@ TEST(Draw, AreaAirwaysTakeTheAreaDefaults) {
     n.Tool(cmd::Draw);
     n.Drag(200, 200, 500, 200);
     const Airway& a = n.S.Row(2);
-    EXPECT_EQ(a.BranchCode, bc::AreaEntry);
+    EXPECT_EQ(a.BranchCode & ~bc::InView, bc::AreaEntry);
     EXPECT_FLOAT_EQ(a.Width, n.S.M.Set.DefaultArea);
     EXPECT_FLOAT_EQ(a.Height, n.S.M.Set.DefaultPerimeter);
 }

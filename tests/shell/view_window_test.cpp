@@ -318,6 +318,7 @@ void ViewWindowTest::theConstructionToolsDrawMoveAndReverseAirways() {
     rig.Key(v, Qt::Key_F5);
     const QPointF further(90, 60);
     rig.Press(v, Qt::LeftButton, to);
+    QVERIFY(rig.W().dispatcher().State().PressOnSomething);
     rig.Move(v, Qt::LeftButton, further);
     rig.Release(v, Qt::LeftButton, further);
     const Airway& moved = rig.M().Airways[static_cast<std::size_t>(count + 1)];
