@@ -5,9 +5,6 @@
 #include <QStatusBar>
 
 #include "dialogs/coords_dialog.h"
-#include "display/drawn_list.h"
-#include "display/renderer.h"
-#include "display/saved_views.h"
 #include "shell/main_window.h"
 
 namespace karvane::shell {
@@ -40,23 +37,10 @@ void MainWindow::QuickUpdateAllWindows() {
     const bool onlyCurrent = sub && sub->isMaximized();
     if (!windows_.Switching) edit::SaveCurrentWindowState(*model_, *ds_, windows_);
     windows_.Switching = true;
-    auto drawInPlace = [this](int window) {
-        ViewWindow* v = view(window);
-        if (!v || windows_.Windows[static_cast<std::size_t>(window)].Frozen) return;
-        windows_.CurWin = window;
-        SyncArea(window);
-        if (windows_.Windows[static_cast<std::size_t>(window)].StateSaved)
-            display::LoadViewFromSlot(*model_, *ds_, display::WindowSlot(window));
-        display::BuildDrawnList(*model_, *ds_);
-        display::PrepareSurface(*model_, *ds_, v->Surface());
-        display::DrawLines(*model_, *ds_, v->Surface());
-        display::DrawAnnotations(*model_, *ds_, v->Surface());
-        v->Surface().Refresh();
-    };
     if (!onlyCurrent)
         for (int n = 0; n < edit::MaxViewWindows; ++n)
-            if (n != current && windows_.IsOpen(n)) drawInPlace(n);
-    drawInPlace(current);
+            if (n != current && windows_.IsOpen(n)) DrawWindowInPlace(n, true);
+    DrawWindowInPlace(current, true);
     windows_.CurWin = current;
     windows_.Switching = false;
     ShowViewStatus();

@@ -13,6 +13,7 @@
 #include "contaminant/spread.h"
 #include "display/data_types.h"
 #include "display/display_list.h"
+#include "display/drawn_list.h"
 #include "display/picking.h"
 #include "display/renderer.h"
 #include "display/saved_views.h"
@@ -117,7 +118,7 @@ void MainWindow::RedrawWindow() {
     ShowSimIndicator();
 }
 
-void MainWindow::DrawWindowInPlace(int window) {
+void MainWindow::DrawWindowInPlace(int window, bool quick) {
     ViewWindow* v = view(window);
     if (!v || windows_.Windows[static_cast<std::size_t>(window)].Frozen) return;
     windows_.CurWin = window;
@@ -126,7 +127,15 @@ void MainWindow::DrawWindowInPlace(int window) {
         display::LoadViewFromSlot(*model_, *ds_, display::WindowSlot(window));
     ds_->WindowFrozen = false;
     ds_->WindowCurrent = true;
-    display::RedrawWindow(*model_, *ds_, v->Surface(), ui_);
+    if (!quick) {
+        display::RedrawWindow(*model_, *ds_, v->Surface(), ui_);
+        return;
+    }
+    display::BuildDrawnList(*model_, *ds_);
+    display::PrepareSurface(*model_, *ds_, v->Surface());
+    display::DrawLines(*model_, *ds_, v->Surface());
+    display::DrawAnnotations(*model_, *ds_, v->Surface());
+    v->Surface().Refresh();
 }
 
 void MainWindow::RedrawAllWindows() {

@@ -214,7 +214,8 @@ private:
 
     // View windows (main_views.cpp).
     void SyncArea(int window);
-    void DrawWindowInPlace(int window);
+    // quick: the lines and annotation drawn over the standing picture, without clearing it.
+    void DrawWindowInPlace(int window, bool quick = false);
     void OnSubWindowActivated(QMdiSubWindow* sub);
     bool CloseViewWindowRequested(int window);
     void TileWindows(int how);
