@@ -5,6 +5,7 @@
 #include <array>
 #include <cctype>
 
+#include "forms/spreadsheet_script.h"
 #include "forms/view_options_script.h"
 
 namespace karvane::forms {
@@ -22,6 +23,8 @@ struct FormEntry {
 const std::array kForms{
     FormEntry{"mnuViewData", OpenViewerForm},
     FormEntry{"frmViewer", OpenViewerForm},
+    FormEntry{"mnuPower", OpenSpreadSheetForm},
+    FormEntry{"frmSpreadSheet", OpenSpreadSheetForm},
 };
 
 const FormEntry* Find(std::string_view name) {
