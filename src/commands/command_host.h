@@ -9,6 +9,7 @@
 
 #include "contaminant/spread.h"
 #include "display/view_state.h"
+#include "edit/find.h"
 #include "files/undo_log.h"
 #include "forms/file_commands.h"
 #include "model/model.h"
@@ -70,6 +71,7 @@ struct CommandContext {
     files::UndoLog& Undo;
     CommandHost& Host;
     contaminant::SpreadHooks* Hooks = nullptr; // the undo log and redraws of runs and spreads
+    edit::FinderHost* Finder = nullptr;        // where the finds show the airway they found
 };
 
 } // namespace karvane::commands

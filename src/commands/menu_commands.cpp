@@ -12,6 +12,7 @@
 #include "display/display_list.h"
 #include "display/level_selector.h"
 #include "display/view_transform.h"
+#include "edit/find.h"
 #include "edit/tool_table.h"
 #include "edit/view_gestures.h"
 #include "engineering/resistance.h"
@@ -42,6 +43,14 @@ void NetworkChanged(CommandContext& c) {
     c.M.NetworkSaved = No0;
     RebuildCurrentView(c);
     c.Host.RedrawAllWindows();
+}
+
+// An entry of the Find menu: the search of its kind, or for entry 0 the follow tool.
+template <int Entry>
+void RunFinder(CommandContext& c) {
+    if (c.Finder == nullptr || !c.Host.ViewWindowOpen()) return;
+    edit::Finder(c.M, c.Ds, c.Ui, *c.Finder, Entry);
+    if (Entry == 0) c.Host.RunToolCommand(edit::cmd::Follow);
 }
 
 struct MenuCommand {
@@ -131,6 +140,20 @@ const std::array kCommands{
     MenuCommand{"mnuBar12", edit::cmd::Insert},
     MenuCommand{"mnuFit", edit::cmd::Fit},
     MenuCommand{"mnuDeselect", edit::cmd::UpdateScreen},
+    MenuCommand{"mnucpAttrib", -1, nullptr, "mnucpAttrib"},
+    MenuCommand{"mnuFinder0", -1, RunFinder<0>},
+    MenuCommand{"mnuFinder1", -1, RunFinder<1>},
+    MenuCommand{"mnuFinder2", -1, RunFinder<2>},
+    MenuCommand{"mnuFinder3", -1, RunFinder<3>},
+    MenuCommand{"mnuFinder4", -1, RunFinder<4>},
+    MenuCommand{"mnuFinder5", -1, RunFinder<5>},
+    MenuCommand{"mnuFinder6", -1, RunFinder<6>},
+    MenuCommand{"mnuFinder7", -1, RunFinder<7>},
+    MenuCommand{"mnuFinder8", -1, RunFinder<8>},
+    MenuCommand{"mnuFinder9", -1, RunFinder<9>},
+    MenuCommand{"mnuFBName", -1, nullptr, "mnuFBName"},
+    MenuCommand{"mnuFNName", -1, nullptr, "mnuFNName"},
+    MenuCommand{"mnuConfirm", -1, [](CommandContext& c) { c.M.Confirmations = !c.M.Confirmations; }},
     // View.
     MenuCommand{"mnuRedraw", -1, [](CommandContext& c) { c.Host.RedrawWindow(); }},
     MenuCommand{"mnuRefresh", -1, [](CommandContext& c) { c.Host.RedrawAllWindows(); }},
@@ -236,7 +259,14 @@ const std::array kCommands{
 const MenuCommand* Find(std::string_view name) {
     const auto found =
         std::find_if(kCommands.begin(), kCommands.end(), [name](const MenuCommand& e) { return e.Name == name; });
-    return found == kCommands.end() ? nullptr : &*found;
+    if (found != kCommands.end()) return &*found;
+    // A member of a menu array may be named with its index in brackets: mnuFinder(5).
+    const std::size_t open = name.find('(');
+    if (open == std::string_view::npos || name.size() < open + 3 || name.back() != ')') return nullptr;
+    const std::string plain =
+        std::string(name.substr(0, open)) + std::string(name.substr(open + 1, name.size() - open - 2));
+    if (plain.find_first_of("()") != std::string::npos) return nullptr;
+    return Find(plain);
 }
 
 // After undo or redo every window shows the table as it now stands.
@@ -286,6 +316,13 @@ bool ToolCommandAvailable(int value) {
     case edit::cmd::Open:
     case edit::cmd::Save:
     case edit::cmd::Undo:
+    case edit::cmd::Delete:
+    case edit::cmd::Select:
+    case edit::cmd::Attributes:
+    case edit::cmd::AttributesToDefaults:
+    case edit::cmd::Layers:
+    case edit::cmd::Follow:
+    case edit::cmd::FindNext:
     case edit::cmd::Toggle3D:
     case edit::cmd::Grid:
     case edit::cmd::DisplayOptions:

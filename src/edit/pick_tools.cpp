@@ -15,6 +15,9 @@ namespace karvane::edit {
 
 namespace {
 
+// The short confirmations of a paste close by themselves after this many milliseconds.
+constexpr int kConfirmationMs = 400;
+
 // The wait pointer while a tool works.
 class BusyPointer {
 public:
@@ -225,7 +228,7 @@ bool PickTools::AttributeTool(const ToolEvent& e, bool copyToDefaults) {
     PasteToRow(m_, row);
     Log(row, files::undo::After);
     CloseUndoStep(undo_);
-    ui_.Message(AttributeMessage(m_, row, Wording::Paste, sep), ProgramName, ui::Icon::Information);
+    ui_.Notice(AttributeMessage(m_, row, Wording::Paste, sep), kConfirmationMs);
     Rebuild();
     host_.RedrawWindow();
     return false;
@@ -269,7 +272,7 @@ void PickTools::LayerTool(const ToolEvent& e) {
     Row(row).SecondLayer = m_.DrawSecondaryLayer;
     Log(row, files::undo::After);
     CloseUndoStep(undo_);
-    ui_.Message("Layers pasted to branch " + std::to_string(row), ProgramName, ui::Icon::Information);
+    ui_.Notice("Layers pasted to branch " + std::to_string(row), kConfirmationMs);
     Rebuild();
     host_.RedrawWindow();
 }

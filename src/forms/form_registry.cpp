@@ -5,6 +5,7 @@
 #include <array>
 #include <cctype>
 
+#include "forms/find_forms_script.h"
 #include "forms/spreadsheet_script.h"
 #include "forms/view_options_script.h"
 
@@ -20,12 +21,20 @@ struct FormEntry {
 };
 
 // One line per form: the menu entry or form name, and its opener.
+// clang-format off
 const std::array kForms{
     FormEntry{"mnuViewData", OpenViewerForm},
     FormEntry{"frmViewer", OpenViewerForm},
     FormEntry{"mnuPower", OpenSpreadSheetForm},
     FormEntry{"frmSpreadSheet", OpenSpreadSheetForm},
+    FormEntry{"mnucpAttrib", OpenAttribForm},
+    FormEntry{"frmAttrib", OpenAttribForm},
+    FormEntry{"mnuFBName", OpenBranchNameList},
+    FormEntry{"frmListAirNames", OpenBranchNameList},
+    FormEntry{"mnuFNName", OpenNodeNameList},
+    FormEntry{"frmListAirNodes", OpenNodeNameList},
 };
+// clang-format on
 
 const FormEntry* Find(std::string_view name) {
     const auto found =

@@ -13,6 +13,7 @@
 #include <string_view>
 
 #include "display/view_state.h"
+#include "edit/find.h"
 #include "files/undo_log.h"
 #include "model/model.h"
 #include "ui/user_interface.h"
@@ -51,6 +52,8 @@ struct FormContext {
     int Mode = 0;         // frmAirEdit: 1 one airway, 3 the selected airways
     // After a form applied: the views show the new state (display list rebuilt, redraw).
     std::function<void()> Changed;
+    // Where a form that finds an airway shows it (the list finders); null when nothing can.
+    edit::FinderHost* Finder = nullptr;
 };
 
 // The form opened by a menu entry or form name, or nothing when no scriptable form has it.

@@ -79,6 +79,8 @@ struct Model {
     // The last search of the Find menu and the paste store of the attribute tool.
     FindState Find;
     PasteStore Paste;
+    // The tick of "Confirmations" (mnuConfirm), a flag that no operation consults.
+    bool Confirmations = false;
 
     // Run state of the simulations.
     std::int16_t SimMode = 0;

@@ -14,6 +14,7 @@
 #include "display/renderer.h"
 #include "display/saved_views.h"
 #include "display/view_transform.h"
+#include "edit/show_airway.h"
 #include "edit/view_gestures.h"
 #include "files/network_file.h"
 #include "files/network_load.h"
@@ -66,6 +67,8 @@ Session::Session(Model& model, ui::UserInterface& ui)
       hooks_(std::make_unique<Hooks>(*this)),
       context_{m_, *ds_, ui_, undo_, *this, hooks_.get()} {
     dispatcher_ = std::make_unique<edit::ToolDispatcher>(m_, *ds_, ui_, *this);
+    pickTools_ = std::make_unique<edit::PickTools>(m_, *ds_, ui_, undo_, *this, *this);
+    context_.Finder = this;
     undo_.Open(ui_);
     ds_->DecimalSeparator = ui_.DecimalSeparator();
     ds_->AreaWidth = DefaultWindowWidth;
@@ -320,6 +323,7 @@ bool Session::OpenNamedForm(const std::string& name, std::int32_t row, int mode)
                                    display::ApplyRotation(m_, *ds_);
                                    RedrawWindow();
                                }};
+    context.Finder = this;
     std::unique_ptr<forms::ScriptableForm> form = forms::OpenScriptableForm(name, context);
     if (!form) return false;
     RunForm(std::move(form));
@@ -380,6 +384,7 @@ void Session::RunCommand(int value) {
         simulate::RunAirflow(m_, ui_, hooks_.get());
         AfterRun();
         break;
+    case edit::cmd::FindNext: edit::FindNext(m_, *ds_, ui_, *this); break;
     case edit::cmd::Undo: commands::UndoCommand(context_); break;
     case edit::cmd::Redo: commands::RedoCommand(context_); break;
     case edit::cmd::Open: forms::OpenCommand(m_, ui_, *this); break;
@@ -429,6 +434,10 @@ void Session::CommandUnavailable(int value) {
 void Session::ToolPress(const edit::ToolEvent&) {}
 
 void Session::ToolRelease(const edit::ToolEvent& event) {
+    if (edit::PickTools::Handles(event.Tool)) {
+        pickTools_->Release(event, *dispatcher_);
+        return;
+    }
     switch (event.Tool) {
     case edit::tool::Contaminant: {
         const display::AirwayPick pick = display::FindAirway(m_, *ds_, event.CurX, event.CurY);
@@ -488,6 +497,34 @@ bool Session::ShowFanDialog(std::int32_t row) {
 }
 
 void Session::ShowAirwayInfo(std::int32_t row) { OpenNamedForm("frmAirInfo", row, 0); }
+
+// edit::FinderHost
+
+void Session::ShowAirwayRow(std::int32_t row, float pickFraction) {
+    if (ds_->WindowFrozen) return;
+    const edit::ShownAirway shown = edit::ShowAirway(m_, *ds_, ui_, row, pickFraction);
+    if (!shown.Shown) return;
+    RedrawWindow();
+    edit::MarkShownAirway(*ds_, *surface_);
+    SaveWindowState();
+    ShownAirway record;
+    record.Row = row;
+    record.AirwayNo = m_.Airways[static_cast<std::size_t>(row)].AirwayNo;
+    const display::ViewState& v = ds_->View;
+    if (v.LevelMode == display::lm::Single && v.CurrentLevel >= 1 &&
+        static_cast<std::size_t>(v.CurrentLevel) < m_.Levels.size())
+        record.Level = TrimText(m_.Levels[static_cast<std::size_t>(v.CurrentLevel)].RLName);
+    record.LevelAdded = shown.LevelAdded;
+    shown_.push_back(record);
+    if (OnShown) OnShown(record);
+}
+
+std::string Session::ShownLine(const ShownAirway& s) {
+    std::string line = "shown: airway " + std::to_string(s.AirwayNo) + " (row " + std::to_string(s.Row) + ")";
+    line += s.Level.empty() ? std::string(", all levels") : ", level \"" + s.Level + "\"";
+    if (s.LevelAdded) line += " (added)";
+    return line;
+}
 
 // commands::CommandHost
 

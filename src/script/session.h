@@ -6,6 +6,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,6 +16,8 @@
 #include "display/mapped_surface.h"
 #include "display/startup_view.h"
 #include "edit/edit_host.h"
+#include "edit/find.h"
+#include "edit/pick_tools.h"
 #include "edit/tool_dispatch.h"
 #include "edit/view_windows.h"
 #include "files/network_load.h"
@@ -28,7 +31,7 @@ namespace karvane::script {
 inline constexpr int DefaultWindowWidth = 800;
 inline constexpr int DefaultWindowHeight = 600;
 
-class Session : public edit::ToolHost, public edit::EditHost, public commands::CommandHost {
+class Session : public edit::ToolHost, public edit::EditHost, public commands::CommandHost, public edit::FinderHost {
 public:
     // A session over the model as it stands (a network loaded, or none). Every message goes to
     // `ui`; questions take the script's queued answers first. The undo log opens in the
@@ -57,6 +60,18 @@ public:
     files::UndoLog& undo() { return undo_; }
     ui::UserInterface& userInterface() { return ui_; }
     commands::CommandContext& commandContext() { return context_; }
+    // Where a find or the follow tool took the view: the airway ShowAirway centred and the
+    // level it chose. OnShown, when set, hears of each as it happens.
+    struct ShownAirway {
+        std::int32_t Row = 0, AirwayNo = 0;
+        std::string Level; // the name of the level shown, empty when no single level is shown
+        bool LevelAdded = false;
+    };
+    const std::vector<ShownAirway>& Shown() const { return shown_; }
+    std::function<void(const ShownAirway&)> OnShown;
+    // The line a command-line run prints for it.
+    static std::string ShownLine(const ShownAirway& shown);
+
     // The window point of a world point in the current view (axis signs applied).
     std::pair<float, float> WindowPoint(const ScriptPoint& p);
 
@@ -90,6 +105,9 @@ public:
     void QuickUpdateAllWindows() override { RedrawWindow(); }
     void RedrawWindow() override;
     void RedrawAllWindows() override { RedrawWindow(); }
+
+    // edit::FinderHost
+    void ShowAirwayRow(std::int32_t row, float pickFraction) override;
 
     // commands::CommandHost
     bool ViewWindowOpen() const override { return !ds_->WindowFrozen; }
@@ -130,6 +148,8 @@ private:
     files::UndoLog undo_;
     std::unique_ptr<Hooks> hooks_;
     std::unique_ptr<edit::ToolDispatcher> dispatcher_;
+    std::unique_ptr<edit::PickTools> pickTools_;
+    std::vector<ShownAirway> shown_;
     commands::CommandContext context_;
 
     // The script in progress.

@@ -74,16 +74,16 @@ TEST(AttributeTool, CopyThenPasteWithEveryLineAndNeverTheSurfaceBits) {
 
     const std::int16_t step = r.Undo.CurrentStep;
     r.Click(cmd::Attributes, 500, 1000);
-    EXPECT_EQ(r.S.Ui.Texts("Message").back(), "Attributes pasted to Branch 3\n"
-                                              "Dimension 5 x 6\n"
-                                              "Drive Wall Type: Smooth Blasted Airway\n"
-                                              "Low\n"
-                                              "Resistance Type: Steel Door\n"
-                                              "Length is fixed\n"
-                                              "Airway is in fresh air\n"
-                                              "Primary Layer = 2 : Vent\n"
-                                              "Secondary Layer = 1 : \n"
-                                              "Data values will be hidden");
+    EXPECT_EQ(r.S.Ui.Texts("Notice").back(), "Attributes pasted to Branch 3\n"
+                                             "Dimension 5 x 6\n"
+                                             "Drive Wall Type: Smooth Blasted Airway\n"
+                                             "Low\n"
+                                             "Resistance Type: Steel Door\n"
+                                             "Length is fixed\n"
+                                             "Airway is in fresh air\n"
+                                             "Primary Layer = 2 : Vent\n"
+                                             "Secondary Layer = 1 : \n"
+                                             "Data values will be hidden");
     const Airway& b = r.S.Row(3);
     EXPECT_FLOAT_EQ(b.Height, 5);
     EXPECT_FLOAT_EQ(b.Width, 6);
@@ -114,6 +114,7 @@ TEST(AttributeTool, TheMaskLeavesAttributesAloneAndAFencePastesInOneStep) {
                                                              "all airways within the fence?"}));
     EXPECT_EQ(r.S.Ui.Transcript.back().Title, "Fence Paste");
     EXPECT_EQ(r.S.Ui.Texts("Message").size(), messages); // a fence paste says nothing more
+    EXPECT_TRUE(r.S.Ui.Texts("Notice").empty());
     for (std::int32_t row : {2, 3}) {
         EXPECT_EQ(r.S.Row(row).ResType, 2);
         EXPECT_FLOAT_EQ(r.S.Row(row).Width, 4);
@@ -176,7 +177,7 @@ TEST(LayerTool, RightCopiesTheDrawLayersLeftAndTheFencePasteThem) {
     EXPECT_EQ(r.S.Ui.Texts("Message").back(), "Primary Layer Default = 2 : Vent\nSecondary Layer Default = 1 : ");
     EXPECT_EQ(r.S.M.DrawPrimaryLayer, 2);
     r.Click(cmd::Layers, 500, 500);
-    EXPECT_EQ(r.S.Ui.Texts("Message").back(), "Layers pasted to branch 2");
+    EXPECT_EQ(r.S.Ui.Texts("Notice").back(), "Layers pasted to branch 2");
     EXPECT_EQ(r.S.Row(2).PrimaryLayer, 2);
 
     r.S.M.DrawSecondaryLayer = 7;
