@@ -21,6 +21,9 @@ void AddSimulateCommand(
     CommandLine& cl);                    // simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]
 void AddSummaryCommand(CommandLine& cl); // summary FILE [--json]
 void AddTableCommand(CommandLine& cl);   // table FILE [--simulate] [--csv|--json] [--units si|british]
+void AddEditCommand(CommandLine& cl);    // edit IN OUT --script FILE
+void AddCheckCommand(CommandLine& cl);   // check FILE [--json]
+void AddMergeCommand(CommandLine& cl);   // merge BASE OTHER OUT
 void AddAirwayCommand(CommandLine& cl);  // airway FILE AIRWAYNO [--simulate] [--json] [--curve OUT.svg]
 void AddPrintCommand(CommandLine& cl);   // print FILE OUT.pdf [--scale N] [--paper A4] ... (with Qt's GUI module)
 

@@ -19,6 +19,9 @@ int main(int argc, char** argv) {
     AddSimulateCommand(cl);
     AddSummaryCommand(cl);
     AddTableCommand(cl);
+    AddEditCommand(cl);
+    AddCheckCommand(cl);
+    AddMergeCommand(cl);
     AddAirwayCommand(cl);
 #ifdef KARVANE_CLI_QT
     AddPrintCommand(cl);

@@ -113,7 +113,7 @@ nlohmann::json ContaminantResultJson(const std::string& path, bool loaded, const
     j["file"] = ToUtf8(path);
     j["loaded"] = loaded;
     if (loaded) {
-        j["simValid"] = model.SimValid;
+        j["simValid"] = model.SimValid != 0;
         j["gasActive"] = model.GasActive;
         nlohmann::json thresholds = nlohmann::json::array();
         for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));

@@ -70,7 +70,7 @@ nlohmann::json NetworkResultJson(const std::string& path, bool loaded, const Mod
     j["loaded"] = loaded;
     if (loaded) {
         j["simFail"] = model.SimFail;
-        j["simValid"] = model.SimValid;
+        j["simValid"] = model.SimValid != 0;
         j["totals"] = TotalsJson(model);
         j["errors"] = ErrorListJson(model);
         j["airways"] = AirwaysJson(model);

@@ -176,3 +176,68 @@ TEST_F(Cli, GenerateIsReproducibleAndReadsBack) {
     EXPECT_EQ(j["levels"].get<int>(), 4);
     EXPECT_EQ(j["fans"].get<int>(), 1);
 }
+
+TEST_F(Cli, EditRunsAScriptOfTheUsersActions) {
+    const fs::path script = dir_ / "names.txt", out = dir_ / "out.sim";
+    std::ofstream(script) << "# lengths fixed, then the nodes named\n"
+                             "answer yes\nmenu mnuFixL\nanswer ok\nanswer \"Q\"\nmenu mnuAutoNodes\n";
+    Result r = Run(Clock + "edit " + Demo + " " + Quote(out) + " --script " + Quote(script));
+    ASSERT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(Lines(r.err), (std::vector<std::string>{
+                                "Fix all lengths: All lengths will be fixed - Are you sure? -> Yes",
+                                "Karvane: All lengths are now fixed",
+                                "Auto name: This routine automatically names all nodes that do not have an existing "
+                                "name - Are you sure you want to procede (this cannot be undone) ? -> OK",
+                                "Input Node Prefix: Enter a prefix (if any) you would like to appear in front of "
+                                "the auto number (eg 'N') -> \"Q\""}));
+    EXPECT_NE(ReadAll(out).find("\tQ1\t"), std::string::npos);
+
+    // A question with no queued answer takes the --answer policy.
+    std::ofstream(script) << "menu mnuFixL\n";
+    r = Run("--answer no edit " + Demo + " " + Quote(out) + " --script " + Quote(script));
+    EXPECT_EQ(r.code, 0);
+    EXPECT_EQ(Lines(r.err),
+              (std::vector<std::string>{"Fix all lengths: All lengths will be fixed - Are you sure? -> No"}));
+
+    // A line that cannot be read or carried out stops the script: exit 2, nothing saved.
+    fs::remove(out);
+    const std::vector<std::pair<std::string, std::string>> bad{
+        {"menu mnuFixL\nanswer yes\ntool hammer\n", "line 3: unknown tool \"hammer\""},
+        {"save " + (dir_ / "early.sim").string() + "\nlevel Attic\n", "line 2: no level is named \"Attic\""}};
+    for (const auto& [text, error] : bad) {
+        std::ofstream(script) << text;
+        r = Run("edit " + Demo + " " + Quote(out) + " --script " + Quote(script));
+        EXPECT_EQ(r.code, 2) << text;
+        EXPECT_EQ(Lines(r.err).back(), error);
+        EXPECT_FALSE(fs::exists(out));
+        EXPECT_FALSE(fs::exists(dir_ / "early.sim"));
+    }
+    r = Run("edit " + Demo + " " + Quote(out) + " --script " + Quote(dir_ / "none.txt"));
+    EXPECT_EQ(r.code, 1);
+}
+
+TEST_F(Cli, CheckAndMerge) {
+    Result r = Run("check " + Demo);
+    EXPECT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(r.out, "");
+    // The demo mine merged behind itself: every airway has a duplicate.
+    const fs::path twice = dir_ / "twice.sim";
+    r = Run("merge " + Demo + " " + Demo + " " + Quote(twice));
+    ASSERT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(nlohmann::json::parse(Run("info --json " + Quote(twice)).out)["airways"].get<int>(), 640);
+    r = Run("check " + Quote(twice));
+    EXPECT_EQ(r.code, 1);
+    const std::vector<std::string> lines = Lines(r.out);
+    ASSERT_FALSE(lines.empty());
+    for (const std::string& line : lines) EXPECT_NE(line.find("\tDuplicate "), std::string::npos) << line;
+    r = Run("check --json " + Quote(twice));
+    EXPECT_EQ(r.code, 1);
+    auto j = nlohmann::json::parse(r.out);
+    EXPECT_TRUE(j["faults"].get<bool>());
+    EXPECT_EQ(j["errors"].size(), lines.size());
+    EXPECT_EQ(j["errors"][0]["airwayNo"].get<int>(), std::stoi(lines[0]));
+    // A second file that cannot be read merges nothing, and nothing is saved.
+    r = Run("merge " + Demo + " " + Quote(dir_ / "none.sim") + " " + Quote(dir_ / "m.sim"));
+    EXPECT_EQ(r.code, 1);
+    EXPECT_FALSE(fs::exists(dir_ / "m.sim"));
+}

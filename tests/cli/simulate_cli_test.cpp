@@ -165,7 +165,7 @@ TEST_F(SimulateCli, TheDemoMineRunsCleanlyAndItsJsonHoldsTogether) {
     ASSERT_EQ(r.code, 0) << r.err;
     const json doc = r.Json();
     EXPECT_EQ(doc["simFail"], 0);
-    EXPECT_EQ(doc["simValid"], -1);
+    EXPECT_EQ(doc["simValid"], true);
     EXPECT_EQ(doc["mode"], 0);
     EXPECT_TRUE(doc["errors"].empty()) << doc["errors"].dump();
     for (const auto& m : doc["messages"]) EXPECT_NE(m["kind"], "Ask") << m.dump();
