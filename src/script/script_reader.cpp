@@ -9,7 +9,6 @@
 #include <cmath>
 #include <optional>
 
-#include "commands/menu_commands.h"
 #include "edit/tool_table.h"
 
 namespace karvane::script {
@@ -154,7 +153,10 @@ std::optional<double> Number(std::string_view text) {
 
 class LineReader {
 public:
-    LineReader(int number, std::vector<Token> tokens) : number_(number), t_(std::move(tokens)) {}
+    LineReader(int number, std::vector<Token> tokens, MenuNameCheck isMenuName)
+        : number_(number),
+          t_(std::move(tokens)),
+          isMenuName_(isMenuName) {}
 
     bool Read(ScriptLine& out, std::string& error) {
         out.Line = number_;
@@ -376,7 +378,7 @@ private:
         out.Kind = Op::Menu;
         if (!Count(2, 2)) return false;
         out.Text = t_[1].Text;
-        if (!commands::IsMenuCommand(out.Text)) return Set("unknown menu name " + Shown(out.Text));
+        if (isMenuName_ && !isMenuName_(out.Text)) return Set("unknown menu name " + Shown(out.Text));
         return true;
     }
     bool ReadAnswer(ScriptLine& out) {
@@ -427,12 +429,13 @@ private:
 
     int number_;
     std::vector<Token> t_;
+    MenuNameCheck isMenuName_;
     std::string reason_;
 };
 
 } // namespace
 
-ReadResult ReadScript(std::string_view text) {
+ReadResult ReadScript(std::string_view text, MenuNameCheck isMenuName) {
     ReadResult result;
     int number = 0;
     std::size_t start = 0;
@@ -455,7 +458,7 @@ ReadResult ReadScript(std::string_view text) {
             return result;
         }
         ScriptLine out;
-        if (!LineReader(number, std::move(tokens)).Read(out, result.Error)) return result;
+        if (!LineReader(number, std::move(tokens), isMenuName).Read(out, result.Error)) return result;
         result.Script.Lines.push_back(std::move(out));
         if (end == text.size()) break;
     }

@@ -93,7 +93,10 @@ struct ReadResult {
     std::string Error; // "line N: reason"; empty when the whole text was read
 };
 
-ReadResult ReadScript(std::string_view text);
+// Reads a whole script. `isMenuName` says which names a `menu` line may carry (the session
+// passes the commands' own table); without it any name is taken.
+using MenuNameCheck = bool (*)(std::string_view name);
+ReadResult ReadScript(std::string_view text, MenuNameCheck isMenuName = nullptr);
 
 // The command value of a tool name (lower case, hyphens: "draw", "insert-node"); -1 for none.
 int ToolValueOf(std::string_view name);

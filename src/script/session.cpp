@@ -107,7 +107,7 @@ std::pair<float, float> Session::WindowPoint(const ScriptPoint& p) {
 // The runner.
 
 std::string Session::RunText(std::string_view text) {
-    const ReadResult read = ReadScript(text);
+    const ReadResult read = ReadScript(text, commands::IsMenuCommand);
     if (!read.Error.empty()) return read.Error;
     return Run(read.Script);
 }

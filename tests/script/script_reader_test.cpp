@@ -2,8 +2,10 @@
 // the table of lines it refuses with their exact reasons.
 #include <gtest/gtest.h>
 
+#include "commands/menu_commands.h"
 #include "script/script_reader.h"
 
+using namespace karvane;
 using namespace karvane::script;
 
 namespace {
@@ -89,7 +91,7 @@ TEST(ScriptReader, RefusesWithTheLineAndTheReason) {
         {"simulate now\n", "line 1: unexpected \"now\" after simulate"},
         {"\n\n# fine\n  box 0,0\n", "line 4: box needs more values"},
     };
-    for (const auto& c : cases) EXPECT_EQ(ReadScript(c.Text).Error, c.Error) << c.Text;
+    for (const auto& c : cases) EXPECT_EQ(ReadScript(c.Text, commands::IsMenuCommand).Error, c.Error) << c.Text;
 }
 
 TEST(ScriptReader, NamesOfToolsAndKeys) {
