@@ -31,6 +31,8 @@ namespace {
 //                       the tool bar), click:XxY (the left button on the current view),
 //                       button:WINDOW/NAME (a button of one of the program's windows),
 //                       wheel:N (notches of the wheel on the current view),
+//                       drag:X1xY1-X2xY2 (a drag of the left button on the current view),
+//                       hold:X1xY1-X2xY2 (the same drag, the button still held),
 //                       grab:NAME=FILE (a picture of one part of the window), wait:MS, or
 //                       runshot:FILE (the screen saved while the next run stands at 70 per cent)
 struct PictureRun {
@@ -85,6 +87,23 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
                                   type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
                 QApplication::sendEvent(view, &event);
             }
+        }
+    } else if (step.startsWith(QStringLiteral("drag:")) || step.startsWith(QStringLiteral("hold:"))) {
+        // drag:X1xY1-X2xY2 with the left button, in ten moves; hold: without the release.
+        const QStringList ends = step.mid(5).split(QLatin1Char('-'));
+        auto* view = main.view(main.windowTable().CurWin);
+        if (view && ends.size() == 2) {
+            const QStringList a = ends[0].split(QLatin1Char('x')), b = ends[1].split(QLatin1Char('x'));
+            const QPointF from(a.value(0).toDouble(), a.value(1).toDouble());
+            const QPointF to(b.value(0).toDouble(), b.value(1).toDouble());
+            auto send = [view](QEvent::Type type, QPointF at, Qt::MouseButtons held) {
+                QMouseEvent event(type, at, view->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                                  held, Qt::NoModifier);
+                QApplication::sendEvent(view, &event);
+            };
+            send(QEvent::MouseButtonPress, from, Qt::LeftButton);
+            for (int i = 1; i <= 10; ++i) send(QEvent::MouseMove, from + (to - from) * (i / 10.0), Qt::LeftButton);
+            if (step.startsWith(QStringLiteral("drag:"))) send(QEvent::MouseButtonRelease, to, Qt::NoButton);
         }
     } else if (step.startsWith(QStringLiteral("wheel:"))) {
         // wheel:N notches on the current view, in for positive N.
