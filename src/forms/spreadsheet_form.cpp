@@ -7,6 +7,7 @@
 
 #include "display/display_list.h"
 #include "engineering/resistance.h"
+#include "forms/sheet_print.h"
 #include "model/node_keys.h"
 #include "model/number_format.h"
 #include "model/units.h"
@@ -422,6 +423,18 @@ void SpreadSheetForm::TakeGridWidths(const std::array<int, sc::Count>& widths) {
     if (widths_.Taken) return;
     widths_.Width = widths;
     widths_.Taken = true;
+}
+
+int SpreadSheetForm::PrintWidth(int col) const {
+    if (col < 1 || col >= sc::Count) return 0;
+    if (!widths_.Taken) return SheetColumns()[static_cast<std::size_t>(col)].Characters;
+    return ShownWidth(col);
+}
+
+void SpreadSheetForm::Print() {
+    const std::optional<int> size = AskPrintFontSize(ui_);
+    if (!size) return;
+    if (!host_.PrintTable(*size)) ui_.Message("Error printing data ! - aborting", ProgramName, ui::Icon::Exclamation);
 }
 
 int SpreadSheetForm::ShownWidth(int col) const {

@@ -32,6 +32,9 @@ public:
     virtual void RunSimulation() = 0;
     // The display list has been rebuilt: refresh the data annotation and redraw every view.
     virtual void RefreshViews() = 0;
+    // Prints the table (PrintSheetTable) at a font size on a printer or PDF file the user
+    // chooses. False when the job failed; a print the user cancelled is not a failure.
+    virtual bool PrintTable(int /*fontSize*/) { return true; }
 };
 
 // The remembered column widths, for columns 1 to 21, kept by the main window between openings.
@@ -116,6 +119,11 @@ public:
     void ShowAllData();
     // Column widths as the window applies them: 0 for a hidden column.
     int ShownWidth(int col) const;
+    // A column's width for the print: the window's width, or the format string's characters
+    // before the window has given any; 0 for a hidden column.
+    int PrintWidth(int col) const;
+    // "Print": the font size asked, then the host's print job.
+    void Print();
     // The grid's own widths, taken on the first opening.
     void TakeGridWidths(const std::array<int, sc::Count>& widths);
     // Frozen columns and heading row of the View menu.

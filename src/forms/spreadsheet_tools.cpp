@@ -39,6 +39,7 @@ bool SpreadSheetForm::Command(std::string_view name) {
     static constexpr Entry entries[] = {
         {"mnuSaveChanges", [](F& f) { f.SaveChanges(); }},
         {"mnuExit", [](F& f) { f.Close(); }},
+        {"mnuPrint", [](F& f) { f.Print(); }},
         {"mnuUndo", [](F& f) { f.UndoChanges(); }},
         {"mnuEditBox", [](F& f) { f.EditBox(); }},
         {"mnuInfo", [](F& f) { f.Info(); }},

@@ -2,11 +2,14 @@
 // the user types, the save and its undo records, and the grid commands with bad input.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "display/display_list.h"
+#include "display/recording_surface.h"
 #include "engineering/resistance.h"
 #include "files/network_file.h"
+#include "forms/sheet_print.h"
 #include "forms/spreadsheet_form.h"
 #include "forms_support.h"
 #include "model/node_keys.h"
@@ -463,6 +466,64 @@ TEST(SpreadSheet, LeavingWithEditsAsksAndTheHostOpensTheCards) {
     s.F().Command("mnuInsert");
     EXPECT_EQ(s.Messages().back(), "Network size has exceeded maximum airways - increase airways in default settings");
     EXPECT_FALSE(s.F().Command("mnuNothing"));
+}
+
+} // namespace
+} // namespace karvane::forms
+
+namespace karvane::forms {
+namespace {
+
+struct PrintingHost : RecordingSheetHost {
+    SpreadSheetForm* Form = nullptr;
+    display::RecordingSurface Page{1123, 794};
+    bool PrintTable(int fontSize) override {
+        Calls.push_back("print " + std::to_string(fontSize));
+        return PrintSheetTable(*Form, Page, fontSize);
+    }
+};
+
+TEST(SpreadSheetPrint, HeadingsOnEveryPageAndOnlyTheVisibleColumns) {
+    SheetScene s;
+    // Enough rows for several pages of an A4 landscape page.
+    for (int k = 0; k < 60; ++k) s.Add(0, k * 10, -100, 10, k * 10, -100);
+    BuildNodeKeys(s.M, s.Ui);
+    display::BuildDisplayList(s.M, s.Ds);
+    PrintingHost host;
+    host.Page.PageWidth = 297;
+    host.Page.PageHeight = 210;
+    SpreadSheetForm form(s.M, s.Ds, s.Undo, s.Ui, host, s.Widths);
+    host.Form = &form;
+    form.Open();
+    // Width, K-Factor hidden; 21 and 22 are never printed.
+    form.Select(1, sc::KFactor, 1, sc::KFactor);
+    s.Widths.Taken = true;
+    for (int c = 1; c < sc::Count; ++c) s.Widths.Width[static_cast<std::size_t>(c)] = 40;
+    form.HideColumns();
+    s.Ui.Inputs = {std::string("5"), std::string("8")};
+    form.Command("mnuPrint");
+    EXPECT_TRUE(host.Page.Ops.empty()) << "a size below 6 prints nothing";
+    EXPECT_EQ(s.Ui.Transcript.back().Title, "Font Size");
+    EXPECT_EQ(s.Ui.Transcript.back().Text, "Enter Printer Font Size");
+    form.Command("mnuPrint");
+    ASSERT_EQ(host.Calls.back(), "print 8");
+    const auto texts = host.Page.Texts();
+    const auto pages = host.Page.Of(display::OpKind::NewPage).size() + 1;
+    EXPECT_GE(pages, 2u);
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "Resistance"), static_cast<long>(pages));
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "K-Factor"), 0);
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "X2"), static_cast<long>(pages));
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "Y2"), 0);
+    // Every text stands within the page, columns within its width less the margins.
+    for (const auto& op : host.Page.Of(display::OpKind::Text)) {
+        EXPECT_LE(op.Y1, 210 - 210 / 25.0);
+        EXPECT_GE(op.X1, 297 / 20.0 - 1e-3);
+    }
+    const auto cols = SheetPrintColumns(form, 297);
+    EXPECT_NEAR(cols.back().Left + cols.back().Width, 297 / 20.0 + 297 * 0.9, 1e-6);
+    // Show Columns brings the hidden one back.
+    form.ShowColumns();
+    EXPECT_EQ(form.ShownWidth(sc::KFactor), 40);
 }
 
 } // namespace
