@@ -89,6 +89,7 @@ void MainWindow::RunCommand(int value) {
         break;
     }
     case edit::cmd::Sourcing: SourcingSimulation(); break;
+    case edit::cmd::PrintScreen: PrintScreenCommand(); break;
     default: CommandUnavailable(value); break;
     }
 }
@@ -480,25 +481,6 @@ bool MainWindow::OpenForm(const std::string& menuName) {
     if (found == forms.end()) return false;
     found->second();
     return true;
-}
-
-void MainWindow::SaveScreenBitmap() {
-    if (!ViewWindowOpen()) return;
-    ui::FileDialogRequest request;
-    request.Title = "Screen Bitmap";
-    request.Filter = "Picture Files (*.BMP)|*.BMP|All files (*.*)|*.*";
-    request.DefaultExtension = "BMP";
-    request.FileName = ToPath(lastBitmapName_);
-    const std::optional<std::string> choice = ui_.SaveFileDialog(request);
-    if (!choice) return;
-    if (TrimText(*choice).empty()) {
-        ui_.Message("Error Save File - Check Name", ProgramName, ui::Icon::Exclamation);
-        return;
-    }
-    lastBitmapName_ = FromPath(*choice);
-    RedrawWindow();
-    if (!view(windows_.CurWin)->Surface().Picture().save(lastBitmapName_, "BMP"))
-        ui_.Message("The picture could not be written to " + *choice, ProgramName, ui::Icon::Exclamation);
 }
 
 void MainWindow::ExportCommand(int kind) {

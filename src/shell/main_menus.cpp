@@ -109,8 +109,10 @@ void MainWindow::BuildMenus() {
     connect(AddAction(exportMenu, "mnuExportData", QStringLiteral("Text File...")), &QAction::triggered, this,
             [this] { ExportCommand(exchange::exportkind::Text); });
     file->addSeparator();
-    AddAction(file, "mnuPrint", QStringLiteral("&Print..."), kLater);
-    AddAction(file, "mnuPsetup", QStringLiteral("Print Setup"), kLater);
+    connect(AddAction(file, "mnuPrint", QStringLiteral("&Print...")), &QAction::triggered, this,
+            &MainWindow::PrintCommand);
+    connect(AddAction(file, "mnuPsetup", QStringLiteral("Print Setup...")), &QAction::triggered, this,
+            &MainWindow::PrintSetup);
     connect(AddAction(file, "mnuSvScreen", QStringLiteral("Screen Bitmap...")), &QAction::triggered, this,
             [this] { SaveScreenBitmap(); });
     file->addSeparator();

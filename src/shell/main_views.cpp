@@ -432,7 +432,8 @@ bool MainWindow::CommandAvailable(int value) const {
     case edit::cmd::Smoke:
     case edit::cmd::Sourcing:
     case edit::cmd::Undo:
-    case edit::cmd::Redo: return true;
+    case edit::cmd::Redo:
+    case edit::cmd::PrintScreen: return true;
     default: return false;
     }
 }

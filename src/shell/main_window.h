@@ -14,6 +14,7 @@
 
 #include "commands/command_host.h"
 #include "contaminant/spread.h"
+#include "display/print_network.h"
 #include "display/view_state.h"
 #include "edit/edit_host.h"
 #include "edit/edit_tools.h"
@@ -258,6 +259,12 @@ private:
     void ShowSimplify();
     void ActivateStations(bool input, bool on);
     void ShowStationDialog(bool input);
+    // Printing (main_print.cpp): the print dialog, Tool 22, Print Setup, and one print of the
+    // current window on a printer (the PDF output asks for its file).
+    void PrintCommand();
+    void PrintScreenCommand();
+    void PrintSetup();
+    bool PrintCurrentWindow(const std::string& printerName, int paperId, int orientation);
     // The editors of the Tools menu (main_editors.cpp): fans, levels, options.
     void ShowFanData();
     void ShowLevelList();
@@ -335,6 +342,10 @@ private:
     std::unique_ptr<exchange::StationHooks> stationHooks_;
     QTimer* inputTimer_ = nullptr;
     QTimer* outputTimer_ = nullptr;
+
+    // What the last print dialog chose, for Tool 22's prints; the last PDF file written.
+    display::PrintSettings printSettings_;
+    QString lastPdfName_;
 
     // The data types shown before a contaminant result took over the lists.
     int rememberedDataType_ = 0;

@@ -30,5 +30,9 @@ int main(int argc, char** argv) {
         karvane::shell::testing::AirwayDialogsTest test;
         status |= QTest::qExec(&test, argc, argv);
     }
+    {
+        karvane::shell::testing::PrintTest test;
+        status |= QTest::qExec(&test, argc, argv);
+    }
     return status;
 }

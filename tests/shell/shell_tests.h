@@ -64,4 +64,14 @@ private Q_SLOTS:
     void theFanDialogPutsAFanOnTheAirway();
 };
 
+// Printing: the print dialog, Tool 22, the page surface and the screen bitmap.
+class PrintTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void thePrintDialogWritesThePdfAndStoresItsValues();
+    void printScreenAsksAndPrintsWithTheLastValues();
+    void theScreenBitmapIsBmpOrPngByItsName();
+    void thePageSurfaceDrawsOnPdfPages();
+};
+
 } // namespace karvane::shell::testing

@@ -1,0 +1,144 @@
+// The print commands of the main window on the offscreen platform, where the PDF output is
+// the printer: the dialog's Print, Tool 22's question, the stored printer values, the screen
+// bitmap in both its forms, and the Qt page surface on PDF pages.
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+#include "dialogs/printer_dialog.h"
+#include "display/recording_surface.h"
+#include "edit/tool_table.h"
+#include "shell/page_job.h"
+#include "shell/print_job.h"
+#include "shell/qt_surface.h"
+#include "shell/qt_text.h"
+#include "shell_rig.h"
+#include "shell_tests.h"
+
+namespace karvane::shell::testing {
+
+namespace {
+
+QByteArray Head(const QString& path, int n) {
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) return {};
+    return f.read(n);
+}
+
+std::string Stored(ShellRig& rig, const std::string& key) { return rig.Ui.Store["Karvane/Files/" + key]; }
+
+} // namespace
+
+void PrintTest::thePrintDialogWritesThePdfAndStoresItsValues() {
+    ShellRig rig;
+    rig.OpenDemo();
+    const QString pdf = rig.Temp.filePath(QStringLiteral("plan.pdf"));
+    rig.Ui.FilePaths.push_back(ToPath(pdf));
+    QString offeredScale;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<dialogs::PrinterDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        QCOMPARE(dialog->windowTitle(), QStringLiteral("PRINT NETWORK"));
+        auto* list = dialog->findChild<QComboBox*>(QStringLiteral("PrintList"));
+        const int pdfIndex = list->findText(QString::fromLatin1(PdfPrinterName));
+        QVERIFY(pdfIndex >= 0);
+        list->setCurrentIndex(pdfIndex);
+        Q_EMIT list->activated(pdfIndex);
+        auto* sizes = dialog->findChild<QComboBox*>(QStringLiteral("PrintSize"));
+        const int a3 = sizes->findText(QStringLiteral("A3"));
+        QVERIFY(a3 >= 0);
+        sizes->setCurrentIndex(a3);
+        Q_EMIT sizes->activated(a3);
+        auto* scale = dialog->findChild<QLineEdit*>(QStringLiteral("TxtScale"));
+        offeredScale = scale->text();
+        scale->setText(QString::number(offeredScale.toInt() * 2));
+        dialog->findChild<QLineEdit*>(QStringLiteral("TxtTitle"))->setText(QStringLiteral("Plan for the manager"));
+        dialog->findChild<QPushButton*>(QStringLiteral("PrintIt"))->click();
+    });
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuPrint")));
+    QVERIFY(!offeredScale.isEmpty());
+    QCOMPARE(Head(pdf, 5), QByteArray("%PDF-"));
+    QCOMPARE(Stored(rig, "PrinterName"), std::string(PdfPrinterName));
+    QCOMPARE(Stored(rig, "Papersize"), std::to_string(static_cast<int>(QPageSize::A3)));
+    QCOMPARE(Stored(rig, "PrintOrient"), std::string("0"));
+    // The figure is the view's own again once the title was updated.
+    QVERIFY(rig.Ds().ScaleFigure > 0);
+}
+
+void PrintTest::printScreenAsksAndPrintsWithTheLastValues() {
+    ShellRig rig;
+    rig.OpenDemo();
+    rig.Ui.Store["Karvane/Files/PrinterName"] = PdfPrinterName;
+    const QString pdf = rig.Temp.filePath(QStringLiteral("screen.pdf"));
+    // Cancel: nothing printed, the window redrawn.
+    rig.Ui.Answers.push_back(ui::Answer::Cancel);
+    rig.W().dispatcher().RunToolCommand(edit::cmd::PrintScreen);
+    QCOMPARE(QString::fromStdString(rig.Ui.Transcript.back().Text), QStringLiteral("Print Screen ?"));
+    QCOMPARE(QString::fromStdString(rig.Ui.Transcript.back().Title), QStringLiteral("Printing"));
+    QVERIFY(!QFile::exists(pdf));
+    rig.Ui.Answers.push_back(ui::Answer::OK);
+    rig.Ui.FilePaths.push_back(ToPath(pdf));
+    rig.W().dispatcher().RunToolCommand(edit::cmd::PrintScreen);
+    QCOMPARE(Head(pdf, 5), QByteArray("%PDF-"));
+    for (const auto& entry : rig.Ui.Transcript) QVERIFY(entry.Text != "Printing Error");
+}
+
+void PrintTest::theScreenBitmapIsBmpOrPngByItsName() {
+    ShellRig rig;
+    rig.OpenDemo();
+    const QString bmp = rig.Temp.filePath(QStringLiteral("view.bmp"));
+    const QString png = rig.Temp.filePath(QStringLiteral("view.png"));
+    rig.Ui.FilePaths.push_back(ToPath(bmp));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuSvScreen")));
+    QCOMPARE(Head(bmp, 2), QByteArray("BM"));
+    rig.Ui.FilePaths.push_back(ToPath(png));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuSvScreen")));
+    QCOMPARE(Head(png, 4), QByteArray("\x89PNG"));
+    rig.Ui.FilePaths.push_back(std::string("   "));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuSvScreen")));
+    QCOMPARE(QString::fromStdString(rig.Ui.Transcript.back().Text), QStringLiteral("Error Save File - Check Name"));
+}
+
+void PrintTest::thePageSurfaceDrawsOnPdfPages() {
+    QTemporaryDir dir;
+    const QString pdf = dir.filePath(QStringLiteral("pages.pdf"));
+    double widthMm = 0;
+    int area = 0;
+    QString error;
+    QVERIFY(WritePdf(
+        pdf, QPageSize(QPageSize::A4), QPageLayout::Landscape, QStringLiteral("Pages"),
+        [&](display::Surface& page) {
+            widthMm = page.PageWidthMm();
+            area = page.AreaWidth();
+            page.SetCoordinateBox(0, 0, 297, 210);
+            page.SetLineWidth(3);
+            page.Line(10, 10, 287, 200, 0);
+            page.PutBitmap(display::sym::Fan, 100, 100, 10, 10);
+            page.SetFontSize(10);
+            page.SetCurrentPoint(20, 20);
+            page.PrintText("First page");
+            page.NewPage();
+            page.SetCurrentPoint(20, 20);
+            page.PrintText("Second page");
+            return true;
+        },
+        &error));
+    QCOMPARE(widthMm, 297.0);
+    QVERIFY(std::abs(area - 297.0 / 25.4 * PdfDotsPerInch) < 2);
+    const QByteArray bytes = [&] {
+        QFile f(pdf);
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    }();
+    QVERIFY(bytes.startsWith("%PDF-"));
+    QVERIFY(bytes.contains("/Count 2"));
+    // A drawing that fails leaves no file, and keeps the one that was there.
+    QVERIFY(!WritePdf(
+        pdf, QPageSize(QPageSize::A4), QPageLayout::Portrait, QString(), [](display::Surface&) { return false; },
+        &error));
+    QCOMPARE(Head(pdf, 5), QByteArray("%PDF-"));
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+} // namespace karvane::shell::testing
