@@ -11,16 +11,6 @@ namespace karvane::forms {
 
 namespace {
 
-std::string Stored(ui::UserInterface& ui, const char* key, const char* fallback) {
-    return ui.GetSetting(files::StoreApp, files::FilesSection, key, fallback);
-}
-
-int StoredInt(ui::UserInterface& ui, const char* key, int fallback) {
-    const std::string text = Stored(ui, key, std::to_string(fallback).c_str());
-    if (!files::IsNumber(text)) return fallback;
-    return static_cast<int>(files::ToInt32(files::ParseNumber(text)));
-}
-
 std::string WholeNumber(double value) { return files::PlainInt(static_cast<std::int64_t>(std::lround(value))); }
 
 // The view's own figure on this paper: a print at a smaller figure would not fit the page.
@@ -33,6 +23,16 @@ void ComputeFigure(PrinterFields& f) {
 
 } // namespace
 
+std::string StoredPrinterValue(ui::UserInterface& ui, const char* key, const char* fallback) {
+    return ui.GetSetting(files::StoreApp, files::FilesSection, key, fallback);
+}
+
+int StoredPrinterInt(ui::UserInterface& ui, const char* key, int fallback) {
+    const std::string text = StoredPrinterValue(ui, key, std::to_string(fallback).c_str());
+    if (!files::IsNumber(text)) return fallback;
+    return static_cast<int>(files::ToInt32(files::ParseNumber(text)));
+}
+
 PrinterFields OpenPrinterForm(const Model& model, const display::DisplayState& ds, ui::UserInterface& ui,
                               PrinterHost& host) {
     PrinterFields f;
@@ -41,7 +41,7 @@ PrinterFields OpenPrinterForm(const Model& model, const display::DisplayState& d
     f.TxtTitle = TrimText(model.FileComment).empty() ? "Unnamed Network" : model.FileComment;
     f.PrintList = host.PrinterNames();
     // A stored printer that no longer exists is passed over: the system's own stays current.
-    const std::string stored = Stored(ui, PrinterNameKey, "");
+    const std::string stored = StoredPrinterValue(ui, PrinterNameKey, "");
     const std::string wanted = stored.empty() ? host.DefaultPrinter() : stored;
     for (std::size_t i = 0; i < f.PrintList.size(); ++i) {
         if (f.PrintList[i] == wanted) f.PrinterIndex = static_cast<int>(i);
@@ -53,9 +53,9 @@ PrinterFields OpenPrinterForm(const Model& model, const display::DisplayState& d
         }
     }
     if (f.PrinterIndex < 0 && !f.PrintList.empty()) f.PrinterIndex = 0;
-    f.PaperSize = StoredInt(ui, PaperSizeKey, f.PrinterIndex >= 0 ? host.DefaultPaper(f.Printer()) : 0);
-    f.ChkColour = StoredInt(ui, PrintColourKey, 0) != 0;
-    f.OptOrient = StoredInt(ui, PrintOrientKey, 0) == 1 ? 1 : 0;
+    f.PaperSize = StoredPrinterInt(ui, PaperSizeKey, f.PrinterIndex >= 0 ? host.DefaultPaper(f.Printer()) : 0);
+    f.ChkColour = StoredPrinterInt(ui, PrintColourKey, 0) != 0;
+    f.OptOrient = StoredPrinterInt(ui, PrintOrientKey, 0) == 1 ? 1 : 0;
     RefillPapers(f, host);
     return f;
 }

@@ -19,6 +19,10 @@ inline constexpr const char* PaperSizeKey = "Papersize";
 inline constexpr const char* PrintColourKey = "PrintColour";
 inline constexpr const char* PrintOrientKey = "PrintOrient";
 
+// A stored printer value, and one that is a whole number (fallback when it isn't).
+std::string StoredPrinterValue(ui::UserInterface& ui, const char* key, const char* fallback);
+int StoredPrinterInt(ui::UserInterface& ui, const char* key, int fallback);
+
 // The largest scale figure a print takes.
 inline constexpr double MaxScaleFigure = 10000000;
 

@@ -385,18 +385,6 @@ void MainWindow::ApplySettingsTimers() {
     UpdateMenuTicks();
 }
 
-void MainWindow::ReadPrinterWidth() {
-    // The scale figure of the title tells how a printout would come out: the printable width of
-    // the printer in the orientation of the print settings.
-    QPrinter printer(QPrinter::ScreenResolution);
-    const std::string name = ui_.GetSetting(files::StoreApp, files::FilesSection, "PrinterName", "");
-    if (!name.empty()) printer.setPrinterName(FromPath(name));
-    const std::string orient = ui_.GetSetting(files::StoreApp, files::FilesSection, "PrintOrient", "0");
-    printer.setPageOrientation(orient == "1" ? QPageLayout::Landscape : QPageLayout::Portrait);
-    const double width = printer.pageLayout().paintRect(QPageLayout::Millimeter).width();
-    if (width > 10) ds_->PrintableWidthMm = width;
-}
-
 void MainWindow::OnAutosaveTick() {
     if (!autosaveTicks_.Tick() || runActive_) return;
     if (windows_.IsOpen(windows_.CurWin)) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);

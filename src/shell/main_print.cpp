@@ -24,16 +24,24 @@ namespace karvane::shell {
 namespace {
 
 std::string Stored(ui::UserInterface& ui, const char* key, const char* fallback) {
-    return ui.GetSetting(files::StoreApp, files::FilesSection, key, fallback);
+    return forms::StoredPrinterValue(ui, key, fallback);
 }
 
-int StoredInt(ui::UserInterface& ui, const char* key) {
-    bool ok = false;
-    const int value = QString::fromStdString(Stored(ui, key, "0")).toInt(&ok);
-    return ok ? value : 0;
-}
+int StoredInt(ui::UserInterface& ui, const char* key) { return forms::StoredPrinterInt(ui, key, 0); }
 
 } // namespace
+
+void MainWindow::ReadPrinterWidth() {
+    // The scale figure of the title tells how a printout would come out: the printable width of
+    // the stored printer and paper in the orientation of the print settings.
+    QtPrinterHost host;
+    std::string name = Stored(ui_, forms::PrinterNameKey, "");
+    if (name.empty()) name = host.DefaultPrinter();
+    double width = 0, height = 0;
+    host.PageSize(name, StoredInt(ui_, forms::PaperSizeKey), StoredInt(ui_, forms::PrintOrientKey) == 1 ? 1 : 0, width,
+                  height);
+    if (width > 10) ds_->PrintableWidthMm = width;
+}
 
 bool MainWindow::PrintCurrentWindow(const std::string& printerName, int paperId, int orientation) {
     if (!ViewWindowOpen()) return false;
