@@ -15,6 +15,7 @@
 #include "display/renderer.h"
 #include "edit/edit_tools.h"
 #include "edit/tool_dispatch.h"
+#include "engineering/resistance.h"
 #include "files/network_file.h"
 #include "files/undo_log.h"
 #include "model/network_rows.h"
@@ -43,6 +44,7 @@ struct ConstructRig : ToolHost, EditHost {
 
     // The view: a plan 1000 m wide centred on (500, 500), every airway in it.
     void Show() {
+        RecalcAllAirways(S.M);
         S.Refresh();
         display::SetViewBox(S.Ds, 1000, 750, 500, 500);
         Redraw();
@@ -123,12 +125,14 @@ struct ConstructRig : ToolHost, EditHost {
         for (std::int32_t row = 1; row <= S.M.AirwayCount; ++row) rows.push_back(files::AirwayRowText(S.M, row, '.'));
         return rows;
     }
-    // The same, without the undo numbers, sorted: the network as a set of airways.
+    // The same, without the undo numbers and the mark of the display list, sorted: the
+    // network as a set of airways.
     std::vector<std::string> Network() {
         std::vector<std::string> rows;
         for (std::int32_t row = 1; row <= S.M.AirwayCount; ++row) {
             Airway a = S.Row(row);
             a.UndoNo = 0;
+            a.BranchCode &= ~bc::InView;
             std::swap(a, S.Row(row));
             rows.push_back(files::AirwayRowText(S.M, row, '.'));
             std::swap(a, S.Row(row));
@@ -144,35 +148,8 @@ struct ConstructRig : ToolHost, EditHost {
                 actions.push_back(Undo.UndoIndex[static_cast<std::size_t>(k)].UndoAction);
         return actions;
     }
-    // The undo of the last step, done literally from the log: a row logged after the step goes,
-    // a row logged before it comes back at the end of the table.
-    void UndoLastStep() {
-        std::int16_t step = Undo.CurrentStep;
-        bool changed = false;
-        while (!changed && step > 1) {
-            --step;
-            for (std::int16_t k = static_cast<std::int16_t>(Undo.NextUndoRow - 1); k >= 1; --k) {
-                const files::UndoEntry& e = Undo.UndoIndex[static_cast<std::size_t>(k)];
-                if (e.UndoStep != step) continue;
-                if (e.UndoAction == files::undo::After) {
-                    for (std::int32_t row = S.M.AirwayCount; row >= 1; --row) {
-                        if (S.Row(row).UndoNo != e.UndoRowNo) continue;
-                        ClearAirwayRow(S.M, row);
-                        changed = true;
-                        break;
-                    }
-                } else if (e.UndoAction == files::undo::Before) {
-                    ++S.M.AirwayCount;
-                    std::string text = Undo.RecordText(k);
-                    text.erase(text.find_last_not_of(' ') + 1);
-                    files::ParseAirwayRow(S.M, S.Ui, text, S.M.AirwayCount, 2.6, '.');
-                    changed = true;
-                }
-            }
-            CompactAirways(S.M);
-        }
-        Undo.CurrentStep = step;
-    }
+    // The undo of the last step, as the Undo command does it.
+    void UndoLastStep() { Undo.Undo(S.M, S.Ui); }
 };
 
 } // namespace karvane::edit::testing

@@ -3,6 +3,8 @@
 // the log gives back the network as it was.
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "construct_support.h"
 
 namespace karvane::edit {
@@ -596,6 +598,94 @@ TEST(Draw, LayersComeFromTheStartAirwayOnlyWithLayerInheritanceAndOffLayersWarn)
                                                 "Secondary layer is set to invisible - drawn airway may be invisible"};
         EXPECT_EQ(n.S.Ui.Texts("Message"), inherit ? std::vector<std::string>{} : warnings);
     }
+}
+
+} // namespace
+} // namespace karvane::edit
+
+namespace karvane::edit {
+namespace {
+
+// Every tool's edit, undone and done again: the network before and after it, row for row.
+TEST(UndoRoad, EveryEditComesBackWholeAndGoesAgainByRedo) {
+    struct Case {
+        const char* Name;
+        std::function<void(Net&)> Edit;
+    };
+    const std::vector<Case> cases{
+        {"draw with two splits", [](Net& n) { n.Tool(cmd::Draw), n.Drag(300, 200, 700, 800); }},
+        {"draw from a node", [](Net& n) { n.Tool(cmd::Draw), n.Drag(1000, 200, 900, 400); }},
+        {"move a shared node", [](Net& n) { n.Tool(cmd::Move), n.Drag(1000, 200, 950, 300); }},
+        {"move a node onto an airway",
+         [](Net& n) {
+             n.Tool(cmd::Move);
+             n.Drag(0, 200, 400, 800);
+         }},
+        {"fence copy",
+         [](Net& n) {
+             CoordsResult move;
+             move.dX = 30;
+             move.Copy = true;
+             n.CoordsAnswers = {move};
+             n.Tool(cmd::Move);
+             n.Drag(-50, 150, 1050, 250);
+         }},
+        {"reverse", [](Net& n) { n.Tool(cmd::Reverse), n.Click(500, 800); }},
+        {"insert a node", [](Net& n) { n.Tool(cmd::Insert), n.Click(500, 800); }},
+        {"name a node",
+         [](Net& n) {
+             n.S.Ui.Inputs = {"Corner"};
+             n.Tool(cmd::Names);
+             n.Click(1000, 200);
+         }},
+        {"bulkhead", [](Net& n) { n.Tool(cmd::Edit), n.Click(500, 200, button::Right); }},
+    };
+    for (const Case& c : cases) {
+        Net n;
+        n.Add(0, 200, 1000, 200);
+        n.Add(0, 800, 1000, 800);
+        n.Add(1000, 200, 1000, 800);
+        n.Show();
+        const std::vector<std::string> before = n.Network();
+        c.Edit(n);
+        const std::vector<std::string> after = n.Network();
+        ASSERT_NE(after, before) << c.Name;
+        EXPECT_TRUE(n.Undo.Undo(n.S.M, n.S.Ui)) << c.Name;
+        EXPECT_EQ(n.Network(), before) << c.Name;
+        EXPECT_TRUE(n.Undo.Redo(n.S.M, n.S.Ui)) << c.Name;
+        EXPECT_EQ(n.Network(), after) << c.Name;
+    }
+}
+
+TEST(UndoRoad, ARefusedEditLeavesTheLogAsItWasAndANewEditCutsTheRedoTail) {
+    Net n;
+    n.Add(0, 200, 1000, 200);
+    n.Show();
+    const std::vector<std::string> original = n.Network();
+    n.Tool(cmd::Draw);
+    n.Drag(300, 400, 600, 400);
+    n.Drag(300, 500, 600, 500);
+    const std::int16_t step = n.Undo.CurrentStep;
+    const std::int16_t next = n.Undo.NextUndoRow;
+    // A level airway at the surface, then a draw past the capacity: nothing changes, nothing is logged.
+    n.S.Ds.View.CurRL = 1000;
+    n.Drag(300, 600, 600, 600);
+    n.S.Ds.View.CurRL = 500;
+    const std::int32_t count = n.S.M.AirwayCount;
+    n.S.M.AirwayCount = MaxAirways - 1;
+    n.Drag(300, 700, 600, 700);
+    n.S.M.AirwayCount = count;
+    EXPECT_EQ(n.Undo.CurrentStep, step);
+    EXPECT_EQ(n.Undo.NextUndoRow, next);
+    // Undo twice gives the network of the start; a new edit leaves nothing to redo.
+    n.Undo.Undo(n.S.M, n.S.Ui);
+    n.Undo.Undo(n.S.M, n.S.Ui);
+    EXPECT_EQ(n.Network(), original);
+    n.Show();
+    n.Drag(300, 300, 600, 300);
+    EXPECT_FALSE(n.Undo.Redo(n.S.M, n.S.Ui));
+    EXPECT_EQ(n.S.Ui.Texts("Message").back(), "No more actions available to redo");
+    EXPECT_EQ(n.S.M.AirwayCount, 2);
 }
 
 } // namespace
