@@ -307,7 +307,14 @@ bool ToolCommandAvailable(int value) {
     switch (value) {
     case edit::cmd::Zoom:
     case edit::cmd::Fit:
+    case edit::cmd::Draw:
     case edit::cmd::Redo:
+    case edit::cmd::Move:
+    case edit::cmd::Reverse:
+    case edit::cmd::Fan:
+    case edit::cmd::Names:
+    case edit::cmd::Edit:
+    case edit::cmd::Insert:
     case edit::cmd::Contaminant:
     case edit::cmd::Info:
     case edit::cmd::Simulate:

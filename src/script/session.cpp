@@ -3,6 +3,7 @@
 #include "script/session.h"
 
 #include <cmath>
+#include <cstdio>
 #include <filesystem>
 
 #include "commands/menu_commands.h"
@@ -18,7 +19,9 @@
 #include "edit/view_gestures.h"
 #include "files/network_file.h"
 #include "files/network_load.h"
+#include "forms/coords_form.h"
 #include "model/network_rows.h"
+#include "model/units.h"
 #include "simulate/run.h"
 #include "simulate/troubleshoot.h"
 
@@ -68,6 +71,7 @@ Session::Session(Model& model, ui::UserInterface& ui)
       context_{m_, *ds_, ui_, undo_, *this, hooks_.get()} {
     dispatcher_ = std::make_unique<edit::ToolDispatcher>(m_, *ds_, ui_, *this);
     pickTools_ = std::make_unique<edit::PickTools>(m_, *ds_, ui_, undo_, *this, *this);
+    editTools_ = std::make_unique<edit::EditTools>(m_, *ds_, ui_, undo_, *this);
     context_.Finder = this;
     undo_.Open(ui_);
     ds_->DecimalSeparator = ui_.DecimalSeparator();
@@ -431,9 +435,10 @@ void Session::CommandUnavailable(int value) {
     Fail("the " + ToolNameOf(value) + " command is not available in this version");
 }
 
-void Session::ToolPress(const edit::ToolEvent&) {}
+void Session::ToolPress(const edit::ToolEvent& event) { editTools_->Press(event, *dispatcher_); }
 
 void Session::ToolRelease(const edit::ToolEvent& event) {
+    if (editTools_->Release(event)) return;
     if (edit::PickTools::Handles(event.Tool)) {
         pickTools_->Release(event, *dispatcher_);
         return;
@@ -468,17 +473,24 @@ std::optional<edit::CoordsResult> Session::ShowCoords(const edit::CoordsRequest&
     if (coords_.empty()) return std::nullopt; // no entry queued: the user cancels
     const ScriptLine line = coords_.front();
     coords_.pop_front();
+    // The script gives metres; the form's boxes are in the length unit of the network.
+    const double perMetre = static_cast<double>(ToDisplay(m_, 1.0, uc::Length));
+    auto text = [perMetre](double metres) {
+        char buffer[64];
+        std::snprintf(buffer, sizeof buffer, "%.4f", metres * perMetre);
+        return std::string(buffer);
+    };
     const ScriptPoint& a = line.Points[0];
     const ScriptPoint d = line.Points.size() > 1 ? line.Points[1] : ScriptPoint{};
-    edit::CoordsResult r;
-    r.dX = Whole(d.X);
-    r.dY = Whole(d.Y);
-    r.dZ = Whole(d.Z);
-    r.X = (request.Absolute ? Whole(a.X) : 0) + r.dX;
-    r.Y = (request.Absolute ? Whole(a.Y) : 0) + r.dY;
-    r.Z = (request.Absolute ? Whole(a.Z) : 0) + r.dZ;
-    r.Copy = line.Copy && request.OfferCopy;
-    return r;
+    forms::CoordsEntry entry;
+    entry.X = text(a.X);
+    entry.Y = text(a.Y);
+    entry.Z = text(a.Z);
+    entry.dX = text(d.X);
+    entry.dY = text(d.Y);
+    entry.dZ = text(d.Z);
+    entry.Copy = line.Copy;
+    return forms::EnterCoords(m_, request, entry, ui_);
 }
 
 void Session::ShowAirwayEditor(std::int32_t row, int mode) {

@@ -16,6 +16,7 @@
 #include "display/mapped_surface.h"
 #include "display/startup_view.h"
 #include "edit/edit_host.h"
+#include "edit/edit_tools.h"
 #include "edit/find.h"
 #include "edit/pick_tools.h"
 #include "edit/tool_dispatch.h"
@@ -96,6 +97,7 @@ public:
     void ToolRelease(const edit::ToolEvent& event) override;
     void ShowPopup(std::int32_t, float, float) override {}
     void HidePopup() override {}
+    bool CoordinateDialogOpen() const override { return editTools_ && editTools_->CoordinateDialogOpen(); }
 
     // edit::EditHost
     std::optional<edit::CoordsResult> ShowCoords(const edit::CoordsRequest& request) override;
@@ -149,6 +151,7 @@ private:
     std::unique_ptr<Hooks> hooks_;
     std::unique_ptr<edit::ToolDispatcher> dispatcher_;
     std::unique_ptr<edit::PickTools> pickTools_;
+    std::unique_ptr<edit::EditTools> editTools_;
     std::vector<ShownAirway> shown_;
     commands::CommandContext context_;
 
