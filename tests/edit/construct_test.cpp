@@ -690,3 +690,63 @@ TEST(UndoRoad, ARefusedEditLeavesTheLogAsItWasAndANewEditCutsTheRedoTail) {
 
 } // namespace
 } // namespace karvane::edit
+
+namespace karvane::edit {
+namespace {
+
+// A 3D view turned and tilted, or standing as a vertical section.
+struct View3D : Net {
+    void Turn(float tilt, float spin) {
+        S.Ds.View.Is3D = 1;
+        S.Ds.View.Tilt = tilt;
+        S.Ds.View.Spin = spin;
+        S.Ds.View.RotCentre = {500, 500, 500};
+        S.Ds.View.RotCentreSet = 1;
+        display::CacheRotation(S.Ds);
+        Show();
+        display::ApplyRotation(S.M, S.Ds);
+        Redraw();
+    }
+    // A drag between two cursor positions (cursor coordinates of the view).
+    void DragCursor(display::ViewPoint a, display::ViewPoint b) {
+        D.OnMouseDown(1, 0, a.X * S.M.SgnX, a.Y * S.M.SgnY, 0);
+        D.OnMouseMove(1, 0, b.X * S.M.SgnX, b.Y * S.M.SgnY, 0);
+        D.OnMouseUp(1, 0, b.X * S.M.SgnX, b.Y * S.M.SgnY, 0);
+    }
+};
+
+TEST(Draw, InATurnedViewAFreeEndStaysAtTheLevelOfThePressAndInASectionFollowsTheCursor) {
+    struct Case {
+        float Tilt, Spin;
+        bool Section;
+    };
+    for (const Case& c : {Case{0.6f, 0.4f, false}, Case{static_cast<float>(display::Pi / 2), 0.3f, true}}) {
+        View3D n;
+        n.Add(100, 100, 200, 100, 420);
+        n.Turn(c.Tilt, c.Spin);
+        ASSERT_EQ(display::ViewKind(n.S.Ds.View), c.Section ? 2 : 1);
+        n.S.Ds.View.CurRL = 490;
+        n.Tool(cmd::Draw);
+        // From the node at (200, 100, 420) to a point of the window away from everything.
+        const display::ViewPoint start = display::ProjectPoint(n.S.Ds, 200, 100, 420);
+        const display::ViewPoint end{start.X + 80, start.Y + 60};
+        n.DragCursor(start, end);
+        ASSERT_EQ(n.S.M.AirwayCount, 2) << c.Section;
+        const Airway& a = n.S.Row(2);
+        EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1}), (std::array{200, 100, 420}));
+        // The level shown at the press; a section draws in the vertical plane instead.
+        if (c.Section) {
+            EXPECT_NE(a.Z2, 490);
+        } else {
+            EXPECT_EQ(a.Z2, 490);
+        }
+        // Either way the end stands where the cursor was, seen from the start.
+        const display::ViewPoint p1 = display::ProjectPoint(n.S.Ds, a.X1, a.Y1, a.Z1);
+        const display::ViewPoint p2 = display::ProjectPoint(n.S.Ds, a.X2, a.Y2, a.Z2);
+        EXPECT_NEAR(p2.X - p1.X, end.X - start.X, 1.5) << c.Section;
+        EXPECT_NEAR(p2.Y - p1.Y, end.Y - start.Y, 1.5) << c.Section;
+    }
+}
+
+} // namespace
+} // namespace karvane::edit
