@@ -587,18 +587,6 @@ void AirEditForm::LeaveBox(AirBox box) {
 
 // ---- Controls by name ----------------------------------------------------------------------
 
-const std::vector<std::string>& AirEditForm::ControlNames() {
-    static const std::vector<std::string> names{
-        "TxtName",        "LblFrom",          "LblTo",          "TxtFlow",     "CheckFix",    "TxtPres",
-        "ChkPress",       "TxtLength",        "CheckLength",    "TxtFixRes",   "ChkFixRes",   "TxtWall",
-        "ChkFixK",        "TxtShock",         "ChkShock",       "ResCombo",    "WallCombo",   "ShockCombo",
-        "FanCombo2",      "TxtFanN",          "Optcurve",       "TxtCPart",    "OptSer2",     "OptPar2",
-        "txtRemote",      "CmbPrimary",       "CmbSecond",      "TxtMultiAir", "CmdShape",    "TxtWidth",
-        "txtHeight",      "CheckService",     "CheckDirection", "OptAirType",  "OptShowData", "ChkSurfaceEntry",
-        "ChkSurfaceExit", "CmdResetSekection"};
-    return names;
-}
-
 namespace {
 
 // A list row chosen by a script: a row whose text matches (a preset or fan name, or a fan
@@ -625,7 +613,7 @@ int TextRow(const std::vector<std::string>& rows, const std::string& value, int 
 
 } // namespace
 
-bool AirEditForm::SetControl(const std::string& name, const std::string& value) {
+std::string AirEditForm::SetControl(const std::string& name, const std::string& value) {
     static const std::pair<const char*, AirBox> boxes[] = {
         {"TxtName", AirBox::TxtName},     {"LblFrom", AirBox::LblFrom},     {"LblTo", AirBox::LblTo},
         {"TxtFlow", AirBox::TxtFlow},     {"TxtPres", AirBox::TxtPres},     {"TxtLength", AirBox::TxtLength},
@@ -633,53 +621,107 @@ bool AirEditForm::SetControl(const std::string& name, const std::string& value) 
         {"TxtFanN", AirBox::TxtFanN},     {"TxtCPart", AirBox::TxtCPart},   {"TxtMultiAir", AirBox::TxtMultiAir},
         {"TxtWidth", AirBox::TxtWidth},   {"txtHeight", AirBox::TxtHeight}, {"CmbPrimary", AirBox::CmbPrimary},
         {"CmbSecond", AirBox::CmbSecond}};
-    const std::string key = Upper(name);
+    // A member of a control array, "Optcurve(2)", is the option of that index.
+    std::string key = Upper(TrimText(name));
+    int member = -1;
+    if (const auto open = key.find('('); open != std::string::npos && key.back() == ')') {
+        member = WholeOf(ParseLeadingNumber(key.substr(open + 1)));
+        key = key.substr(0, open);
+    }
+    // The short names of the lists.
+    if (key == "CMBRES") key = "RESCOMBO";
+    if (key == "CMBWALL") key = "WALLCOMBO";
+    if (key == "CMBSHOCK") key = "SHOCKCOMBO";
+    if (key == "CMBFAN") key = "FANCOMBO2";
+    const bool multiple = Multiple();
+    auto refused = [&](const char* why) { return name + std::string(why); };
     for (const auto& [boxName, box] : boxes) {
         if (Upper(boxName) != key) continue;
+        if (multiple &&
+            (box == AirBox::TxtName || box == AirBox::LblFrom || box == AirBox::LblTo || box == AirBox::TxtFlow ||
+             box == AirBox::TxtPres || box == AirBox::TxtFanN || box == AirBox::TxtCPart))
+            return refused(" is not available in a multiple selection");
         // The boxes of the fixed flow, pressure and length take text only while ticked.
-        if ((box == AirBox::TxtFlow && !f_.CheckFix) || (box == AirBox::TxtPres && !f_.ChkPress) ||
-            (box == AirBox::TxtLength && !f_.CheckLength))
-            return false;
+        if (box == AirBox::TxtFlow && !f_.CheckFix) return refused(" is read-only unless CheckFix is ticked");
+        if (box == AirBox::TxtPres && !f_.ChkPress) return refused(" is read-only unless ChkPress is ticked");
+        if (box == AirBox::TxtLength && !f_.CheckLength) return refused(" is read-only unless CheckLength is ticked");
+        if (box == AirBox::TxtFixRes && !f_.ChkFixRes) return refused(" is read-only unless ChkFixRes is ticked");
+        if (box == AirBox::TxtWall && !f_.ChkFixK) return refused(" is read-only unless ChkFixK is ticked");
+        if (box == AirBox::TxtShock && !f_.ChkShock) return refused(" is read-only unless ChkShock is ticked");
+        if (box == AirBox::TxtHeight && !f_.TxtHeightVisible) return refused(" is hidden for a circular airway");
+        if (box == AirBox::TxtCPart && !f_.TxtCPartVisible) return refused(" is shown only with Optcurve(2)");
         if (box == AirBox::CmbPrimary || box == AirBox::CmbSecond) {
             const bool primary = box == AirBox::CmbPrimary;
-            const int row = TextRow(primary ? f_.CmbPrimary : f_.CmbSecond, value, 1);
-            if (row >= 0 && static_cast<std::size_t>(row) < (primary ? f_.CmbPrimary : f_.CmbSecond).size()) {
+            const auto& rows = primary ? f_.CmbPrimary : f_.CmbSecond;
+            const int row = TextRow(rows, value, 1);
+            if (row >= 0 && static_cast<std::size_t>(row) < rows.size()) {
                 Focus(box);
                 ChooseLayer(primary, row);
             } else {
-                TypeText(box, value);
+                TypeText(box, value); // a new name for the layer shown
             }
-            return true;
+            return {};
         }
         TypeText(box, value);
-        return true;
+        return {};
     }
+    const std::string v = Upper(TrimText(value));
     const bool on = TruthOf(value);
+    const bool off = v == "0" || v == "FALSE" || v == "OFF" || v == "NO";
+    const bool tick = key == "CHECKFIX" || key == "CHKPRESS" || key == "CHECKLENGTH" || key == "CHKFIXRES" ||
+                      key == "CHKFIXK" || key == "CHKSHOCK" || key == "OPTSER2" || key == "OPTPAR2" ||
+                      key == "CHECKSERVICE" || key == "CHECKDIRECTION" || key == "OPTSHOWDATA" ||
+                      key == "CHKSURFACEENTRY" || key == "CHKSURFACEEXIT" || (key == "OPTAIRTYPE" && member >= 0) ||
+                      (key == "OPTCURVE" && member >= 0);
+    if (tick && !on && !off) return "\"" + value + "\" is no value for " + name + " (1 or 0)";
+    auto choose = [&](const std::vector<ListRow>& rows, bool fans, void (AirEditForm::*handler)(int)) {
+        const int row = RowByValue(rows, value, fans);
+        if (row < 0 || static_cast<std::size_t>(row) >= rows.size()) return "no row \"" + value + "\" in " + name;
+        (this->*handler)(row);
+        return std::string();
+    };
+    const bool fanControl = key == "FANCOMBO2" || key == "OPTCURVE" || key == "OPTSER2" || key == "OPTPAR2" ||
+                            key == "CHECKFIX" || key == "CHKPRESS" || key == "CHKSURFACEENTRY" ||
+                            key == "CHKSURFACEEXIT";
+    if (multiple && fanControl) return refused(" is not available in a multiple selection");
     if (key == "CHECKFIX") TickFix(on);
     else if (key == "CHKPRESS") TickPress(on);
     else if (key == "CHECKLENGTH") TickLength(on);
     else if (key == "CHKFIXRES") TickFixRes(on);
     else if (key == "CHKFIXK") TickFixK(on);
     else if (key == "CHKSHOCK") TickShock(on);
-    else if (key == "RESCOMBO") ChooseRes(RowByValue(f_.ResCombo, value, false));
-    else if (key == "WALLCOMBO") ChooseWall(RowByValue(f_.WallCombo, value, false));
-    else if (key == "SHOCKCOMBO") ChooseShock(RowByValue(f_.ShockCombo, value, false));
-    else if (key == "FANCOMBO2") ChooseFan(RowByValue(f_.FanCombo2, value, true));
-    else if (key == "OPTCURVE") ChooseCurve(WholeOf(ParseLeadingNumber(value)));
-    else if (key == "OPTSER2") ChooseSeries(on);
+    else if (key == "RESCOMBO") return choose(f_.ResCombo, false, &AirEditForm::ChooseRes);
+    else if (key == "WALLCOMBO") return choose(f_.WallCombo, false, &AirEditForm::ChooseWall);
+    else if (key == "SHOCKCOMBO") return choose(f_.ShockCombo, false, &AirEditForm::ChooseShock);
+    else if (key == "FANCOMBO2") return choose(f_.FanCombo2, true, &AirEditForm::ChooseFan);
+    else if (key == "OPTCURVE") {
+        const int option = member >= 0 ? member : WholeOf(ParseLeadingNumber(value));
+        if (option < 0 || option > 2) return name + " has members 0 to 2";
+        if (member < 0 || on) ChooseCurve(option);
+    } else if (key == "OPTSER2") ChooseSeries(on);
     else if (key == "OPTPAR2") ChooseSeries(!on);
-    else if (key == "TXTREMOTE") ChooseRemote(TextRow(f_.TxtRemote, value, 0));
-    else if (key == "CMDSHAPE") {
-        const int target = std::clamp(WholeOf(ParseLeadingNumber(value)), 0, 2);
+    else if (key == "TXTREMOTE") {
+        const int row = TextRow(f_.TxtRemote, value, 0);
+        if (row < 0 || static_cast<std::size_t>(row) >= f_.TxtRemote.size())
+            return "no row \"" + value + "\" in " + name;
+        ChooseRemote(row);
+    } else if (key == "CMDSHAPE") {
+        const int target = WholeOf(ParseLeadingNumber(value));
+        if (target < 0 || target > 2) return name + " takes a shape from 0 to 2";
         for (int i = 0; i < 3 && f_.ShapeIndex != target; ++i) CmdShape();
-        if (f_.ShapeIndex == target) Touch(AirGroup::MultiAir);
+        Touch(AirGroup::MultiAir);
     } else if (key == "CHECKSERVICE") TickService(on);
     else if (key == "CHECKDIRECTION") TickDirection(on);
     else if (key == "OPTAIRTYPE") {
-        const std::string v = Upper(TrimText(value));
-        if (v == "0" || v == "FRESH") ChooseAirType(0, true);
-        else if (v == "1" || v == "EXHAUST") ChooseAirType(1, true);
-        else {
+        if (member == 0 || member == 1) {
+            ChooseAirType(member, on);
+        } else if (member >= 0) {
+            return name + " has members 0 and 1";
+        } else if (v == "0" || v == "FRESH") {
+            ChooseAirType(0, true);
+        } else if (v == "1" || v == "EXHAUST") {
+            ChooseAirType(1, true);
+        } else {
             ChooseAirType(0, false);
             ChooseAirType(1, false);
         }
@@ -687,8 +729,8 @@ bool AirEditForm::SetControl(const std::string& name, const std::string& value) 
     else if (key == "CHKSURFACEENTRY") TickSurfaceEntry(on);
     else if (key == "CHKSURFACEEXIT") TickSurfaceExit(on);
     else if (key == "CMDRESETSEKECTION") ResetSelection();
-    else return false;
-    return true;
+    else return "frmAirEdit has no control " + name;
+    return {};
 }
 
 } // namespace karvane::forms

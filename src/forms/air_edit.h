@@ -209,10 +209,9 @@ public:
 
     // One control set by its name as the script of the user's actions names it (TxtFlow,
     // CheckFix, ResCombo, ...): the click, the typing and the leaving of the box as a user
-    // would do them. False for a name the dialog has not got.
-    bool SetControl(const std::string& name, const std::string& value);
-    // Control names SetControl understands, in the order of the dialog.
-    static const std::vector<std::string>& ControlNames();
+    // would do them; a member of a control array by its index ("Optcurve(2)", "OptAirType(0)").
+    // Empty when it acted, else why not (no such control, a read-only box, no such row).
+    std::string SetControl(const std::string& name, const std::string& value);
 
     // Closing.
     AirEditClose Ok();

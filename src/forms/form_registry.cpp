@@ -5,6 +5,7 @@
 #include <array>
 #include <cctype>
 
+#include "forms/airway_forms_script.h"
 #include "forms/find_forms_script.h"
 #include "forms/spreadsheet_script.h"
 #include "forms/view_options_script.h"
@@ -33,6 +34,9 @@ const std::array kForms{
     FormEntry{"frmListAirNames", OpenBranchNameList},
     FormEntry{"mnuFNName", OpenNodeNameList},
     FormEntry{"frmListAirNodes", OpenNodeNameList},
+    FormEntry{"frmAirEdit", OpenAirEditScript},
+    FormEntry{"frmFanEdit", OpenFanEditScript},
+    FormEntry{"frmAirInfo", OpenAirInfoScript},
 };
 // clang-format on
 

@@ -112,7 +112,7 @@ struct Token {
     bool Quoted = false;
 };
 
-// Splits a line at blanks; a token in double quotes keeps its blanks.
+// Splits a line at blanks; a token or a part of one in double quotes keeps its blanks.
 bool Tokenize(std::string_view line, std::vector<Token>& tokens, std::string& error) {
     std::size_t i = 0;
     while (i < line.size()) {
@@ -132,10 +132,20 @@ bool Tokenize(std::string_view line, std::vector<Token>& tokens, std::string& er
             t.Quoted = true;
             i = close + 1;
         } else {
-            std::size_t end = i;
-            while (end < line.size() && line[end] != ' ' && line[end] != '\t') ++end;
-            t.Text = std::string(line.substr(i, end - i));
-            i = end;
+            // A quoted part inside a token (NAME="a value") keeps its blanks and loses its quotes.
+            while (i < line.size() && line[i] != ' ' && line[i] != '\t') {
+                if (line[i] == '"') {
+                    const std::size_t close = line.find('"', i + 1);
+                    if (close == std::string_view::npos) {
+                        error = "a quoted text has no closing quote";
+                        return false;
+                    }
+                    t.Text += line.substr(i + 1, close - i - 1);
+                    i = close + 1;
+                } else {
+                    t.Text += line[i++];
+                }
+            }
         }
         tokens.push_back(std::move(t));
     }
@@ -205,6 +215,11 @@ public:
         } else if (word == "close") {
             out.Kind = Op::Close;
             ok = Count(1, 1);
+        } else if (word == "set") {
+            ok = ReadSet(out);
+        } else if (word == "select") {
+            out.Kind = Op::Select;
+            ok = Airways(1, out);
         } else if (word == "simulate") {
             out.Kind = Op::Simulate;
             ok = Count(1, 1);
@@ -254,6 +269,28 @@ private:
             return Set(Shown(t_[k].Text) + " is not a whole number from " + std::to_string(least) + " to " +
                        std::to_string(most));
         value = static_cast<int>(*v);
+        return true;
+    }
+    // Airway numbers from token k on.
+    bool Airways(std::size_t k, ScriptLine& out) {
+        for (; k < t_.size(); ++k) {
+            int no = 0;
+            if (!Whole(k, no, 1, 99999999)) return false;
+            out.Airways.push_back(no);
+        }
+        return true;
+    }
+    bool ReadSet(ScriptLine& out) {
+        out.Kind = Op::Set;
+        int no = 0;
+        if (!Count(3, t_.size()) || !Whole(1, no, 1, 99999999)) return false;
+        out.Airways.push_back(no);
+        for (std::size_t k = 2; k < t_.size(); ++k) {
+            const std::string& pair = t_[k].Text;
+            const std::size_t eq = pair.find('=');
+            if (eq == std::string::npos || eq == 0) return Set("expected NAME=VALUE, not " + Shown(pair));
+            out.Fields.emplace_back(pair.substr(0, eq), pair.substr(eq + 1));
+        }
         return true;
     }
     bool Name(std::size_t k, std::string& text, const char* what) {

@@ -19,6 +19,10 @@
 //   answer yes|no|ok|cancel|"text"   queued for the next question, input box or file dialog
 //   coords X,Y,Z [copy] [DX,DY,DZ]   queued for the next coordinate entry (metres)
 //   field NAME VALUE, cell ROW COL VALUE, button NAME, close   act on the open form
+//   set AIRWAYNO NAME=VALUE ...   the airway editor on that airway (its selection when it is
+//                              selected): each control set by its name, then OK; a pair
+//                              with blanks in quotes ("TxtName=Main drive")
+//   select [AIRWAYNO ...]      those airways selected; no number clears the selection
 //   simulate                   the airflow simulation
 //   save PATH                  the network written to PATH once the whole script has run
 //   # ...                      a comment
@@ -52,6 +56,8 @@ enum class Op {
     Close,
     Simulate,
     Save,
+    Set,
+    Select,
 };
 
 // A point in world metres; Z only where the line gave one.
@@ -82,6 +88,8 @@ struct ScriptLine {
     bool Copy = false;  // coords: "Make a copy"
     std::string Text;   // the level name, menu name, path, field or button name, answer text
     std::string Value2; // field and cell: the value typed
+    std::vector<std::pair<std::string, std::string>> Fields; // set: control names and values
+    std::vector<std::int32_t> Airways;                       // set: the airway; select: the airways
 };
 
 struct ScriptText {

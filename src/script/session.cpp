@@ -19,6 +19,7 @@
 #include "edit/view_gestures.h"
 #include "files/network_file.h"
 #include "files/network_load.h"
+#include "forms/airway_forms_script.h"
 #include "forms/coords_form.h"
 #include "model/network_rows.h"
 #include "model/units.h"
@@ -177,6 +178,8 @@ void Session::Execute(const ScriptLine& line) {
     case Op::Close: FormLine(line); break;
     case Op::Simulate: dispatcher_->RunToolCommand(edit::cmd::Simulate); break;
     case Op::Save: Save(line.Text); break;
+    case Op::Set:
+    case Op::Select: AirwayLine(line); break;
     }
 }
 
@@ -335,6 +338,18 @@ bool Session::OpenNamedForm(const std::string& name, std::int32_t row, int mode)
 }
 
 bool Session::OpenForm(const std::string& menuName) { return OpenNamedForm(menuName); }
+
+void Session::AirwayLine(const ScriptLine& line) {
+    forms::FormContext context{m_, *ds_, ui_, undo_, 0, 0, [this] { AfterRun(); }};
+    std::string reason;
+    if (line.Kind == Op::Set) {
+        reason = forms::SetAirwayByScript(context, line.Airways.front(), line.Fields);
+    } else {
+        reason = forms::SelectAirwaysByScript(m_, line.Airways);
+        if (reason.empty()) RedrawAllWindows();
+    }
+    if (!reason.empty()) Fail(reason);
+}
 
 // Saves go to a file beside their place, which takes the place only once the whole script
 // has run: a script that stops writes nothing.

@@ -134,6 +134,7 @@ private:
     void SetLevel(const ScriptLine& line);
     void Mouse(const ScriptLine& line);
     void FormLine(const ScriptLine& line);
+    void AirwayLine(const ScriptLine& line); // set and select
     void Save(const std::string& path);
     void AfterRun();
     // Runs a form modally: the script lines that follow and act on a form go to it until it
