@@ -96,6 +96,10 @@ namespace sf {
 constexpr int DriveWallType = 4, DefaultShock = 5, Capacity = 12, Density = 15, MaxFans = 69, UnitSys = 72,
               Perspective = 73, Perimeter = 75, Area = 76, ViewBoxWidth = 86, ViewBoxX = 87, ViewBoxY = 88,
               FlowMax = 90;
+// The balancing method, behind the 90 values of the settings line: present only when it is
+// not Hardy Cross. An older reader takes 90 values and never looks at it; a line without it
+// reads as Hardy Cross.
+constexpr int Solver = 91;
 }
 
 struct SettingsLineWriter {
@@ -206,6 +210,7 @@ void WriteDefaultsBlock(TextFileWriter& out, const Model& model, char sep) {
     WriteValues(out, p.ShockPreset, sep);
     std::string line;
     ForEachSettingsField(model.Set, SettingsLineWriter{line, sep});
+    if (model.Set.Solver != SolverHardyCross) line += '\t' + PaddedInt(model.Set.Solver);
     out.WriteLine(line);
     out.WriteLine(DefaultsBlockEnd);
 }
@@ -224,6 +229,7 @@ int ReadDefaultsBlock(TextFileReader& in, Model& model, const std::string& first
 
     if (!lines.Next()) return err::PastEndOfFile;
     ForEachSettingsField(model.Set, SettingsLineReader{lines.F(), model.Set, version});
+    model.Set.Solver = ParseNumber(lines.F()[sf::Solver]) == SolverNewton ? SolverNewton : SolverHardyCross;
     lines.SkipClosingLine();
     return err::None;
 }

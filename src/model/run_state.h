@@ -5,12 +5,17 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "model/network.h"
 
 namespace karvane {
+
+// The work store of the Newton balancing: its factorisation and work columns. Made by the
+// solver at its first run and kept, so that later runs of the same network allocate nothing.
+struct NewtonWork;
 
 // Capacities of the mesh store and the neighbour lists (signed 16-bit row numbers throughout).
 inline constexpr std::int32_t MeshListCapacity = 20 * MaxAirways; // MeshList(1..)
@@ -77,6 +82,10 @@ struct RunState {
     // allocates: set links and labels of the forest, mesh marks, row orders and a queue.
     std::vector<std::int32_t> ScratchA, ScratchB, ScratchC, ScratchD;
     std::vector<std::int64_t> ScratchQueue;
+
+    // The Newton balancing's own store; empty until a run balances by Newton's method. Copies
+    // of a model share it: the solver checks on every run that it fits the present network.
+    std::shared_ptr<NewtonWork> Newton;
 
     RunState()
         : EntryNodeNo(MaxAirways + 1),

@@ -16,6 +16,11 @@ inline constexpr int IconCount = 7;     // IconSize(0..6)
 inline constexpr int ColourCount = 8;   // Colours(0..7)
 inline constexpr std::int32_t BlockedResValue = 1000000000;
 
+// The balancing method of a run (Settings::Solver): Hardy Cross mesh by mesh, or Newton's
+// method on all mesh flows at once. Both give the same flows within the allowed error.
+inline constexpr std::int16_t SolverHardyCross = 0;
+inline constexpr std::int16_t SolverNewton = 1;
+
 // A colour as 24-bit red, green, blue packed as the platform's colour value: R + 256 G + 65536 B.
 inline constexpr std::int32_t Rgb(int r, int g, int b) { return r + 256 * g + 65536 * b; }
 
@@ -89,6 +94,9 @@ struct Settings {
     float ViewBoxY = 1000;              // 88
     float FlowMin = 0;                  // 89
     float FlowMax = 1000;               // 90
+    // 91, written only when it is not Hardy Cross, so that a file that does not use it keeps
+    // its 90 values and older readers, which take 90 values, read the new line unchanged.
+    std::int16_t Solver = SolverHardyCross;
 
     // Values of the record that no file keeps.
     std::int16_t RaiseWallType = 2;

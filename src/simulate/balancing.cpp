@@ -53,6 +53,8 @@ inline MeshSums SumMesh(const Model& model, const std::int16_t* list, std::int32
     return {H, D};
 }
 
+} // namespace
+
 void CopyColumnsIn(Model& model) {
     RunState& run = model.Run;
     for (std::int32_t i = 1; i <= model.AirwayCount; ++i) {
@@ -68,8 +70,7 @@ void CopyFlowsOut(Model& model) {
     for (std::int32_t i = 1; i <= model.AirwayCount; ++i) model.Airways[i].Quantity = run.FlatQ[i];
 }
 
-// Every flow from the chords' flows alone: continuity then holds at every node by construction.
-void Seed(Model& model) {
+void SeedFlows(Model& model) {
     RunState& run = model.Run;
     float* Q = run.FlatQ.data();
     const std::int16_t* list = run.MeshList.data();
@@ -85,8 +86,6 @@ void Seed(Model& model) {
         }
     }
 }
-
-} // namespace
 
 std::int32_t ConvergencePercent(std::int32_t meshes, std::int32_t open) {
     if (meshes <= 0) return 100;
@@ -115,7 +114,7 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
     ui.ProgressAttempt("");
     ui.ProgressError("");
     CopyColumnsIn(model);
-    Seed(model);
+    SeedFlows(model);
 
     const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
     const float* resistance = run.FlatR.data();

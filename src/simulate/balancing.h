@@ -12,6 +12,15 @@
 
 namespace karvane::simulate {
 
+// The flat columns that balancing works on: flow, resistance and applied pressure copied in
+// from the airways, and the flows written back.
+void CopyColumnsIn(Model& model);
+void CopyFlowsOut(Model& model);
+
+// Every flow from the chords' flows alone (ChordFlow keeps them): continuity then holds at
+// every node by construction. Works on the flat flow column.
+void SeedFlows(Model& model);
+
 // The iteration. Seeds every flow from the chords' flows, then runs passes until no mesh is
 // open or MaxIter passes are done, and asks whether to go on when the network has not settled.
 // Shows the attempt and the largest correction after each open pass; a stop request ends it.

@@ -11,6 +11,7 @@
 #include "simulate/balancing.h"
 #include "simulate/fan_model.h"
 #include "simulate/meshing.h"
+#include "simulate/newton.h"
 #include "simulate/pressures.h"
 #include "simulate/troubleshoot.h"
 #include "simulate/validation.h"
@@ -110,7 +111,8 @@ void RunStages(Model& model, ui::UserInterface& ui, Progress& progress) {
     if (!BuildWorkingCurves(model, ui)) return PostRunStep(model, progress);
     progress.Show(60);
     progress.Caption("Balancing airflows");
-    BalanceFlows(model, ui);
+    if (model.Set.Solver == SolverNewton) BalanceFlowsNewton(model, ui);
+    else BalanceFlows(model, ui);
     progress.Show(70);
     if (progress.Stopped()) return PostRunStep(model, progress);
     CloseBalance(model);
