@@ -100,7 +100,7 @@ constexpr int DriveWallType = 4, DefaultShock = 5, Capacity = 12, Density = 15, 
 // not Hardy Cross. An older reader takes 90 values and never looks at it; a line without it
 // reads as Hardy Cross.
 constexpr int Solver = 91;
-}
+} // namespace sf
 
 struct SettingsLineWriter {
     std::string& line;

@@ -66,13 +66,13 @@ public:
 
 struct NewtonWork {
     // Per airway, rows 1..MaxAirways.
-    std::vector<double> Q;     // flow during the iteration
-    std::vector<double> Step;  // flow change of the present step
-    std::vector<double> G;     // Jacobian diagonal, held above its floor
-    std::vector<double> H;     // R Q|Q| - Pf
-    std::vector<double> D;     // 2R|Q| - dPf/dQ as it stands, for the mesh's own correction
-    std::vector<double> Fan;   // Pf at Q, for airways with a pressure source
-    std::vector<int> From, To; // place of the entry and exit node in the solve order; -1 held at 0
+    std::vector<double> Q;                  // flow during the iteration
+    std::vector<double> Step;               // flow change of the present step
+    std::vector<double> G;                  // Jacobian diagonal, held above its floor
+    std::vector<double> H;                  // R Q|Q| - Pf
+    std::vector<double> D;                  // 2R|Q| - dPf/dQ as it stands, for the mesh's own correction
+    std::vector<double> Fan;                // Pf at Q, for airways with a pressure source
+    std::vector<int> From, To;              // place of the entry and exit node in the solve order; -1 held at 0
     std::vector<int> DiagFrom, DiagTo, Off; // places of the airway's entries in the matrix; -1 none
     std::vector<std::uint8_t> InMatrix;     // the airway takes part in the node matrix
 
@@ -265,15 +265,17 @@ void Newton::Evaluate() {
     double smallest = INFINITY;
     for (std::int32_t a = 1; a <= N; ++a) {
         const double q = W.Q[a], r = std::fabs(static_cast<double>(R[a]));
-        double h = r * q * std::fabs(q), g = 2.0 * r * std::fabs(q), pf = 0;
+        double h = r * q * std::fabs(q), g = 2.0 * r * std::fabs(q), d = g, pf = 0;
         if (link[a] != 0.0f) {
-            const FanReading f =
-                ReadFanCurve(M, static_cast<std::int32_t>(link[a]), static_cast<float>(q), a, P[a]);
+            const FanReading f = ReadFanCurve(M, static_cast<std::int32_t>(link[a]), static_cast<float>(q), a, P[a]);
             pf = f.FanPressure;
             h -= pf;
-            g -= f.FanSlope;
+            d -= f.FanSlope;
+            // Off its curve a fan's pressure is held at its end value: the slope there is a
+            // damping for Hardy Cross, and the true derivative is 0.
+            if (f.FanRange == FanOnCurve) g -= f.FanSlope;
         }
-        W.D[a] = g;
+        W.D[a] = d;
         g = std::max(g, 2.0 * r * floorFlow);
         W.H[a] = h;
         W.G[a] = g;

@@ -178,6 +178,46 @@ TEST(DefaultsBlock, RoundTripUnderEitherSeparator) {
     EXPECT_EQ(BlockText(d, ','), BlockText(a, ','));
 }
 
+TEST(DefaultsBlock, TheBalancingMethodRidesBehindTheNinetyValuesOnlyWhenItIsNewton) {
+    Model hardy;
+    SetUpBuiltIn(hardy);
+    SetEveryField(hardy);
+    ASSERT_EQ(hardy.Set.Solver, SolverHardyCross);
+    const std::string plain = BlockText(hardy, '.');
+    EXPECT_EQ(plain, EveryFieldBlock()) << "a block that does not use it is unchanged";
+
+    Model newton;
+    SetUpBuiltIn(newton);
+    SetEveryField(newton);
+    newton.Set.Solver = SolverNewton;
+    const std::string text = BlockText(newton, '.');
+    const auto lines = Lines(text);
+    ASSERT_EQ(Tabs(lines[7]).size(), 91u);
+    EXPECT_EQ(Tabs(lines[7])[90], " 1 ");
+    EXPECT_EQ(lines[7].substr(0, Lines(plain)[7].size()), Lines(plain)[7]) << "the 90 values stand as before";
+
+    // Read back, and read by a reader that takes 90 values: the same settings either way.
+    Model back;
+    SetUpBuiltIn(back);
+    ASSERT_EQ(ReadBlockText(back, text), 0);
+    EXPECT_EQ(back.Set.Solver, SolverNewton);
+    EXPECT_EQ(BlockText(back, '.'), text);
+    back.Set.Solver = SolverHardyCross;
+    EXPECT_EQ(BlockText(back, '.'), plain);
+
+    // A block without it, or with a value this program does not know, reads as Hardy Cross.
+    Model old;
+    SetUpBuiltIn(old);
+    old.Set.Solver = SolverNewton;
+    ASSERT_EQ(ReadBlockText(old, plain), 0);
+    EXPECT_EQ(old.Set.Solver, SolverHardyCross);
+    std::string unknown = text;
+    unknown.replace(unknown.find(" 1 \r\n**End"), 3, " 7 ");
+    old.Set.Solver = SolverNewton;
+    ASSERT_EQ(ReadBlockText(old, unknown), 0);
+    EXPECT_EQ(old.Set.Solver, SolverHardyCross);
+}
+
 TEST(DefaultsBlock, ZeroRulesOfAShortSettingsLine) {
     Model source;
     SetUpBuiltIn(source);

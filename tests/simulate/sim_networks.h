@@ -3,13 +3,18 @@
 // hooks and user interfaces that let a test watch a run.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <cmath>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "model/builtin_settings.h"
 #include "model/model.h"
+#include "model/node_keys.h"
 #include "simulate/run.h"
 #include "ui/scripted_ui.h"
 
@@ -135,5 +140,36 @@ struct RecordingHooks : simulate::RunHooks {
     }
     void EndUndoStep() override { ++UndoSteps; }
 };
+
+// Kirchhoff's laws after a run of a mine whose every airway the surface reaches. Continuity: at
+// every node but the surface, what comes in goes out, to the rounding of single-precision flows
+// corrected many times. Pressures: every inflow of a junction arrives at the pressure with which
+// the airways leaving it start, so the drops round every loop sum to zero; the surface is 0.
+inline void ExpectKirchhoff(const Model& m) {
+    std::map<Fixed4, double> balance;
+    double intake = 0;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        balance[a.ExitKey] += a.Quantity;
+        balance[a.EntryKey] -= a.Quantity;
+        if (a.EntryKey == SurfaceKey) intake += a.Quantity;
+    }
+    ASSERT_GT(intake, 100.0);
+    for (const auto& [key, net] : balance) EXPECT_NEAR(net, 0.0, 1e-5 * intake) << key;
+
+    std::map<Fixed4, float> start;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        ASSERT_NE(a.ToNodeP, NodeNotReached) << r;
+        if (a.EntryKey != SurfaceKey) start[a.EntryKey] = a.FromNodeP;
+    }
+    double worst = 0;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        const double there = a.ExitKey == SurfaceKey ? 0.0 : start[a.ExitKey];
+        worst = std::max(worst, std::fabs(a.ToNodeP - there));
+    }
+    EXPECT_LT(worst, 1.0) << "Pa off round a loop";
+}
 
 } // namespace karvane::simtest
