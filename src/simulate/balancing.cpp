@@ -109,6 +109,27 @@ std::string WorstCorrectionText(float worst, char decimalSeparator) {
     return buffer;
 }
 
+AfterPass EndPass(Model& model, ui::UserInterface& ui, std::int32_t& it, std::int32_t open, float worst) {
+    ++it;
+    if (open > 0) {
+        ui.ProgressAttempt(std::to_string(it));
+        ui.ProgressError(WorstCorrectionText(worst, ui.DecimalSeparator()));
+        ui.PumpEvents();
+        if (model.StopFlag == 255) {
+            model.SimFail = 1;
+            return AfterPass::Stopped;
+        }
+        if (it < model.Set.MaxIter) return AfterPass::Next;
+    }
+    const std::int32_t percent = ConvergencePercent(model.Run.NumMeshes, open);
+    if (percent >= 100) return AfterPass::Finished;
+    const ui::Answer answer =
+        ui.Ask(ConvergenceQuestion(percent), "Convergence Warning", ui::Buttons::YesNo, ui::Icon::Exclamation);
+    if (answer != ui::Answer::Yes) return AfterPass::Finished; // the user accepts the flows as they stand
+    it = 0;
+    return AfterPass::Next;
+}
+
 void BalanceFlows(Model& model, ui::UserInterface& ui) {
     RunState& run = model.Run;
     ui.ProgressAttempt("");
@@ -154,24 +175,12 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
                     MarkNonConverging(model, std::abs(static_cast<std::int32_t>(list[pos])), size, sep);
             }
         }
-        ++it;
-        if (open > 0) {
-            ui.ProgressAttempt(std::to_string(it));
-            ui.ProgressError(WorstCorrectionText(worst, sep));
-            ui.PumpEvents();
-            if (model.StopFlag == 255) {
-                model.SimFail = 1;
-                CopyFlowsOut(model);
-                return;
-            }
-            if (it < model.Set.MaxIter) continue;
+        const AfterPass next = EndPass(model, ui, it, open, worst);
+        if (next == AfterPass::Stopped) {
+            CopyFlowsOut(model);
+            return;
         }
-        const std::int32_t percent = ConvergencePercent(meshes, open);
-        if (percent >= 100) break;
-        const ui::Answer answer =
-            ui.Ask(ConvergenceQuestion(percent), "Convergence Warning", ui::Buttons::YesNo, ui::Icon::Exclamation);
-        if (answer != ui::Answer::Yes) break; // the user accepts the flows as they stand
-        it = 0;
+        if (next == AfterPass::Finished) break;
     }
     CopyFlowsOut(model);
 }

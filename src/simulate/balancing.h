@@ -26,6 +26,13 @@ void SeedFlows(Model& model);
 // Shows the attempt and the largest correction after each open pass; a stop request ends it.
 void BalanceFlows(Model& model, ui::UserInterface& ui);
 
+// What follows one pass of either method, with `open` meshes above the allowed error and the
+// largest correction `worst`: the pass is counted in `it`; an open pass shows its attempt and
+// correction and lets the event loop run, where a stop fails the run; when MaxIter passes are
+// done and meshes are still open, the user is asked whether to go on, and Yes starts `it` again.
+enum class AfterPass { Next, Stopped, Finished };
+AfterPass EndPass(Model& model, ui::UserInterface& ui, std::int32_t& it, std::int32_t open, float worst);
+
 // Leaves in FanLink what each airway's pressure source delivered at the final flows: the
 // operating pressure of a fan on its curve, -9999 stalled, 9999 negated, the applied pressure
 // of a fixed pressure airway, and the closing pressure of each fixed or blocked chord.

@@ -464,23 +464,9 @@ void BalanceFlowsNewton(Model& model, ui::UserInterface& ui) {
             const double alpha = open > 0 ? nt.LineSearch() : 1.0;
             for (std::int32_t a = 1; a <= n; ++a) w.Q[a] += alpha * w.Step[a];
         }
-        ++it;
-        if (open > 0) {
-            ui.ProgressAttempt(std::to_string(it));
-            ui.ProgressError(WorstCorrectionText(worst, sep));
-            ui.PumpEvents();
-            if (model.StopFlag == 255) {
-                model.SimFail = 1;
-                return store();
-            }
-            if (it < model.Set.MaxIter) continue;
-        }
-        const std::int32_t percent = ConvergencePercent(nt.Meshes, open);
-        if (percent >= 100) break;
-        const ui::Answer answer =
-            ui.Ask(ConvergenceQuestion(percent), "Convergence Warning", ui::Buttons::YesNo, ui::Icon::Exclamation);
-        if (answer != ui::Answer::Yes) break; // the user accepts the flows as they stand
-        it = 0;
+        const AfterPass next = EndPass(model, ui, it, open, worst);
+        if (next == AfterPass::Stopped) return store();
+        if (next == AfterPass::Finished) break;
     }
     store();
 }

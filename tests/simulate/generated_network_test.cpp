@@ -19,24 +19,10 @@
 namespace karvane::simulate {
 namespace {
 
-std::unique_ptr<Model> Mine(std::int32_t airways, std::uint64_t seed) {
-    auto m = std::make_unique<Model>();
-    SetBuiltInSettings(*m);
-    minegen::MineRequest plan;
-    plan.Airways = airways;
-    plan.Seed = seed;
-    plan.Boosters = 1;
-    minegen::GenerateMine(*m, plan);
-    m->ShowProgress = 0;
-    m->Set.MaxIter = 5000;
-    m->Set.AllowErr = 0.0001f;
-    return m;
-}
-
 TEST(GeneratedMines, KirchhoffsLawsHoldAfterARun) {
     for (const auto& [size, seed] : {std::pair{400, 1}, std::pair{1500, 2}, std::pair{3000, 3}}) {
         SCOPED_TRACE(size);
-        auto m = Mine(size, seed);
+        auto m = simtest::GeneratedMine(size, seed);
         ui::ScriptedUserInterface ui;
         ui.DefaultAnswer = ui::Answer::No;
         RunAirflow(*m, ui);
@@ -50,7 +36,7 @@ TEST(GeneratedMines, KirchhoffsLawsHoldAfterARun) {
 TEST(GeneratedMines, ForestAndMeshesOfARealNetworkEqualTheLiteralProcedures) {
     for (const auto& [size, seed] : {std::pair{600, 5}, std::pair{5000, 6}}) {
         SCOPED_TRACE(size);
-        auto m = Mine(size, seed);
+        auto m = simtest::GeneratedMine(size, seed);
         ui::ScriptedUserInterface ui;
         m->StopFlag = 0;
         ASSERT_TRUE(CheckNetwork(*m, ui));

@@ -12,7 +12,6 @@
 #include <string>
 #include <vector>
 
-#include "bench/mine_generator.h"
 #include "sim_networks.h"
 #include "simulate/balancing.h"
 
@@ -231,25 +230,10 @@ TEST(Newton, ClosedFormsAndAwkwardNetworksGiveWhatHardyCrossGives) {
     EXPECT_NEAR(n.ByNumber.at(5)->Quantity, 50.0 * (std::sqrt(5.0) - 1.0), 2e-3);
 }
 
-std::unique_ptr<Model> Mine(std::int32_t airways, std::uint64_t seed) {
-    auto m = std::make_unique<Model>();
-    SetBuiltInSettings(*m);
-    minegen::MineRequest plan;
-    plan.Airways = airways;
-    plan.Seed = seed;
-    plan.Boosters = 2;
-    plan.FixedFlows = 2;
-    minegen::GenerateMine(*m, plan);
-    m->ShowProgress = 0;
-    m->Set.MaxIter = 5000;
-    m->Set.AllowErr = 0.0001f;
-    return m;
-}
-
 TEST(Newton, GeneratedMinesBalanceToTheAnswerOfHardyCross) {
     for (const auto& [size, seed] : {std::pair{1000, 1}, std::pair{2500, 3}}) {
         SCOPED_TRACE(size);
-        const Builder build = [size = size, seed = seed] { return Mine(size, seed); };
+        const Builder build = [size = size, seed = seed] { return GeneratedMine(size, seed, 2, 2); };
         const Outcome h = RunBy(build, SolverHardyCross);
         Outcome n = RunBy(build, SolverNewton);
         ASSERT_EQ(n.M->SimFail, 0);

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/model.h"
 #include "model/node_keys.h"
@@ -140,6 +141,24 @@ struct RecordingHooks : simulate::RunHooks {
     }
     void EndUndoStep() override { ++UndoSteps; }
 };
+
+// A generated mine of the given size and seed, to be run silently from still air to a fine
+// allowed error.
+inline std::unique_ptr<Model> GeneratedMine(std::int32_t airways, std::uint64_t seed, int boosters = 1,
+                                            int fixedFlows = -1) {
+    auto m = std::make_unique<Model>();
+    SetBuiltInSettings(*m);
+    minegen::MineRequest plan;
+    plan.Airways = airways;
+    plan.Seed = seed;
+    plan.Boosters = boosters;
+    plan.FixedFlows = fixedFlows;
+    minegen::GenerateMine(*m, plan);
+    m->ShowProgress = 0;
+    m->Set.MaxIter = 5000;
+    m->Set.AllowErr = 0.0001f;
+    return m;
+}
 
 // Kirchhoff's laws after a run of a mine whose every airway the surface reaches. Continuity: at
 // every node but the surface, what comes in goes out, to the rounding of single-precision flows
