@@ -130,12 +130,16 @@ AfterPass EndPass(Model& model, ui::UserInterface& ui, std::int32_t& it, std::in
     return AfterPass::Next;
 }
 
-void BalanceFlows(Model& model, ui::UserInterface& ui) {
-    RunState& run = model.Run;
+void BeginBalance(Model& model, ui::UserInterface& ui) {
     ui.ProgressAttempt("");
     ui.ProgressError("");
     CopyColumnsIn(model);
     SeedFlows(model);
+}
+
+void BalanceFlows(Model& model, ui::UserInterface& ui) {
+    RunState& run = model.Run;
+    BeginBalance(model, ui);
 
     const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
     const float* resistance = run.FlatR.data();

@@ -21,6 +21,10 @@ void CopyFlowsOut(Model& model);
 // every node by construction. Works on the flat flow column.
 void SeedFlows(Model& model);
 
+// The start of either method: the progress labels cleared, the columns copied in, the flows
+// seeded.
+void BeginBalance(Model& model, ui::UserInterface& ui);
+
 // The iteration. Seeds every flow from the chords' flows, then runs passes until no mesh is
 // open or MaxIter passes are done, and asks whether to go on when the network has not settled.
 // Shows the attempt and the largest correction after each open pass; a stop request ends it.

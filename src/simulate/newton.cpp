@@ -398,10 +398,7 @@ double Newton::LineSearch() {
 
 void BalanceFlowsNewton(Model& model, ui::UserInterface& ui) {
     RunState& run = model.Run;
-    ui.ProgressAttempt("");
-    ui.ProgressError("");
-    CopyColumnsIn(model);
-    SeedFlows(model);
+    BeginBalance(model, ui);
     if (!run.Newton) run.Newton = std::make_shared<NewtonWork>();
     Newton nt(model, *run.Newton);
     NewtonWork& w = *run.Newton;
