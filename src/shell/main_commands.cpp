@@ -90,6 +90,7 @@ void MainWindow::RunCommand(int value) {
     }
     case edit::cmd::Sourcing: SourcingSimulation(); break;
     case edit::cmd::PrintScreen: PrintScreenCommand(); break;
+    case edit::cmd::FindNext: edit::FindNext(*model_, *ds_, ui_, *this); break;
     default: CommandUnavailable(value); break;
     }
 }
@@ -441,6 +442,7 @@ void MainWindow::PrepareCurrentView() { SyncArea(windows_.CurWin); }
 void MainWindow::RunMenu(const char* name) {
     if (runActive_) return;
     commands::CommandContext context{*model_, *ds_, ui_, undo_, *this, hooks_.get()};
+    context.Finder = this;
     if (commands::RunMenuCommand(context, name) == commands::CommandResult::Unavailable)
         statusBar()->showMessage(QStringLiteral("This window is not yet available in this version of Karvane"), 5000);
 }
@@ -464,6 +466,9 @@ bool MainWindow::OpenForm(const std::string& menuName) {
         {"mnuRemoteStation", [this] { ShowStationDialog(true); }},
         {"mnuRealOut", [this] { ShowStationDialog(false); }},
         {"mnuAbout", [this] { ShowAbout(); }},
+        {"mnucpAttrib", [this] { ShowAttribDialog(); }},
+        {"mnuFBName", [this] { ShowNameList(false); }},
+        {"mnuFNName", [this] { ShowNameList(true); }},
     };
     const auto found = forms.find(menuName);
     if (found == forms.end()) return false;

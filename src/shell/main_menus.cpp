@@ -146,7 +146,8 @@ void MainWindow::BuildMenus() {
     QAction* copyDefaults = AddAction(copyPaste, "mnuCopy2", QStringLiteral("Paste from Defaults"));
     copyDefaults->setData(edit::cmd::AttributesToDefaults);
     connect(copyDefaults, &QAction::triggered, this, run(edit::cmd::AttributesToDefaults));
-    AddAction(copyPaste, "mnucpAttrib", QStringLiteral("Attributes to Copy..."), kLater);
+    connect(AddAction(copyPaste, "mnucpAttrib", QStringLiteral("Attributes to Copy...")), &QAction::triggered, this,
+            [this] { RunMenu("mnucpAttrib"); });
     QMenu* tools = sub(editMenu, "mnuMods", QStringLiteral("Tools"));
     auto* toolMenuGroup = new QActionGroup(this);
     struct ToolEntry {
@@ -176,11 +177,19 @@ void MainWindow::BuildMenus() {
                                           "Fixed Directions", "Zero lengths"};
     for (int i = 0; i < 10; ++i) {
         const std::string name = "mnuFinder" + std::to_string(i);
-        AddAction(find, name.c_str(), QString::fromLatin1(findCaptions[i]), kLater);
+        QAction* entry = AddAction(find, name.c_str(), QString::fromLatin1(findCaptions[i]));
+        entry->setCheckable(true);
+        finderEntries_[static_cast<std::size_t>(i)] = entry;
+        connect(entry, &QAction::triggered, this, [this, i] {
+            RunMenu(("mnuFinder" + std::to_string(i)).c_str());
+            UpdateMenuTicks();
+        });
     }
     QMenu* findList = sub(editMenu, "mnuFL", QStringLiteral("Find by List"));
-    AddAction(findList, "mnuFBName", QStringLiteral("Branch Names..."), kLater);
-    AddAction(findList, "mnuFNName", QStringLiteral("Node Names..."), kLater);
+    connect(AddAction(findList, "mnuFBName", QStringLiteral("Branch Names...")), &QAction::triggered, this,
+            [this] { RunMenu("mnuFBName"); });
+    connect(AddAction(findList, "mnuFNName", QStringLiteral("Node Names...")), &QAction::triggered, this,
+            [this] { RunMenu("mnuFNName"); });
     editMenu->addSeparator();
     connect(AddAction(editMenu, "mnuDeselect", QStringLiteral("Deselect All\tEsc")), &QAction::triggered, this,
             run(edit::cmd::UpdateScreen));
@@ -419,6 +428,9 @@ void MainWindow::UpdateMenuTicks() {
     const bool realtime = files::RealTimeMenusVisible(model_->Set);
     action(QStringLiteral("mnuRT2"))->setVisible(realtime);
     action(QStringLiteral("mnuRD"))->setVisible(realtime);
+    // The entry of the Find menu last chosen carries the tick.
+    for (std::size_t i = 0; i < finderEntries_.size(); ++i)
+        if (finderEntries_[i]) finderEntries_[i]->setChecked(static_cast<int>(i) == model_->Find.FinderTick);
 }
 
 } // namespace karvane::shell

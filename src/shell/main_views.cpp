@@ -433,7 +433,15 @@ bool MainWindow::CommandAvailable(int value) const {
     case edit::cmd::Sourcing:
     case edit::cmd::Undo:
     case edit::cmd::Redo:
-    case edit::cmd::PrintScreen: return true;
+    case edit::cmd::PrintScreen:
+
+    case edit::cmd::Delete:
+    case edit::cmd::Select:
+    case edit::cmd::Attributes:
+    case edit::cmd::AttributesToDefaults:
+    case edit::cmd::Layers:
+    case edit::cmd::Follow:
+    case edit::cmd::FindNext: return true;
     default: return false;
     }
 }
@@ -449,6 +457,10 @@ void MainWindow::ToolPress(const edit::ToolEvent& event) { editTools_->Press(eve
 
 void MainWindow::ToolRelease(const edit::ToolEvent& event) {
     if (editTools_->Release(event)) return;
+    if (edit::PickTools::Handles(event.Tool)) {
+        pickTools_->Release(event, *dispatcher_);
+        return;
+    }
     switch (event.Tool) {
     case edit::tool::Contaminant: {
         const display::AirwayPick pick = display::FindAirway(*model_, *ds_, event.CurX, event.CurY);

@@ -108,6 +108,7 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     hooks_ = std::make_unique<Hooks>(*this);
     dispatcher_ = std::make_unique<edit::ToolDispatcher>(*model_, *ds_, ui_, *this);
     editTools_ = std::make_unique<edit::EditTools>(*model_, *ds_, ui_, undo_, *this);
+    pickTools_ = std::make_unique<edit::PickTools>(*model_, *ds_, ui_, undo_, *this, *this);
     monitor_ = std::make_unique<exchange::StationMonitor>(*model_, ui_.DecimalSeparator());
     monitor_->Beep = [] { QApplication::beep(); };
     ds_->Stations = monitor_.get();

@@ -18,6 +18,8 @@
 #include "display/view_state.h"
 #include "edit/edit_host.h"
 #include "edit/edit_tools.h"
+#include "edit/find.h"
+#include "edit/pick_tools.h"
 #include "edit/tool_dispatch.h"
 #include "edit/view_windows.h"
 #include "exchange/stations.h"
@@ -64,6 +66,7 @@ class MainWindow : public QMainWindow,
                    public edit::ToolHost,
                    public commands::CommandHost,
                    public edit::EditHost,
+                   public edit::FinderHost,
                    public ProgressSink {
     Q_OBJECT
 public:
@@ -138,6 +141,9 @@ public:
     bool ShowFanDialog(std::int32_t row) override;
     void ShowAirwayInfo(std::int32_t row) override;
     void QuickUpdateAllWindows() override;
+
+    // edit::FinderHost: ShowAirway in the current window, redrawn and marked.
+    void ShowAirwayRow(std::int32_t row, float fraction) override;
 
     // commands::CommandHost
     bool ViewWindowOpen() const override;
@@ -234,7 +240,9 @@ private:
     void RebuildCurrentView();
     void ShowErrorList();
     void GotoAirway(std::int32_t airwayNo);
-    void ShowAirwayRow(std::int32_t row, float fraction);
+    // The attribute choice and the list finders (main_find.cpp).
+    void ShowAttribDialog();
+    void ShowNameList(bool nodes);
     void SetRunActive(bool active);
     void SmokeSimulation();
     void SourcingSimulation();
@@ -336,6 +344,9 @@ private:
     files::UndoLog undo_;
     // The construction tools of the view windows, over the undo log.
     std::unique_ptr<edit::EditTools> editTools_;
+    // Delete, select, attribute and layer paste, follow: the tools that act on picks and fences.
+    std::unique_ptr<edit::PickTools> pickTools_;
+    std::array<QAction*, edit::FinderEntries> finderEntries_{};
     // The real-time stations: the labels at their airways, and the input and output timers.
     class StationRoads;
     std::unique_ptr<exchange::StationMonitor> monitor_;

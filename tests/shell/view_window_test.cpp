@@ -159,11 +159,12 @@ void ViewWindowTest::toolButtonsAndKeysReachTheirTools() {
     QVERIFY(rig.W().toolButton(0)->isChecked());
     QVERIFY(rig.W().action(QStringLiteral("mnuZoom"))->isChecked());
 
-    // A tool whose work is not in this version: the key is answered on the status bar.
+    // The delete tool by its key and by its button.
     rig.Key(v, Qt::Key_F4);
-    QCOMPARE(rig.W().dispatcher().Tool(), edit::tool::Zoom);
-    QVERIFY(rig.W().statusBar()->currentMessage().contains(QStringLiteral("not yet available")));
-    QVERIFY(!rig.W().Trigger(QStringLiteral("Tool8")));
+    QCOMPARE(rig.W().dispatcher().Tool(), edit::tool::Delete);
+    rig.Key(v, Qt::Key_F2);
+    QVERIFY(rig.W().Trigger(QStringLiteral("Tool8")));
+    QCOMPARE(rig.W().dispatcher().Tool(), edit::tool::Delete);
 
     // The information tool: its pop-up stands while the right button is held over an airway.
     rig.W().Trigger(QStringLiteral("Tool13"));
@@ -333,6 +334,44 @@ void ViewWindowTest::theConstructionToolsDrawMoveAndReverseAirways() {
     QVERIFY(rig.M().Set.LayerInherit);
     QVERIFY(rig.Ui.Said("New airways WILL inherit view layer settings from connected airways."));
     QVERIFY(rig.W().action(QStringLiteral("mnuLayerInherit"))->isChecked());
+}
+
+void ViewWindowTest::theFindMenuAndTheFenceDeleteWorkInTheWindow() {
+    ShellRig rig;
+    rig.OpenDemo();
+    ViewWindow* v = rig.View();
+    Model& m = rig.M();
+
+    // Find by a branch name: the view is centred on the airway and the entry takes the tick.
+    std::int32_t named = 0;
+    for (std::int32_t row = 1; row <= m.AirwayCount && named == 0; ++row)
+        if (!TrimText(m.Airways[static_cast<std::size_t>(row)].BranchName).empty()) named = row;
+    QVERIFY(named > 0);
+    const Airway& a = m.Airways[static_cast<std::size_t>(named)];
+    rig.Ui.Inputs.push_back(TrimText(a.BranchName));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuFinder4")));
+    QCOMPARE(rig.Ui.Transcript.back().Title, std::string("Locate Branch"));
+    QCOMPARE(rig.Ds().View.RotCentre[0],
+             static_cast<std::int32_t>(std::lround((static_cast<double>(a.X1) + a.X2) / 2)));
+    QVERIFY(rig.W().action(QStringLiteral("mnuFinder4"))->isChecked());
+    QVERIFY(!rig.W().action(QStringLiteral("mnuFinder1"))->isChecked());
+    QVERIFY(rig.W().Trigger(QStringLiteral("Tool3")));
+
+    // A fence over the whole window deletes what is drawn, in one undo step.
+    rig.W().Trigger(QStringLiteral("mnuFitAll"));
+    const std::int32_t count = m.AirwayCount;
+    const std::size_t drawn = rig.Ds().Drawn.size();
+    QVERIFY(drawn > 0);
+    rig.Key(v, Qt::Key_F4);
+    const QPointF from(2, 2), to(v->width() - 2, v->height() - 2);
+    rig.Press(v, Qt::LeftButton, from);
+    rig.Move(v, Qt::LeftButton, (from + to) / 2);
+    rig.Move(v, Qt::LeftButton, to);
+    rig.Release(v, Qt::LeftButton, to);
+    QCOMPARE(rig.Ui.Transcript.back().Title, std::string("Fence Delete"));
+    QVERIFY(m.AirwayCount < count);
+    rig.Key(v, Qt::Key_Backspace);
+    QCOMPARE(m.AirwayCount, count);
 }
 
 } // namespace karvane::shell::testing
