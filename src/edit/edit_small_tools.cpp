@@ -84,9 +84,11 @@ void EditTools::FanTool(const ToolEvent& e) {
         host_.RedrawAllWindows();
         return;
     }
-    // A new fan's symbol stands where the user clicked.
+    // A new fan's symbol stands where the user clicked; it stays where it was when the dialog
+    // is left without a fan.
+    const float iconLoc = Row(row).IconLoc;
     if (Row(row).FanNumber == 0) Row(row).IconLoc = ds_.PickFraction - 0.3f;
-    host_.ShowFanDialog(row);
+    if (!host_.ShowFanDialog(row) && row <= m_.AirwayCount) Row(row).IconLoc = iconLoc;
     if (row <= m_.AirwayCount) Log(row, files::undo::After);
     CloseStep();
     host_.RedrawAllWindows();

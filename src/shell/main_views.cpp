@@ -453,7 +453,20 @@ void MainWindow::CommandUnavailable(int value) {
     statusBar()->showMessage(what + QStringLiteral(": not yet available in this version of Karvane"), 5000);
 }
 
-void MainWindow::ToolPress(const edit::ToolEvent& event) { editTools_->Press(event, *dispatcher_); }
+void MainWindow::ToolPress(const edit::ToolEvent& event) {
+    editTools_->Press(event, *dispatcher_);
+    // A start typed into the coordinate entry at a right-button press: the button came up while
+    // the entry was open, so the release that asks for the end is given here.
+    if (event.Button != 2 || !editTools_->State().StartEntered || (QGuiApplication::mouseButtons() & Qt::RightButton))
+        return;
+    const int window = event.Window;
+    QTimer::singleShot(0, this, [this, window] {
+        ViewWindow* v = view(window);
+        if (!v || !dispatcher_->State().MouseIsDown) return;
+        const QPoint global = QCursor::pos();
+        ViewMouseUp(window, 2, 0, v->ToWindow(v->mapFromGlobal(global)), global);
+    });
+}
 
 void MainWindow::ToolRelease(const edit::ToolEvent& event) {
     if (editTools_->Release(event)) return;
