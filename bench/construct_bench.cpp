@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "bench/mine_generator.h"
+#include "bench/quiet_host.h"
 #include "display/display_list.h"
 #include "display/drawn_list.h"
 #include "display/view_transform.h"
@@ -20,37 +21,6 @@
 namespace {
 
 using namespace karvane;
-
-// The windows around the tools: nothing is drawn, no dialog opens.
-struct QuietHost : edit::ToolHost, edit::EditHost {
-    display::Surface* CurrentSurface() override { return nullptr; }
-    void Redraw() override {}
-    void RedrawAll() override {}
-    void ShowViewStatus() override {}
-    void ShowToolState(int) override {}
-    void SetViewCursor(const std::string&) override {}
-    void StartPowerZoomTimer(int) override {}
-    void StopPowerZoomTimer() override {}
-    void StopRotationTimer() override {}
-    void SaveWindowState() override {}
-    void MakeWindowCurrent(int) override {}
-    void FocusWindow(int) override {}
-    void RunCommand(int) override {}
-    void StepLevel(int) override {}
-    bool CommandAvailable(int) const override { return true; }
-    void CommandUnavailable(int) override {}
-    void ToolPress(const edit::ToolEvent&) override {}
-    void ToolRelease(const edit::ToolEvent&) override {}
-    void ShowPopup(std::int32_t, float, float) override {}
-    void HidePopup() override {}
-    std::optional<edit::CoordsResult> ShowCoords(const edit::CoordsRequest&) override { return std::nullopt; }
-    void ShowAirwayEditor(std::int32_t, int) override {}
-    bool ShowFanDialog(std::int32_t) override { return false; }
-    void ShowAirwayInfo(std::int32_t) override {}
-    void QuickUpdateAllWindows() override {}
-    void RedrawWindow() override {}
-    void RedrawAllWindows() override {}
-};
 
 void DrawWithTwoSplits(benchmark::State& state) {
     auto model = std::make_unique<Model>();
@@ -105,7 +75,7 @@ void DrawWithTwoSplits(benchmark::State& state) {
     const std::vector<Airway> rows = model->Airways;
     const std::int32_t count = model->AirwayCount, lastNo = model->Set.LastAirwayNo;
 
-    QuietHost host;
+    bench::QuietHost host;
     files::UndoLog undo;
     undo.Open(ui);
     edit::ToolDispatcher dispatcher(*model, *ds, ui, host);
