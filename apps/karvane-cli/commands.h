@@ -26,5 +26,6 @@ void AddCheckCommand(CommandLine& cl);   // check FILE [--json]
 void AddMergeCommand(CommandLine& cl);   // merge BASE OTHER OUT
 void AddAirwayCommand(CommandLine& cl);  // airway FILE AIRWAYNO [--simulate] [--json] [--curve OUT.svg]
 void AddPrintCommand(CommandLine& cl);   // print FILE OUT.pdf [--scale N] [--paper A4] ... (with Qt's GUI module)
+void AddFansCommand(CommandLine& cl);    // fans [--json] [--curve N OUT.svg]
 
 } // namespace karvane::cli

@@ -26,5 +26,6 @@ int main(int argc, char** argv) {
 #ifdef KARVANE_CLI_QT
     AddPrintCommand(cl);
 #endif
+    AddFansCommand(cl);
     return cl.Run(argc, argv);
 }

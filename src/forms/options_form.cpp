@@ -336,6 +336,7 @@ OptionsEffects SwitchUnitSystem(Model& model, display::DisplayState& ds, Options
     f.Filled = false;
     FillOptions(model, ds, f, ui.DecimalSeparator());
     fx.UnitSystemChanged = true;
+    model.DefaultsSaved = No0;
     return fx;
 }
 
@@ -448,6 +449,8 @@ bool OptionsForm::PressButton(const std::string& name) {
         Effects.ResistancesRecalculated = Effects.ResistancesRecalculated || fx.ResistancesRecalculated;
         Effects.ViewTransformRebuilt = Effects.ViewTransformRebuilt || fx.ViewTransformRebuilt;
         applied_ = closed_ = true;
+        // The changed settings are offered for saving as defaults when the program ends.
+        model_.DefaultsSaved = No0;
     } else if (name == "cmdCancel") {
         closed_ = true;
     } else {

@@ -2,6 +2,7 @@
 // modally over the model and the main window follows what it changed.
 #include "dialogs/fan_data_dialog.h"
 #include "dialogs/level_list_dialog.h"
+#include "dialogs/options_dialog.h"
 #include "shell/main_window.h"
 
 namespace karvane::shell {
@@ -23,6 +24,22 @@ void MainWindow::ShowLevelList() {
     RedrawAllWindows();
 }
 
-void MainWindow::ShowOptions() {}
+void MainWindow::ShowOptions() {
+    dialogs::OptionsDialog dialog(*model_, *ds_, ui_, this);
+    // A unit switch and the font and icon boxes act at once: every view and label follows.
+    dialog.MainRefresh = [this] {
+        RefreshControls();
+        RedrawAllWindows();
+    };
+    dialog.exec();
+    if (dialog.Form().Applied()) {
+        // The edit state of the main window is cleared; the timers, menus and views follow.
+        dispatcher_->CancelGesture();
+        ApplySettingsTimers();
+        SyncArea(windows_.CurWin);
+    }
+    RefreshControls();
+    RedrawAllWindows();
+}
 
 } // namespace karvane::shell

@@ -72,7 +72,8 @@ void MainWindowTest::buildsEveryMenuAndToolButtonInOrder() {
           "mnuConfirm",       "mnuFixL",         "mnuUnFixL",     "mnuAutoName",     "mnuAutoNodes",
           "mnuResetAir",      "mnuchecknumbers", "mnuRevCoord",   "mnuReverse",      "mnuremdup",
           "mnuPres",          "mnuRmvFlow",      "mnuClrSmoke",   "mnuClrSources",   "mnuDXFTrue",
-          "MnuDXFScreen",     "mnuExportData",   "MnuDXF",        "mnuImportData",   "mnuSimp"}) {
+          "MnuDXFScreen",     "mnuExportData",   "MnuDXF",        "mnuImportData",   "mnuSimp",
+          "mnuFanData",       "mnuRLBase",       "mnuOptionShow"}) {
         QAction* a = rig.W().action(QString::fromLatin1(name));
         QVERIFY2(a, name);
         QVERIFY2(a->isEnabled(), name);

@@ -75,4 +75,13 @@ private Q_SLOTS:
     void thePageSurfaceDrawsOnPdfPages();
 };
 
+// The editors of the Tools menu: fans, levels, options.
+class EditorDialogsTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void theFanTableTakesTypedPointsIntoTheDatabase();
+    void theLevelTableSavesOnOk();
+    void theOptionsUnitSwitchFollowsAtOnceAndCancelKeepsTheRest();
+};
+
 } // namespace karvane::shell::testing
