@@ -6,6 +6,7 @@
 #include <cctype>
 
 #include "forms/airway_forms_script.h"
+#include "forms/editors_script.h"
 #include "forms/find_forms_script.h"
 #include "forms/spreadsheet_script.h"
 #include "forms/view_options_script.h"
@@ -27,6 +28,12 @@ const std::array kForms{
     FormEntry{"mnuViewData", OpenViewerForm},
     FormEntry{"frmViewer", OpenViewerForm},
     FormEntry{"mnuPower", OpenSpreadSheetForm},
+    FormEntry{"mnuFanData", OpenFanDataScript},
+    FormEntry{"frmFanData", OpenFanDataScript},
+    FormEntry{"mnuRLBase", OpenLevelListScript},
+    FormEntry{"frmRLBase", OpenLevelListScript},
+    FormEntry{"mnuOptionShow", OpenOptionsScript},
+    FormEntry{"frmOptions", OpenOptionsScript},
     FormEntry{"frmSpreadSheet", OpenSpreadSheetForm},
     FormEntry{"mnucpAttrib", OpenAttribForm},
     FormEntry{"frmAttrib", OpenAttribForm},
