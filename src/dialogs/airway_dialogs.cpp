@@ -22,6 +22,10 @@ AirwayDialogs::AirwayDialogs(Model& model, ui::UserInterface& ui, files::UndoLog
 
 AirwayDialogs::~AirwayDialogs() = default;
 
+AirEditDialog* AirwayDialogs::editor() const { return editor_; }
+
+AirInfoDialog* AirwayDialogs::info() const { return info_; }
+
 std::int32_t AirwayDialogs::RowOf(std::int32_t airwayNo) const {
     for (std::int32_t r = 1; r <= model_.AirwayCount; ++r) {
         const Airway& a = model_.Airways[static_cast<std::size_t>(r)];

@@ -37,8 +37,8 @@ public:
     bool ShowFanDialog(std::int32_t row);
     void ShowAirwayInfo(std::int32_t row);
 
-    AirEditDialog* editor() const { return editor_; }
-    AirInfoDialog* info() const { return info_; }
+    AirEditDialog* editor() const;
+    AirInfoDialog* info() const;
     forms::AirEditMemory& memory() { return memory_; }
 
 private:

@@ -4,6 +4,7 @@
 #include <QMdiSubWindow>
 #include <QStatusBar>
 
+#include "dialogs/airway_dialogs.h"
 #include "dialogs/coords_dialog.h"
 #include "shell/main_window.h"
 
@@ -15,19 +16,11 @@ std::optional<edit::CoordsResult> MainWindow::ShowCoords(const edit::CoordsReque
 
 bool MainWindow::CoordinateDialogOpen() const { return editTools_ && editTools_->CoordinateDialogOpen(); }
 
-void MainWindow::ShowAirwayEditor(std::int32_t, int) {
-    statusBar()->showMessage(QStringLiteral("The airway editor is not yet available in this version of Karvane"), 5000);
-}
+void MainWindow::ShowAirwayEditor(std::int32_t row, int mode) { airwayDialogs().ShowAirwayEditor(row, mode); }
 
-bool MainWindow::ShowFanDialog(std::int32_t) {
-    statusBar()->showMessage(QStringLiteral("The fan dialog is not yet available in this version of Karvane"), 5000);
-    return false;
-}
+bool MainWindow::ShowFanDialog(std::int32_t row) { return airwayDialogs().ShowFanDialog(row); }
 
-void MainWindow::ShowAirwayInfo(std::int32_t) {
-    statusBar()->showMessage(
-        QStringLiteral("The airway information window is not yet available in this version of Karvane"), 5000);
-}
+void MainWindow::ShowAirwayInfo(std::int32_t row) { airwayDialogs().ShowAirwayInfo(row); }
 
 void MainWindow::QuickUpdateAllWindows() {
     // The new airway is drawn over the standing pictures: lines and annotation, no clearing.

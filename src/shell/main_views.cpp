@@ -489,11 +489,13 @@ void MainWindow::ToolRelease(const edit::ToolEvent& event) {
         if (contaminant::PlaceReport(*model_, ui_, pick.Airway, ds_->PickFraction)) RedrawWindow();
         return;
     }
-    case edit::tool::Info:
-        statusBar()->showMessage(QStringLiteral("The airway information window is not yet available in this "
-                                                "version; hold the right button over an airway for its figures"),
-                                 5000);
+    case edit::tool::Info: {
+        HidePopup();
+        if (event.Button != 1) return;
+        const display::AirwayPick pick = display::FindAirway(*model_, *ds_, event.CurX, event.CurY);
+        if (pick.Airway > 0) ShowAirwayInfo(pick.Airway);
         return;
+    }
     default: CommandUnavailable(dispatcher_->State().CommandValue); return;
     }
 }

@@ -43,6 +43,7 @@ class QTimer;
 class QToolBar;
 
 namespace karvane::dialogs {
+class AirwayDialogs;
 class SimplifyWindow;
 class SmokeWindow;
 class SmokeLegendWindow;
@@ -140,6 +141,8 @@ public:
     void ShowAirwayEditor(std::int32_t row, int mode) override;
     bool ShowFanDialog(std::int32_t row) override;
     void ShowAirwayInfo(std::int32_t row) override;
+    // The airway editor, the information card and the fan dialog (main_airway.cpp).
+    dialogs::AirwayDialogs& airwayDialogs();
     void QuickUpdateAllWindows() override;
 
     // edit::FinderHost: ShowAirway in the current window, redrawn and marked.
@@ -347,6 +350,7 @@ private:
     // Delete, select, attribute and layer paste, follow: the tools that act on picks and fences.
     std::unique_ptr<edit::PickTools> pickTools_;
     std::array<QAction*, edit::FinderEntries> finderEntries_{};
+    dialogs::AirwayDialogs* airwayDialogs_ = nullptr;
     // The real-time stations: the labels at their airways, and the input and output timers.
     class StationRoads;
     std::unique_ptr<exchange::StationMonitor> monitor_;

@@ -16,6 +16,7 @@
 #include "dialogs/fan_edit_dialog.h"
 #include "dialogs/shock_dialog.h"
 #include "engineering/resistance.h"
+#include "shell_rig.h"
 #include "shell_tests.h"
 
 namespace karvane::shell::testing {
@@ -171,6 +172,28 @@ void AirwayDialogsTest::theFanDialogPutsAFanOnTheAirway() {
     QCOMPARE(rig.A().FanNumber, std::int16_t(1));
     QCOMPARE(rig.A().NoOfFans, std::int16_t(1));
     QVERIFY(rig.A().Has(bc::FixedDirection));
+}
+
+} // namespace karvane::shell::testing
+
+namespace karvane::shell::testing {
+
+void AirwayDialogsTest::theMainWindowOpensTheAirwayDialogs() {
+    ShellRig rig;
+    rig.OpenDemo();
+    Model& m = rig.M();
+    QVERIFY(m.AirwayCount > 10);
+    rig.W().ShowAirwayEditor(3, forms::AirEditSingle);
+    dialogs::AirEditDialog* editor = rig.W().airwayDialogs().editor();
+    QVERIFY(editor && editor->isVisible());
+    QCOMPARE(Child<QLineEdit>(editor, "TxtUnique")->text(), QString::number(m.Airways[3].AirwayNo));
+    Child<QPushButton>(editor, "Info")->click();
+    QVERIFY(!editor->isVisible());
+    dialogs::AirInfoDialog* card = rig.W().airwayDialogs().info();
+    QVERIFY(card && card->isVisible());
+    QCOMPARE(card->card().Row, 3);
+    Child<QPushButton>(card, "Command1")->click();
+    QVERIFY(!card->isVisible());
 }
 
 } // namespace karvane::shell::testing

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void theShockCalculatorFillsTheShockBox();
     void theInfoCardShowsItsRowsAndTheFanGraph();
     void theFanDialogPutsAFanOnTheAirway();
+    void theMainWindowOpensTheAirwayDialogs();
 };
 
 // Printing: the print dialog, Tool 22, the page surface and the screen bitmap.
