@@ -113,6 +113,33 @@ TEST(ConstructScript, UndoTwiceThenANewEditLeavesNothingToRedo) {
     EXPECT_EQ(RowsBetween(r.S.M, {1000, 0, 500}, {1400, 0, 500}).size(), 1u);
 }
 
+TEST(ConstructScript, TheCoordinateEntryTakesTheQueuedPoint) {
+    ScriptRig r;
+    // A right-button release opens the entry for the end; a cancelled entry draws nothing.
+    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\n"
+                       "coords 0,-700,420\ndrag 0,0 0,-300 right\n"
+                       "drag 0,0 0,-300 right\n"),
+              "");
+    ASSERT_EQ(r.S.M.AirwayCount, 6);
+    const Airway& a = r.Row(6);
+    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{0, 0, 500, 0, -700, 420}));
+}
+
+TEST(ConstructScript, ARefusedDrawLeavesTheNetworkAndTheLogAsTheyWere) {
+    ScriptRig r;
+    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\ndrag 0,0 -400,0\n"
+                       "level SURFACE\ndrag 3000,3000 3500,3000\n"),
+              "");
+    EXPECT_EQ(r.S.M.AirwayCount, 6);
+    EXPECT_EQ(r.Run->undo().CurrentStep, 2);
+    // The undo that follows takes back the last edit that was made, and nothing else.
+    ASSERT_EQ(r.Script("key Backspace\n"), "");
+    EXPECT_EQ(r.S.M.AirwayCount, 5);
+    ASSERT_EQ(r.Script("key Backspace\n"), "");
+    EXPECT_EQ(r.S.M.AirwayCount, 5);
+    EXPECT_TRUE(r.S.Ui.Said("No more actions to undo"));
+}
+
 // The network file's text with the airway rows in a fixed order and without the numbers a
 // log gives them: what a load of the file would make of the network.
 std::string SavedText(script::Session& s, Model& m, const std::filesystem::path& path, std::int32_t lastAirwayNo,

@@ -329,6 +329,15 @@ void ViewWindowTest::theConstructionToolsDrawMoveAndReverseAirways() {
     rig.Click(v, Qt::LeftButton, (from + further) / 2);
     QCOMPARE(rig.M().Airways[static_cast<std::size_t>(count + 1)].X1, x2);
 
+    // Backspace takes the three steps back, and the window no longer shows the new airway;
+    // Tab draws it again.
+    for (int k = 0; k < 3; ++k) rig.Key(v, Qt::Key_Backspace);
+    QCOMPARE(rig.M().AirwayCount, count);
+    for (const display::DrawnAirway& d : rig.Ds().Drawn) QVERIFY(d.Airway <= count);
+    rig.Key(v, Qt::Key_Tab);
+    QCOMPARE(rig.M().AirwayCount, count + 1);
+    rig.Key(v, Qt::Key_Backspace);
+
     // The Window menu's layer inheritance.
     QVERIFY(rig.W().Trigger(QStringLiteral("mnuLayerInherit")));
     QVERIFY(rig.M().Set.LayerInherit);
