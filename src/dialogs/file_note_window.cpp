@@ -15,6 +15,7 @@
 #include <QStandardPaths>
 #include <QVBoxLayout>
 
+#include "model/model.h"
 #include "shell/icons.h"
 
 namespace karvane::dialogs {
@@ -72,7 +73,49 @@ bool FileNoteWindow::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void ShowAboutDialog(QWidget* parent) {
+namespace {
+
+const char* KarvaneVersion() {
+#ifdef KARVANE_VERSION
+    return KARVANE_VERSION;
+#else
+    return "0.1.0";
+#endif
+}
+
+// When, how and by which compiler the program was built.
+QString BuildText() {
+    QString compiler;
+#if defined(__clang__)
+    compiler = QStringLiteral("Clang %1.%2").arg(__clang_major__).arg(__clang_minor__);
+#elif defined(__GNUC__)
+    compiler = QStringLiteral("GCC %1.%2").arg(__GNUC__).arg(__GNUC_MINOR__);
+#else
+    compiler = QStringLiteral("C++ compiler");
+#endif
+#ifdef NDEBUG
+    const QString kind = QStringLiteral("release");
+#else
+    const QString kind = QStringLiteral("debug");
+#endif
+    return QStringLiteral("%1 %2, %3 build, %4, C++%5")
+        .arg(QString::fromLatin1(__DATE__), QString::fromLatin1(__TIME__), kind, compiler)
+        .arg(__cplusplus / 100 % 100);
+}
+
+// The libraries the program runs on, with the versions in use.
+QString LibraryText() {
+    QString text = QStringLiteral("Qt %1 (built with %2): Widgets, Print Support, SVG")
+                       .arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR));
+#ifdef __GLIBCXX__
+    text += QStringLiteral("; GNU C++ standard library %1").arg(__GLIBCXX__);
+#endif
+    return text;
+}
+
+} // namespace
+
+void ShowAboutDialog(QWidget* parent, ui::UserInterface& ui) {
     QDialog dialog(parent);
     dialog.setObjectName(QStringLiteral("frmAbout2"));
     dialog.setWindowTitle(QStringLiteral("About Karvane Software"));
@@ -83,12 +126,15 @@ void ShowAboutDialog(QWidget* parent) {
     top->addWidget(icon, 0, Qt::AlignTop);
     auto* text = new QLabel(&dialog);
     text->setTextFormat(Qt::RichText);
-    text->setText(QStringLiteral(
-        "<h2 style='margin:0'>Karvane</h2><p style='margin:2px 0'>Version 3.9.3a</p>"
-        "<p>Mine ventilation network design and simulation: airways in three dimensions, "
-        "airflow balanced by Hardy Cross over meshes with fans read from their curves, "
-        "contaminant spread and sourcing, results shown on the network itself.</p>"
-        "<p style='color:#555'>All values are held in SI units; British units are shown on request.</p>"));
+    text->setText(QStringLiteral("<h2 style='margin:0'>Karvane</h2><p style='margin:2px 0'>Version %1</p>"
+                                 "<p>Mine ventilation network design and simulation: airways in three dimensions, "
+                                 "airflow balanced by Hardy Cross over meshes with fans read from their curves, "
+                                 "contaminant spread and sourcing, results shown on the network itself.</p>"
+                                 "<p style='color:#555'>All values are held in SI units; British units are shown "
+                                 "on request.</p>"
+                                 "<p style='margin:2px 0'><b>Build:</b> %2</p>"
+                                 "<p style='margin:2px 0'><b>Libraries:</b> %3</p>")
+                      .arg(QString::fromLatin1(KarvaneVersion()), BuildText(), LibraryText()));
     text->setWordWrap(true);
     text->setMinimumWidth(360);
     top->addWidget(text, 1);
@@ -103,14 +149,13 @@ void ShowAboutDialog(QWidget* parent) {
     buttons->addWidget(ok);
     layout->addLayout(buttons);
     QObject::connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
-    QObject::connect(sysInfo, &QPushButton::clicked, &dialog, [&dialog] {
+    QObject::connect(sysInfo, &QPushButton::clicked, &dialog, [&ui] {
         // The machine's own system information tool, where one is installed.
         for (const char* program : {"hardinfo", "gnome-system-monitor", "ksysguard", "xfce4-taskmanager"}) {
             const QString path = QStandardPaths::findExecutable(QString::fromLatin1(program));
             if (!path.isEmpty() && QProcess::startDetached(path, {})) return;
         }
-        QMessageBox::information(&dialog, QStringLiteral("Karvane"),
-                                 QStringLiteral("System Information Is Unavailable At This Time"));
+        ui.Message("System Information Is Unavailable At This Time", ProgramName, ui::Icon::Information);
     });
     dialog.exec();
 }

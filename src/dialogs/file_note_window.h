@@ -2,6 +2,8 @@
 // window. Escape closes it; closing hands the text back to the network.
 #pragma once
 
+#include "ui/user_interface.h"
+
 #include <QWidget>
 #include <functional>
 
@@ -31,6 +33,7 @@ private:
 
 // frmAbout2 ("About Karvane Software"): the program, its version and what it is for; its
 // System Info button starts the machine's system information tool where there is one.
-void ShowAboutDialog(QWidget* parent);
+// The system information button asks the machine's own tool, or says that there is none.
+void ShowAboutDialog(QWidget* parent, ui::UserInterface& ui);
 
 } // namespace karvane::dialogs

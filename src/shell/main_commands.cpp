@@ -406,7 +406,7 @@ void MainWindow::OpenHelp() {
 }
 
 void MainWindow::ShowAbout() {
-    dialogs::ShowAboutDialog(this);
+    dialogs::ShowAboutDialog(this, ui_);
     RedrawWindow();
 }
 

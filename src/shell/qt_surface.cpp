@@ -47,6 +47,8 @@ QtSurface::QtSurface(QPagedPaintDevice& device) : device_(&device), paged_(&devi
     const QRectF printable = device.pageLayout().paintRect(QPageLayout::Millimeter);
     pageWidthMm_ = printable.width();
     pageHeightMm_ = printable.height();
+    pageW_ = std::max(1, device.width());
+    pageH_ = std::max(1, device.height());
     width_ = static_cast<float>(AreaWidth());
     height_ = static_cast<float>(AreaHeight());
     back_ = 0xFFFFFF; // white paper: the background of opaque text
@@ -55,9 +57,10 @@ QtSurface::QtSurface(QPagedPaintDevice& device) : device_(&device), paged_(&devi
 
 QtSurface::~QtSurface() { EndDocument(); }
 
-int QtSurface::AreaWidth() const { return std::max(1, device_->width()); }
+// A printer works its page size out at each question: the page's is asked once.
+int QtSurface::AreaWidth() const { return paged_ ? pageW_ : std::max(1, device_->width()); }
 
-int QtSurface::AreaHeight() const { return std::max(1, device_->height()); }
+int QtSurface::AreaHeight() const { return paged_ ? pageH_ : std::max(1, device_->height()); }
 
 bool QtSurface::PainterActive() {
     if (ended_) return false;
@@ -85,6 +88,7 @@ void QtSurface::EndDocument() {
         image_ = QImage(1, 1, QImage::Format_RGB32);
         device_ = &image_;
         fontDirty_ = true;
+        widths_.clear();
     }
 }
 
@@ -355,17 +359,9 @@ void QtSurface::PutBitmap(int symbol, float x, float y, float width, float heigh
     if (w < 2 || h < 2 || w > 4 * AreaWidth() + 64 || h > 4 * AreaHeight() + 64) return;
     if (!r.intersects(QRectF(0, 0, AreaWidth(), AreaHeight()))) return;
     QPainter& p = Painter();
-    if (paged_) {
-        // On paper the symbol goes as its vector picture, sharp at any resolution.
-        p.save();
-        p.translate(r.topLeft());
-        p.scale(r.width() / 100.0, r.height() / 100.0);
-        p.setRenderHint(QPainter::Antialiasing);
-        PaintSymbol(p, symbol);
-        p.restore();
-        painterPenSet_ = false;
-        return;
-    }
+    // On paper too the symbol is a picture at the device's resolution: the PDF output keeps one
+    // copy of each picture and places it by reference, where thousands of vector symbols would
+    // swell the file and the time to write it.
     p.drawImage(r.topLeft(), SymbolImage(symbol, w, h));
 }
 
@@ -395,7 +391,15 @@ void QtSurface::PrintText(const std::string& text) {
 }
 
 float QtSurface::TextWidth(const std::string& text) {
-    return static_cast<float>(Metrics().horizontalAdvance(FromCp1252(text)) * width_ / AreaWidth());
+    // The same few texts are measured again and again (the sample texts by which a print judges
+    // what fits): their widths in pixels are kept by font.
+    const auto key = std::make_tuple(fontName_, fontPoints_, fontBold_, text);
+    auto found = widths_.find(key);
+    if (found == widths_.end()) {
+        if (widths_.size() > 512) widths_.clear();
+        found = widths_.emplace(key, Metrics().horizontalAdvance(FromCp1252(text))).first;
+    }
+    return static_cast<float>(found->second * width_ / AreaWidth());
 }
 
 float QtSurface::TextHeight(const std::string&) {

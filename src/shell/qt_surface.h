@@ -41,7 +41,11 @@ public:
     // Called by Refresh: the window shows the picture again.
     void SetRefreshHandler(std::function<void()> handler) { onRefresh_ = std::move(handler); }
     // Pixels per point of text (the screen's logical resolution / 72).
-    void SetPixelsPerPoint(double value) { pixelsPerPoint_ = value > 0 ? value : 96.0 / 72.0; }
+    void SetPixelsPerPoint(double value) {
+        pixelsPerPoint_ = value > 0 ? value : 96.0 / 72.0;
+        fontDirty_ = true;
+        widths_.clear();
+    }
 
     // Window coordinates of a pixel of the area, and back.
     QPointF ToWindow(const QPointF& pixel) const;
@@ -105,6 +109,7 @@ private:
     QPaintDevice* device_ = nullptr;
     QPagedPaintDevice* paged_ = nullptr;
     double pageWidthMm_ = 0, pageHeightMm_ = 0;
+    int pageW_ = 1, pageH_ = 1; // the printable area in device pixels
     bool ended_ = false;
     std::unique_ptr<QPainter> painter_;
     std::function<void()> onRefresh_;
@@ -136,6 +141,7 @@ private:
     display::Colour pendingColour_ = -1;
 
     std::map<std::tuple<int, int, int>, QImage> symbols_;
+    std::map<std::tuple<std::string, int, bool, std::string>, double> widths_; // pixels, by font and text
 };
 
 } // namespace karvane::shell
