@@ -34,6 +34,7 @@ private Q_SLOTS:
     void eachViewWindowKeepsItsOwnView();
     void namedViewsAreSavedAndChosenFromTheList();
     void theConstructionToolsDrawMoveAndReverseAirways();
+    void theCoordinateEntryTakesATypedPointAndRefusesOneTooFar();
     void theFindMenuAndTheFenceDeleteWorkInTheWindow();
 };
 

@@ -2,12 +2,16 @@
 // keys, several windows, named views.
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QStatusBar>
 #include <QTimer>
+#include <array>
 #include <cmath>
+#include <cstdlib>
 
 #include "display/view_transform.h"
 #include "edit/tool_table.h"
@@ -381,6 +385,43 @@ void ViewWindowTest::theFindMenuAndTheFenceDeleteWorkInTheWindow() {
     QVERIFY(m.AirwayCount < count);
     rig.Key(v, Qt::Key_Backspace);
     QCOMPARE(m.AirwayCount, count);
+}
+
+} // namespace karvane::shell::testing
+
+namespace karvane::shell::testing {
+
+void ViewWindowTest::theCoordinateEntryTakesATypedPointAndRefusesOneTooFar() {
+    ShellRig rig;
+    auto type = [&rig](const char* x, const char* z, bool ok) {
+        QTimer::singleShot(50, [&rig, x, z, ok] {
+            auto* dialog = rig.W().findChild<QDialog*>(QStringLiteral("frmCoords"));
+            if (!dialog) return;
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("Coordinate Entry"));
+            dialog->findChild<QLineEdit*>(QStringLiteral("TxtX"))->setText(QString::fromLatin1(x));
+            dialog->findChild<QLineEdit*>(QStringLiteral("TxtZ"))->setText(QString::fromLatin1(z));
+            dialog->findChild<QLineEdit*>(QStringLiteral("TxtdY"))->setText(QStringLiteral("-5"));
+            if (const char* file = std::getenv("KARVANE_SHOT_COORDS")) dialog->grab().save(QString::fromLatin1(file));
+            if (ok) {
+                dialog->accept();
+            } else {
+                dialog->reject();
+            }
+        });
+    };
+    edit::CoordsRequest request;
+    request.X = 10;
+    request.Y = 20;
+    request.Z = 30;
+    type("150.4", "480", true);
+    std::optional<edit::CoordsResult> got = rig.W().ShowCoords(request);
+    QVERIFY(got.has_value());
+    QCOMPARE((std::array{got->X, got->Y, got->Z, got->dY}), (std::array{150, 15, 480, -5}));
+    type("20000000", "0", true);
+    QVERIFY(!rig.W().ShowCoords(request).has_value());
+    QVERIFY(rig.Ui.Said("Coordinates exceed allowed values"));
+    type("1", "1", false);
+    QVERIFY(!rig.W().ShowCoords(request).has_value());
 }
 
 } // namespace karvane::shell::testing
