@@ -175,6 +175,12 @@ bool UndoLog::UndoStepRows(Model& model, ui::UserInterface& ui) {
             ClearAirwayRow(model, row);
             changed = true;
         } else if (e.UndoAction == undo::Before) {
+            // At the capacity the rows cleared so far make room first; the compaction at the
+            // end would close the same gaps, so the rows come out in the same order.
+            if (model.AirwayCount >= MaxAirways) {
+                CompactAirways(model);
+                rows = RowsByUndoNo(model);
+            }
             RestoreRecord(model, ui, k);
             const std::int32_t row = model.AirwayCount;
             if (row >= 1 && static_cast<std::size_t>(row) < model.Airways.size())
@@ -235,6 +241,7 @@ bool UndoLog::Redo(Model& model, ui::UserInterface& ui) {
     for (std::int32_t k = NextUndoRow - 1; k >= 1; --k) {
         const UndoEntry& e = UndoIndex[static_cast<std::size_t>(k)];
         if (e.UndoStep != CurrentStep || e.UndoAction != undo::After) continue;
+        if (model.AirwayCount >= MaxAirways) CompactAirways(model);
         RestoreRecord(model, ui, k);
         changed = true;
     }

@@ -200,6 +200,24 @@ TEST(Undo, TheIndexWrapsWithItsMessageAndTheLatestStepsStillUndo) {
     EXPECT_EQ(r.M.AirwayCount, 4);
 }
 
+TEST(Undo, AtTheCapacityAMoveComesBackAndOnlyARowTooManySaysSo) {
+    Rig r;
+    while (r.M.AirwayCount < MaxAirways) r.AddRow(r.M.AirwayCount * 10, 500, r.M.AirwayCount * 10 + 10, 500);
+    r.MoveEnd(MaxAirways, 7, 7);
+    EXPECT_TRUE(r.Log.Undo(r.M, r.Ui));
+    EXPECT_EQ(r.M.AirwayCount, MaxAirways);
+    EXPECT_EQ(r.Row(MaxAirways).X2, (MaxAirways - 1) * 10 + 10);
+    EXPECT_TRUE(r.Ui.Transcript.empty());
+    // A deleted row that comes back into a full table has no room.
+    r.Delete(1);
+    r.AddRow(1, 1, 2, 2);
+    EXPECT_TRUE(r.Log.Undo(r.M, r.Ui));
+    EXPECT_EQ(r.M.AirwayCount, MaxAirways);
+    EXPECT_EQ(
+        r.Ui.Texts("Message"),
+        std::vector<std::string>{"Insufficient memory for undo function - please increase file size in defaults"});
+}
+
 TEST(Undo, WithoutItsFileTheProgramGoesOnAndNothingIsUndone) {
     Rig r;
     UndoLog broken;

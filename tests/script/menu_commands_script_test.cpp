@@ -21,8 +21,8 @@ TEST(MenuCommands, EveryNameRunsAndADeclinedQuestionChangesNothing) {
         r.S.Ui.App = app.string();
         r.S.Ui.DefaultAnswer = ui::Answer::No;
         const std::string error = r.Script("menu " + std::string(name) + "\n");
-        EXPECT_TRUE(error.empty() || error == "line 1: " + std::string(name) +
-                                                  " opens a window that a script cannot fill in yet")
+        EXPECT_TRUE(error.empty() ||
+                    error == "line 1: " + std::string(name) + " opens a window that a script cannot fill in yet")
             << name << ": " << error;
         EXPECT_EQ(r.S.M.AirwayCount, 5) << name;
         // The commands that ask first change nothing after a no.
