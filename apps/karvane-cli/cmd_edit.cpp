@@ -40,6 +40,10 @@ int Edit(CommandLine& cl, const EditOptions& o) {
 
     script::Session session(m, s.ui());
     session.ShowNetwork(report);
+    // Where each find took the view: the airway ShowAirway centred and the level it chose.
+    session.OnShown = [](const script::Session::ShownAirway& shown) {
+        std::cout << script::Session::ShownLine(shown) << '\n';
+    };
     const std::string error = session.RunText(text.str());
     if (!error.empty()) {
         std::cerr << error << '\n';

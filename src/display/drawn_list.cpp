@@ -22,6 +22,13 @@ Colour SchemeColour(const Model& model, const Airway& a) {
     return model.Set.Colours[0];
 }
 
+// Selected airways are white on the usual dark background; on a light background, where white
+// would vanish, they are black, so that the engineer always sees what is selected.
+Colour SelectionColour(Colour background) {
+    const int r = background & 255, g = (background >> 8) & 255, b = (background >> 16) & 255;
+    return 299 * r + 587 * g + 114 * b > 160 * 1000 ? PaletteColour(0) : FixedColour(WhiteIndex);
+}
+
 } // namespace
 
 Colour AirwayLineColour(const Model& model, const DisplayState& ds, const Airway& a, std::int32_t row,
@@ -61,7 +68,7 @@ void BuildDrawnList(const Model& model, DisplayState& ds, bool clip) {
     const float sx = model.SgnX, sy = model.SgnY;
     const std::int16_t width = model.Set.IconSize[0];
     const std::int16_t selectedWidth = static_cast<std::int16_t>(2 * width);
-    const Colour white = FixedColour(WhiteIndex);
+    const Colour selected = SelectionColour(model.Set.Colours[3]);
     const bool planSingleLevel = plan && v.LevelMode == lm::Single;
 
     ds.Drawn.clear();
@@ -107,7 +114,7 @@ void BuildDrawnList(const Model& model, DisplayState& ds, bool clip) {
         d.Y2 = y2;
         d.Airway = row;
         if (a.Has(bc::Selected)) {
-            d.LineColour = white;
+            d.LineColour = selected;
             d.Width = selectedWidth;
         } else {
             d.LineColour = AirwayLineColour(model, ds, a, row, planSingleLevel);

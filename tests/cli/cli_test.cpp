@@ -216,6 +216,18 @@ TEST_F(Cli, EditRunsAScriptOfTheUsersActions) {
     EXPECT_EQ(r.code, 1);
 }
 
+TEST_F(Cli, EditPrintsWhereEachFindTookTheView) {
+    const fs::path script = dir_ / "find.txt", out = dir_ / "out.sim";
+    std::ofstream(script) << "answer \"1\"\nmenu mnuFinder(3)\ntool find-next\n";
+    const Result r = Run("edit " + Demo + " " + Quote(out) + " --script " + Quote(script));
+    ASSERT_EQ(r.code, 0) << r.err;
+    const std::vector<std::string> lines = Lines(r.out);
+    ASSERT_EQ(lines.size(), 2u) << r.out;
+    EXPECT_EQ(lines[0].rfind("shown: airway 1 (row ", 0), 0u) << lines[0];
+    EXPECT_NE(lines[0].find(", level \""), std::string::npos) << lines[0];
+    EXPECT_EQ(lines[1], lines[0]);
+}
+
 TEST_F(Cli, CheckAndMerge) {
     Result r = Run("check " + Demo);
     EXPECT_EQ(r.code, 0) << r.err;

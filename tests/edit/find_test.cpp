@@ -119,6 +119,23 @@ TEST(Find, AnAirwayOnNoLevelGetsTheGlobalLevelOnceWithItsLayersOn) {
     EXPECT_TRUE(r.S.M.Levels[5].RLName.empty());
 }
 
+TEST(Find, WithEveryLevelRowTakenNoGlobalLevelIsAdded) {
+    PickRig r;
+    BuildNamed(r);
+    r.S.Add(0, 0, 2000, 400, 0, 2000);
+    r.S.Row(6).BranchName = "HIGH";
+    for (int row = 4; row <= 249; ++row)
+        r.S.M.Levels[static_cast<std::size_t>(row)] = {"L" + std::to_string(row), 10, 0};
+    r.Draw();
+    r.ShowForReal = true;
+    r.S.Ui.Inputs.push_back("HIGH");
+    EXPECT_EQ(Finder(r.S.M, r.S.Ds, r.S.Ui, r, find::BranchName), 6);
+    ASSERT_EQ(r.S.Ui.Texts("Message").size(), 2u);
+    EXPECT_EQ(r.S.Ui.Texts("Message")[1], "Level addition failed - too many levels already defined");
+    EXPECT_TRUE(r.S.M.Levels[250].RLName.empty());
+    EXPECT_EQ(r.S.Ds.View.RotCentre, (std::array<std::int32_t, 3>{200, 0, 2000}));
+}
+
 TEST(FollowTool, AClickOnAnAirwayShowsItByTheEndClicked) {
     PickRig r;
     BuildNamed(r);

@@ -2,6 +2,7 @@
 // defaults, the words of every message, and the undo records of a paste.
 #include <gtest/gtest.h>
 
+#include "display/palette.h"
 #include "edit/attribute_paste.h"
 #include "pick_support.h"
 
@@ -51,6 +52,10 @@ TEST(SelectTool, ClicksAndFencesSetTheBitWhichOutlivesAToolChange) {
     EXPECT_TRUE(r.S.Row(1).Has(bc::Selected));
     EXPECT_EQ(r.S.Ds.Drawn[0].Width, 2 * r.S.M.Set.IconSize[0]);
     EXPECT_NE(r.S.Ds.Drawn[0].LineColour, r.S.Ds.Drawn[1].LineColour);
+    EXPECT_EQ(r.S.Ds.Drawn[0].LineColour, display::FixedColour(display::WhiteIndex));
+    r.S.M.Set.Colours[3] = Rgb(255, 255, 250); // a light background: the selection turns black
+    r.Host.Redraw();
+    EXPECT_EQ(r.S.Ds.Drawn[0].LineColour, display::PaletteColour(0));
     r.D.OnKeyDown(key::Escape);
     EXPECT_FALSE(r.S.Row(1).Has(bc::Selected));
     EXPECT_TRUE(r.LogEntries().empty());
