@@ -330,6 +330,8 @@ void SpreadSheetForm::Simulate() {
     if (!SaveGrid()) return;
     StoreWidths();
     host_.RunSimulation();
+    // A run sorts the airway rows: the display list follows before the grid is filled again.
+    display::BuildDisplayList(m_, ds_);
     Fill();
 }
 

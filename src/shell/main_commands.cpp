@@ -463,6 +463,7 @@ bool MainWindow::OpenForm(const std::string& menuName) {
              RedrawAllWindows();
          }},
         {"mnuSimp", [this] { ShowSimplify(); }},
+        {"mnuPower", [this] { ShowSpreadSheet(); }},
         {"mnuRemoteStation", [this] { ShowStationDialog(true); }},
         {"mnuRealOut", [this] { ShowStationDialog(false); }},
         {"mnuAbout", [this] { ShowAbout(); }},

@@ -286,7 +286,8 @@ void MainWindow::BuildMenus() {
             &MainWindow::ShowFanData);
     connect(AddAction(toolsMenu, "mnuRLBase", QStringLiteral("Levels...")), &QAction::triggered, this,
             &MainWindow::ShowLevelList);
-    AddAction(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet..."), kLater);
+    connect(AddAction(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet...")), &QAction::triggered, this,
+            &MainWindow::ShowSpreadSheet);
     connect(AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify...")), &QAction::triggered, this,
             &MainWindow::ShowSimplify);
     toolsMenu->addSeparator();

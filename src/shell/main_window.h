@@ -26,6 +26,7 @@
 #include "files/recent_files.h"
 #include "files/undo_log.h"
 #include "forms/file_commands.h"
+#include "forms/spreadsheet_form.h"
 #include "model/model.h"
 #include "shell/qt_user_interface.h"
 #include "shell/view_window.h"
@@ -279,6 +280,7 @@ private:
     // The editors of the Tools menu (main_editors.cpp): fans, levels, options.
     void ShowFanData();
     void ShowLevelList();
+    void ShowSpreadSheet();
     void ShowOptions();
 
     ui::UserInterface& ui_;
@@ -362,6 +364,8 @@ private:
     display::PrintSettings printSettings_;
     QString lastPdfName_;
 
+    // The spreadsheet's column widths, kept between openings.
+    std::unique_ptr<forms::SheetWidths> sheetWidths_;
     // The data types shown before a contaminant result took over the lists.
     int rememberedDataType_ = 0;
 };

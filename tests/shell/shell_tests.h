@@ -86,4 +86,12 @@ private Q_SLOTS:
     void theOptionsUnitSwitchFollowsAtOnceAndCancelKeepsTheRest();
 };
 
+// The network spreadsheet's window.
+class SpreadSheetWindowTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void typingAWidthShowsTheResistanceAndSavingWritesIt();
+    void aLargeMineOpensAsAModelAndSortsByAColumn();
+};
+
 } // namespace karvane::shell::testing
