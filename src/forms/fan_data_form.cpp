@@ -277,42 +277,42 @@ void SaveFanDefault(Model& model, FanDataFields& fields, ui::UserInterface& ui) 
 
 void ExitFanMenu(Model& model) { model.FansSaved = No0; }
 
-void EstimateStatic(Model& model, FanDataFields& fields, bool allFans, ui::UserInterface& ui) {
-    const bool ok =
-        allFans ? ui.Ask("Karvane will attempt to calculate a static fan curve for all fans based on the total curves "
-                         "and fan diameters. This may not represent the true fan curves.",
-                         "Estimate static curves", ui::Buttons::OKCancel) == ui::Answer::OK
-                : ui.Ask("Karvane will attempt to calculate a static fan curve based on the total curve and fan "
-                         "diameter. This may not represent the true fan curve.",
-                         "Estimate static curve", ui::Buttons::OKCancel) == ui::Answer::OK;
-    if (!ok) return;
-    ReadCurve(model, fields, ui);
-    const int first = allFans ? 1 : fields.CurrentFan, last = allFans ? FanSlotCount(model) : fields.CurrentFan;
-    for (int n = first; n <= last; ++n)
-        if (ValidFan(model, n)) EstimateStaticCurve(model.Fans[static_cast<std::size_t>(n)], model.Set.Density);
-    SelectFan(model, fields, fields.CurrentFan, ui);
-}
+namespace {
 
-void EstimateTotal(Model& model, FanDataFields& fields, bool allFans, ui::UserInterface& ui) {
-    const bool ok =
-        allFans ? ui.Ask("Karvane will attempt to calculate a total fan curve for all fans based on the static curves "
-                         "and fan diameters. This may not represent the true fan curves.",
-                         "Estimate total curves", ui::Buttons::OKCancel) == ui::Answer::OK
-                : ui.Ask("Karvane will attempt to calculate a total fan curve based on the static curve and fan "
-                         "diameter. This may not represent the true fan curve.",
-                         "Estimate total curve", ui::Buttons::OKCancel) == ui::Answer::OK;
-    if (!ok) return;
+// One estimate of the Tools menu: the question with its words for one fan or all, then
+// ReadCurve, the estimate of each fan in turn, and the dialog filled again.
+void Estimate(Model& model, FanDataFields& fields, bool allFans, bool staticCurve, ui::UserInterface& ui) {
+    const std::string made = staticCurve ? "static" : "total", from = staticCurve ? "total" : "static";
+    const std::string text = allFans ? "Karvane will attempt to calculate a " + made +
+                                           " fan curve for all fans based on the " + from +
+                                           " curves and fan diameters. This may not represent the true fan curves."
+                                     : "Karvane will attempt to calculate a " + made + " fan curve based on the " +
+                                           from + " curve and fan diameter. This may not represent the true fan curve.";
+    const std::string title = "Estimate " + made + (allFans ? " curves" : " curve");
+    if (ui.Ask(text, title, ui::Buttons::OKCancel) != ui::Answer::OK) return;
     ReadCurve(model, fields, ui);
     const int first = allFans ? 1 : fields.CurrentFan, last = allFans ? FanSlotCount(model) : fields.CurrentFan;
     for (int n = first; n <= last; ++n) {
         if (!ValidFan(model, n)) continue;
-        if (!EstimateTotalCurve(model.Fans[static_cast<std::size_t>(n)], model.Set.Density))
+        FanRecord& fan = model.Fans[static_cast<std::size_t>(n)];
+        if (staticCurve) EstimateStaticCurve(fan, model.Set.Density);
+        else if (!EstimateTotalCurve(fan, model.Set.Density))
             ui.Message("No fan diameter has been entered for Fan " + std::to_string(n) +
                            ".  Cannot estimate Total Pressure unless the velocity pressure can be calculated from "
                            "the fan diameter!!",
                        ProgramName);
     }
     SelectFan(model, fields, fields.CurrentFan, ui);
+}
+
+} // namespace
+
+void EstimateStatic(Model& model, FanDataFields& fields, bool allFans, ui::UserInterface& ui) {
+    Estimate(model, fields, allFans, true, ui);
+}
+
+void EstimateTotal(Model& model, FanDataFields& fields, bool allFans, ui::UserInterface& ui) {
+    Estimate(model, fields, allFans, false, ui);
 }
 
 void DrawFanGraph(const Model& model, const FanRecord& fan, display::Surface& s, char decimalSep) {

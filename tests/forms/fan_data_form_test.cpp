@@ -178,6 +178,24 @@ TEST(FanDataForm, EfficienciesEstimatesAndTheClosingRoads) {
     EXPECT_EQ(s.F.TxtFanName, "-none-");
 }
 
+TEST(FanDataForm, EachEstimateAsksInItsOwnWords) {
+    FanScene s;
+    s.Ui.DefaultAnswer = ui::Answer::Cancel;
+    EstimateStatic(s.M, s.F, false, s.Ui);
+    EstimateStatic(s.M, s.F, true, s.Ui);
+    EstimateTotal(s.M, s.F, false, s.Ui);
+    EstimateTotal(s.M, s.F, true, s.Ui);
+    ASSERT_EQ(s.Ui.Transcript.size(), 4u);
+    const char* titles[4] = {"Estimate static curve", "Estimate static curves", "Estimate total curve",
+                             "Estimate total curves"};
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(s.Ui.Transcript[static_cast<std::size_t>(i)].Title, titles[i]);
+    EXPECT_EQ(s.Ui.Transcript[1].Text,
+              "Karvane will attempt to calculate a static fan curve for all fans based on "
+              "the total curves and fan diameters. This may not represent the true fan curves.");
+    EXPECT_EQ(s.Ui.Transcript[2].Text, "Karvane will attempt to calculate a total fan curve based on the static curve "
+                                       "and fan diameter. This may not represent the true fan curve.");
+}
+
 TEST(FanDataForm, TheGraphDrawsBothCurvesAndItsCaptions) {
     FanScene s;
     FanRecord& f = s.Fan();
