@@ -2,9 +2,14 @@
 // (checking, meshing, balancing, pressures and neighbour lists), the whole run from still air
 // and a run again over a balanced network. Counters give the balancing passes, the mesh
 // entries that balancing works through per second, and the heap karvane::bench::allocations of each stage.
+// Balancing, the whole run and the run again are measured by both methods side by side
+// (second argument: 0 Hardy Cross, 1 Newton); balancing also from stored flows, and Newton's
+// largest flow difference from the Hardy Cross answer.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <atomic>
+#include <cmath>
 #include <cstdlib>
 #include <map>
 #include <memory>
@@ -17,6 +22,7 @@
 #include "simulate/balancing.h"
 #include "simulate/fan_model.h"
 #include "simulate/meshing.h"
+#include "simulate/newton.h"
 #include "simulate/pressures.h"
 #include "simulate/run.h"
 #include "simulate/validation.h"
@@ -130,12 +136,21 @@ void Meshing(benchmark::State& state) {
     state.counters["allocs"] = static_cast<double>(allocs);
 }
 
-// Balancing from still air: every flow seeded from the chords' flows of the generated mine.
+// The balancing stage by the method of the second argument.
+void BalanceBy(Model& m, ui::UserInterface& ui, std::int64_t newton) {
+    if (newton) BalanceFlowsNewton(m, ui);
+    else BalanceFlows(m, ui);
+}
+
+// Balancing from still air (every flow seeded from the chords' flows of the generated mine), or
+// with the third argument 1 from the flows of a finished balance.
 void Balancing(benchmark::State& state) {
     Mine& mine = MineOf(state.range(0));
+    const std::int64_t newton = state.range(1), stored = state.range(2);
     mine.CheckAndMesh();
     const std::int32_t n = mine.M->AirwayCount;
     std::vector<float> seed(static_cast<std::size_t>(n) + 1);
+    if (stored) BalanceBy(*mine.M, mine.Ui, newton);
     for (std::int32_t i = 1; i <= n; ++i) seed[i] = mine.M->Airways[i].Quantity;
     const long long entries = mine.OpenMeshEntries();
     long long passes = 0, allocs = 0;
@@ -145,7 +160,7 @@ void Balancing(benchmark::State& state) {
         mine.Ui.Passes = 0;
         const long long before = karvane::bench::allocations;
         state.ResumeTiming();
-        BalanceFlows(*mine.M, mine.Ui);
+        BalanceBy(*mine.M, mine.Ui, newton);
         state.PauseTiming();
         allocs = karvane::bench::allocations - before;
         passes += mine.Ui.Passes + 1; // the last pass, in which nothing was open
@@ -155,6 +170,17 @@ void Balancing(benchmark::State& state) {
     state.counters["mesh_entries/s"] =
         benchmark::Counter(static_cast<double>(passes * entries), benchmark::Counter::kIsRate);
     state.counters["allocs"] = static_cast<double>(allocs);
+    if (newton && !stored) {
+        // The largest difference of Newton's flows from those Hardy Cross gives the same mine.
+        std::vector<float> q(static_cast<std::size_t>(n) + 1);
+        for (std::int32_t i = 1; i <= n; ++i) q[i] = mine.M->Airways[i].Quantity;
+        for (std::int32_t i = 1; i <= n; ++i) mine.M->Airways[i].Quantity = seed[i];
+        BalanceFlows(*mine.M, mine.Ui);
+        double worst = 0;
+        for (std::int32_t i = 1; i <= n; ++i)
+            worst = std::max(worst, static_cast<double>(std::fabs(mine.M->Airways[i].Quantity - q[i])));
+        state.counters["max_flow_difference"] = worst;
+    }
 }
 
 void Pressures(benchmark::State& state) {
@@ -175,6 +201,7 @@ void Pressures(benchmark::State& state) {
 
 void WholeRunFromStillAir(benchmark::State& state) {
     Mine& mine = MineOf(state.range(0));
+    mine.M->Set.Solver = static_cast<std::int16_t>(state.range(1));
     long long passes = 0;
     for (auto _ : state) {
         state.PauseTiming();
@@ -191,6 +218,7 @@ void WholeRunFromStillAir(benchmark::State& state) {
 // The everyday case: a run again after a small change, from the flows of the last run.
 void RunAgainOverBalancedFlows(benchmark::State& state) {
     Mine& mine = MineOf(state.range(0));
+    mine.M->Set.Solver = static_cast<std::int16_t>(state.range(1));
     mine.Restore();
     RunAirflow(*mine.M, mine.Ui);
     long long passes = 0, allocs = 0;
@@ -209,9 +237,18 @@ void RunAgainOverBalancedFlows(benchmark::State& state) {
 
 BENCHMARK(Checking)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
 BENCHMARK(Meshing)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
-BENCHMARK(Balancing)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(Balancing)
+    ->ArgNames({"airways", "newton", "stored"})
+    ->ArgsProduct({{1000, 10000, 30000}, {0, 1}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(Pressures)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
-BENCHMARK(WholeRunFromStillAir)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
-BENCHMARK(RunAgainOverBalancedFlows)->Arg(1000)->Arg(10000)->Arg(30000)->Unit(benchmark::kMillisecond);
+BENCHMARK(WholeRunFromStillAir)
+    ->ArgNames({"airways", "newton"})
+    ->ArgsProduct({{1000, 10000, 30000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(RunAgainOverBalancedFlows)
+    ->ArgNames({"airways", "newton"})
+    ->ArgsProduct({{1000, 10000, 30000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

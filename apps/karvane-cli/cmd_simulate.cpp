@@ -1,6 +1,7 @@
-// simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--json]: an airflow run
-// of a network file in batch, in the ordinary mode or one of the troubleshooting modes, with
-// the summary figures and the error list, and the network saved with its results on request.
+// simulate FILE [--out OUT] [--mode M] [--max-iter N] [--allow-err E] [--solver S] [--json]: an
+// airflow run of a network file in batch, in the ordinary mode or one of the troubleshooting
+// modes, by either balancing method, with the summary figures and the error list, and the
+// network saved with its results on request.
 #include <iostream>
 #include <memory>
 
@@ -21,6 +22,7 @@ struct SimulateOptions {
     int Mode = simulate::mode::Normal;
     int MaxIter = 0;     // 0: the network's setting
     double AllowErr = 0; // 0: the network's setting
+    std::string Solver;  // empty: the network's setting
     bool Json = false;
 };
 
@@ -55,6 +57,7 @@ int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
     if (loaded) {
         if (o.MaxIter > 0) m.Set.MaxIter = static_cast<std::int16_t>(o.MaxIter);
         if (o.AllowErr > 0) m.Set.AllowErr = static_cast<float>(o.AllowErr);
+        ApplySolver(o.Solver, m);
         m.SimMode = static_cast<std::int16_t>(o.Mode);
         m.ShowProgress = 0;
         simulate::RunAirflow(m, s.ui());
@@ -64,6 +67,7 @@ int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
     if (o.Json) {
         nlohmann::json j = NetworkResultJson(o.Path, loaded, m, s.ui());
         j["mode"] = o.Mode;
+        if (loaded) j["solver"] = SolverName(m);
         if (loaded) j["airwaysTurned"] = m.AirwaysTurned;
         if (!o.Out.empty()) j["saved"] = loaded && saved;
         std::cout << j.dump(2) << '\n';
@@ -97,6 +101,7 @@ void AddSimulateCommand(CommandLine& cl) {
         ->check(CLI::Range(1, 32767));
     sub->add_option("--allow-err", o->AllowErr, "Allowed error of a mesh correction, m3/s (default: the network's)")
         ->check(CLI::PositiveNumber);
+    AddSolverOption(sub, o->Solver);
     sub->add_flag("--json", o->Json, "Print one JSON object");
 }
 

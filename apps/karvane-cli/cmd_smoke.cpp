@@ -1,4 +1,4 @@
-// smoke FILE [--cumulative] [--json]: the contaminant spread from the sources stored in a
+// smoke FILE [--cumulative] [--solver S] [--json]: the contaminant spread from the sources stored in a
 // network (source bit and level), after an airflow run: every contaminated airway with its
 // level and the time the contaminant reaches it, and the legend.
 #include <iomanip>
@@ -18,6 +18,7 @@ namespace {
 struct SmokeOptions {
     std::string Path;
     bool Cumulative = false;
+    std::string Solver; // empty: the network's setting
     bool Json = false;
 };
 
@@ -65,6 +66,7 @@ void AddSmokeCommand(CommandLine& cl) {
         Model& m = s.model();
         if (loaded) {
             if (o->Cumulative) m.Set.SmokeCumulative = 1;
+            ApplySolver(o->Solver, m);
             contaminant::RunContaminantSpread(m, s.ui());
         }
         const bool ran = loaded && m.SimValid != 0 && m.AirwayCount > 1;
@@ -80,6 +82,7 @@ void AddSmokeCommand(CommandLine& cl) {
     sub->add_option("FILE", o->Path, "Network file (.sim or .smm)")->required();
     sub->add_flag("--cumulative", o->Cumulative,
                   "Sources add their level to what flows into them (default: the network's setting)");
+    AddSolverOption(sub, o->Solver);
     sub->add_flag("--json", o->Json, "Print one JSON object");
 }
 

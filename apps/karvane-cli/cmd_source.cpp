@@ -1,4 +1,4 @@
-// source FILE [--json]: the contaminant sourcing from the report pins stored in a network,
+// source FILE [--solver S] [--json]: the contaminant sourcing from the report pins stored in a network,
 // after an airflow run: every airway's pin and state (smoke, potential source, clear, unknown).
 #include <iomanip>
 #include <iostream>
@@ -15,6 +15,7 @@ namespace {
 
 struct SourceOptions {
     std::string Path;
+    std::string Solver; // empty: the network's setting
     bool Json = false;
 };
 
@@ -68,7 +69,10 @@ void AddSourceCommand(CommandLine& cl) {
         if (!s.ok()) return ExitUsage;
         const bool loaded = s.Load(o->Path);
         Model& m = s.model();
-        if (loaded) contaminant::RunSourcing(m, s.ui());
+        if (loaded) {
+            ApplySolver(o->Solver, m);
+            contaminant::RunSourcing(m, s.ui());
+        }
         const bool ran = loaded && m.GasActive == 2;
         if (o->Json) {
             std::cout << ContaminantResultJson(o->Path, loaded, m, s.ui()).dump(2) << '\n';
@@ -78,6 +82,7 @@ void AddSourceCommand(CommandLine& cl) {
         return ran ? ExitOk : ExitFailure;
     });
     sub->add_option("FILE", o->Path, "Network file (.sim or .smm)")->required();
+    AddSolverOption(sub, o->Solver);
     sub->add_flag("--json", o->Json, "Print one JSON object");
 }
 

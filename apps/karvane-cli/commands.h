@@ -10,8 +10,8 @@ namespace karvane::cli {
 void AddInfoCommand(CommandLine& cl);       // info FILE [--json]
 void AddConvertCommand(CommandLine& cl);    // convert IN OUT
 void AddGenerateCommand(CommandLine& cl);   // generate OUT [--airways N] [--seed S] [--levels L] ...
-void AddSmokeCommand(CommandLine& cl);      // smoke FILE [--cumulative] [--json]
-void AddSourceCommand(CommandLine& cl);     // source FILE [--json]
+void AddSmokeCommand(CommandLine& cl);      // smoke FILE [--cumulative] [--solver S] [--json]
+void AddSourceCommand(CommandLine& cl);     // source FILE [--solver S] [--json]
 void AddRenderCommand(CommandLine& cl);     // render FILE OUT.svg [--view N] [--data TYPE] [--size WxH] ...
 void AddExportDxfCommand(CommandLine& cl);  // export-dxf FILE OUT.dxf [--screen] [--arrow S] ...
 void AddExportTextCommand(CommandLine& cl); // export-text FILE OUT.txt

@@ -24,6 +24,18 @@ bool EndsWithNoCase(const std::string& text, const std::string& tail) {
 
 } // namespace
 
+void AddSolverOption(CLI::App* sub, std::string& solver) {
+    sub->add_option("--solver", solver, "Balancing method: hardy-cross or newton (default: the network's setting)")
+        ->check(CLI::IsMember({"hardy-cross", "newton"}));
+}
+
+void ApplySolver(const std::string& solver, Model& model) {
+    if (solver == "newton") model.Set.Solver = SolverNewton;
+    else if (solver == "hardy-cross") model.Set.Solver = SolverHardyCross;
+}
+
+const char* SolverName(const Model& model) { return model.Set.Solver == SolverNewton ? "newton" : "hardy-cross"; }
+
 Session::Session(const CommandLine& cl) : model_(std::make_unique<Model>()), ui_(cl.MakeConsole()) {}
 
 void Session::StartProgram() {

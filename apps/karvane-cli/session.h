@@ -11,6 +11,14 @@
 
 namespace karvane::cli {
 
+// The --solver option of the commands that balance a network: "hardy-cross" or "newton". When
+// given it replaces, for this command, the balancing method of the network's settings; the
+// network is saved with it only by a command that saves.
+void AddSolverOption(CLI::App* sub, std::string& solver);
+void ApplySolver(const std::string& solver, Model& model);
+// The name of a network's balancing method, as the option spells it.
+const char* SolverName(const Model& model);
+
 class Session {
 public:
     // Nothing usable when the global options are bad (the reason has been printed): test ok().

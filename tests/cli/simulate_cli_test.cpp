@@ -397,5 +397,27 @@ TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {
     EXPECT_EQ(static_cast<std::size_t>(marked), doc["errors"].size());
 }
 
+TEST_F(SimulateCli, NewtonGivesTheSameTotalsAndTheFileCarriesTheChoice) {
+    const Result h = Run("simulate '" + Demo + "' --json");
+    const fs::path saved = dir_ / "newton.sim";
+    const Result n = Run("simulate '" + Demo + "' --solver newton --out " + Q(saved) + " --json");
+    ASSERT_EQ(n.code, 0) << n.err;
+    const json hd = h.Json(), nd = n.Json();
+    EXPECT_EQ(hd["solver"], "hardy-cross");
+    EXPECT_EQ(nd["solver"], "newton");
+    EXPECT_EQ(nd["simFail"], 0);
+    EXPECT_EQ(nd["errors"], hd["errors"]);
+    EXPECT_EQ(nd["messages"], hd["messages"]);
+    const double flow = hd["totals"]["totalAirflow"].get<double>();
+    EXPECT_NEAR(nd["totals"]["totalAirflow"].get<double>(), flow, 1e-3 * flow);
+
+    // The saved network balances by Newton's method again without being told; the option
+    // overrides the file, and takes only the two names.
+    EXPECT_EQ(Run("simulate " + Q(saved) + " --json").Json()["solver"], "newton");
+    EXPECT_EQ(Run("simulate " + Q(saved) + " --solver hardy-cross --json").Json()["solver"], "hardy-cross");
+    EXPECT_EQ(Run("simulate '" + Demo + "' --solver gauss").code, 2);
+    EXPECT_EQ(Run("smoke " + Q(saved) + " --solver gauss").code, 2);
+}
+
 } // namespace
 } // namespace karvane
