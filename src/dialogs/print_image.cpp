@@ -1,26 +1,26 @@
-// The picture of a window on paper.
+// The picture of a window on paper, through the print road of every window.
 #include "dialogs/print_image.h"
 
-#include <QPainter>
 #include <QPixmap>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QWidget>
+
+#include "shell/print_job.h"
+#include "shell/qt_surface.h"
 
 namespace karvane::dialogs {
 
 void PrintWindowImage(QWidget* window, double share) {
-    const QPixmap picture = window->grab();
-    QPrinter printer(QPrinter::HighResolution);
-    QPrintDialog dialog(&printer, window);
-    if (dialog.exec() != QDialog::Accepted) return;
-    QPainter painter(&printer);
-    const QRect page = painter.viewport();
-    QSize size = picture.size();
-    size.scale(page.size() * share, Qt::KeepAspectRatio);
-    painter.setViewport(page.x(), page.y(), size.width(), size.height());
-    painter.setWindow(picture.rect());
-    painter.drawPixmap(0, 0, picture);
+    const QImage picture = window->grab().toImage();
+    shell::PrintWithDialog(window, nullptr, window->windowTitle(), [&](display::Surface& page) {
+        auto* qt = dynamic_cast<shell::QtSurface*>(&page);
+        if (!qt || picture.isNull()) return false;
+        // Page coordinates are the page's pixels; the picture keeps its proportions.
+        page.SetCoordinateBox(0, 0, static_cast<float>(page.AreaWidth()), static_cast<float>(page.AreaHeight()));
+        QSizeF size = picture.size();
+        size.scale(QSizeF(page.AreaWidth(), page.AreaHeight()) * share, Qt::KeepAspectRatio);
+        qt->DrawPicture(picture, 0, 0, static_cast<float>(size.width()), static_cast<float>(size.height()));
+        return true;
+    });
 }
 
 } // namespace karvane::dialogs

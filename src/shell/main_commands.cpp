@@ -401,7 +401,7 @@ void MainWindow::OpenHelp() {
         if (!QFileInfo::exists(page)) continue;
         if (QDesktopServices::openUrl(QUrl::fromLocalFile(page))) return;
     }
-    ui_.Message("The help pages could not be opened. They are the folder \"help\" beside the program.", ProgramName,
+    ui_.Message("The help pages could not be opened. They are in the folder \"help\" beside the program.", ProgramName,
                 ui::Icon::Exclamation);
 }
 

@@ -2,6 +2,7 @@
 #include "shell/print_job.h"
 
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QPageLayout>
 #include <QPrintDialog>
 #include <QPrinterInfo>
@@ -92,9 +93,10 @@ bool RunPrintJob(QPrinter& printer, const PageDrawing& draw, QString* error) {
     return RunPageJob(printer, draw, error);
 }
 
-bool PrintWithDialog(QWidget* parent, ui::UserInterface& ui, const QString& documentName, const PageDrawing& draw) {
+bool PrintWithDialog(QWidget* parent, ui::UserInterface* ui, const QString& documentName, const PageDrawing& draw) {
     QPrinter printer(QPrinter::HighResolution);
-    const std::string stored = ui.GetSetting(files::StoreApp, files::FilesSection, forms::PrinterNameKey, "");
+    const std::string stored =
+        ui ? ui->GetSetting(files::StoreApp, files::FilesSection, forms::PrinterNameKey, "") : std::string();
     if (KnownPrinter(stored)) printer.setPrinterName(FromPath(stored));
     printer.setDocName(documentName);
     QPrintDialog dialog(&printer, parent);
@@ -102,7 +104,12 @@ bool PrintWithDialog(QWidget* parent, ui::UserInterface& ui, const QString& docu
     if (dialog.exec() != QDialog::Accepted) return false;
     QString error;
     if (!RunPrintJob(printer, draw, &error)) {
-        ui.Message("Error while trying to print - Check Printer", ProgramName, ui::Icon::Exclamation);
+        const char* text = "Error while trying to print - Check Printer";
+        if (ui) {
+            ui->Message(text, ProgramName, ui::Icon::Exclamation);
+        } else {
+            QMessageBox::warning(parent, QString::fromLatin1(ProgramName), QString::fromLatin1(text));
+        }
         return false;
     }
     return true;

@@ -26,8 +26,7 @@ public:
     std::string DefaultPrinter() override;
     std::vector<forms::PaperChoice> Papers(const std::string& printer) override;
     int DefaultPaper(const std::string& printer) override;
-    void PageSize(const std::string& printer, int paperId, int orientation, double& widthMm,
-                  double& heightMm) override;
+    void PageSize(const std::string& printer, int paperId, int orientation, double& widthMm, double& heightMm) override;
 };
 
 // A printer by device name (PdfPrinterName or an unknown name: PDF output), paper id (a
@@ -41,6 +40,7 @@ bool RunPrintJob(QPrinter& printer, const PageDrawing& draw, QString* error = nu
 // The print command of a window that prints itself (airway card, fan curve, spreadsheet,
 // summary): the system's print dialog on the stored printer, then the job; a failure says
 // "Error while trying to print - Check Printer". False when cancelled or failed.
-bool PrintWithDialog(QWidget* parent, ui::UserInterface& ui, const QString& documentName, const PageDrawing& draw);
+// Without a user interface the failure is shown in a message box of the parent.
+bool PrintWithDialog(QWidget* parent, ui::UserInterface* ui, const QString& documentName, const PageDrawing& draw);
 
 } // namespace karvane::shell

@@ -365,6 +365,16 @@ void QtSurface::PutBitmap(int symbol, float x, float y, float width, float heigh
     p.drawImage(r.topLeft(), SymbolImage(symbol, w, h));
 }
 
+void QtSurface::DrawPicture(const QImage& picture, float x, float y, float width, float height) {
+    FlushLines();
+    const QRectF r =
+        QRectF(ToPixel(x, y), ToPixel(static_cast<double>(x) + width, static_cast<double>(y) + height)).normalized();
+    if (picture.isNull() || r.isEmpty()) return;
+    QPainter& p = Painter();
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    p.drawImage(r, picture);
+}
+
 void QtSurface::PrintText(const std::string& text) {
     if (text.empty()) return;
     FlushLines();

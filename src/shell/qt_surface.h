@@ -88,6 +88,9 @@ public:
     double PageHeightMm() const override { return pageHeightMm_; }
     void NewPage() override;
     void EndDocument() override;
+    // A picture (a window's grab) stretched into a box of window coordinates: the prints of the
+    // windows that print their own picture.
+    void DrawPicture(const QImage& picture, float x, float y, float width, float height);
     // Whether the painter could be opened on the device (a printer or file that cannot be
     // written fails here).
     bool PainterActive();

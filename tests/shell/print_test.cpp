@@ -3,8 +3,10 @@
 // bitmap in both its forms, and the Qt page surface on PDF pages.
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTimer>
 
 #include "dialogs/printer_dialog.h"
@@ -116,6 +118,9 @@ void PrintTest::thePageSurfaceDrawsOnPdfPages() {
             page.SetLineWidth(3);
             page.Line(10, 10, 287, 200, 0);
             page.PutBitmap(display::sym::Fan, 100, 100, 10, 10);
+            QImage grab(40, 30, QImage::Format_RGB32);
+            grab.fill(Qt::darkGreen);
+            dynamic_cast<QtSurface&>(page).DrawPicture(grab, 200, 150, 40, 30);
             page.SetFontSize(10);
             page.SetCurrentPoint(20, 20);
             page.PrintText("First page");
@@ -133,12 +138,39 @@ void PrintTest::thePageSurfaceDrawsOnPdfPages() {
     }();
     QVERIFY(bytes.startsWith("%PDF-"));
     QVERIFY(bytes.contains("/Count 2"));
+    QVERIFY(bytes.contains("/Subtype /Image"));
     // A drawing that fails leaves no file, and keeps the one that was there.
     QVERIFY(!WritePdf(
         pdf, QPageSize(QPageSize::A4), QPageLayout::Portrait, QString(), [](display::Surface&) { return false; },
         &error));
     QCOMPARE(Head(pdf, 5), QByteArray("%PDF-"));
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+void PrintTest::theAboutBoxNamesVersionBuildAndLibraries() {
+    ShellRig rig;
+    QString text;
+    QTimer::singleShot(0, [&] {
+        auto* about = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        QVERIFY(about);
+        QCOMPARE(about->objectName(), QStringLiteral("frmAbout2"));
+        for (QLabel* label : about->findChildren<QLabel*>()) text += label->text();
+        // No system information tool on the test machine: the message says so.
+        about->findChild<QPushButton*>(QStringLiteral("cmdSysInfo"))->click();
+        about->accept();
+    });
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuAbout")));
+    QVERIFY2(text.contains(QStringLiteral("Version 0.1.0")), qPrintable(text));
+    QVERIFY(text.contains(QStringLiteral("Build:")));
+    QVERIFY(text.contains(QStringLiteral("Qt 6.")));
+    bool said = false;
+    for (const auto& entry : rig.Ui.Transcript)
+        said = said || entry.Text == "System Information Is Unavailable At This Time";
+    const bool toolThere = !QStandardPaths::findExecutable(QStringLiteral("hardinfo")).isEmpty() ||
+                           !QStandardPaths::findExecutable(QStringLiteral("gnome-system-monitor")).isEmpty() ||
+                           !QStandardPaths::findExecutable(QStringLiteral("ksysguard")).isEmpty() ||
+                           !QStandardPaths::findExecutable(QStringLiteral("xfce4-taskmanager")).isEmpty();
+    QCOMPARE(said, !toolThere);
 }
 
 } // namespace karvane::shell::testing

@@ -67,7 +67,7 @@ private Q_SLOTS:
     void theMainWindowOpensTheAirwayDialogs();
 };
 
-// Printing: the print dialog, Tool 22, the page surface and the screen bitmap.
+// Printing: the print dialog, Tool 22, the page surface and the screen bitmap; the About box.
 class PrintTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
@@ -75,6 +75,7 @@ private Q_SLOTS:
     void printScreenAsksAndPrintsWithTheLastValues();
     void theScreenBitmapIsBmpOrPngByItsName();
     void thePageSurfaceDrawsOnPdfPages();
+    void theAboutBoxNamesVersionBuildAndLibraries();
 };
 
 // The editors of the Tools menu: fans, levels, options.
