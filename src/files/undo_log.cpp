@@ -88,6 +88,7 @@ bool UndoLog::Open(ui::UserInterface& ui, const std::string& path) {
         path_ = folder.empty() ? name : (std::filesystem::path(folder) / name).string();
     }
     file_ = std::fopen(path_.c_str(), "w+b");
+    writing_ = false;
     CurrentStep = 1;
     NextUndoRow = 1;
     LogTruncated = true;
@@ -106,6 +107,7 @@ void UndoLog::ResetUndo() {
     if (!path_.empty()) {
         Close();
         file_ = std::fopen(path_.c_str(), "w+b");
+        writing_ = false;
     }
 }
 
@@ -137,7 +139,10 @@ void UndoLog::LogAirway(Model& model, ui::UserInterface& ui, std::int32_t row, i
             std::string record = AirwayRowText(model, row, sep_);
             record.resize(UndoRecordLength, ' ');
             const long offset = static_cast<long>(NextUndoRow - 1) * static_cast<long>(UndoRecordLength);
-            if (std::fseek(file_, offset, SEEK_SET) == 0) std::fwrite(record.data(), 1, record.size(), file_);
+            // Records of one step follow each other: a seek (which empties the write buffer) only
+            // when the record is not the next one in the file, or a read came between.
+            if ((writing_ && std::ftell(file_) == offset) || std::fseek(file_, offset, SEEK_SET) == 0)
+                writing_ = std::fwrite(record.data(), 1, record.size(), file_) == record.size();
         }
     }
 
@@ -256,6 +261,7 @@ bool UndoLog::Redo(Model& model, ui::UserInterface& ui) {
 std::string UndoLog::RecordText(std::int32_t k) const {
     if (!file_ || k < 1 || k > UndoCapacity) return {};
     std::fflush(file_);
+    writing_ = false;
     std::string record(UndoRecordLength, ' ');
     const long offset = static_cast<long>(k - 1) * static_cast<long>(UndoRecordLength);
     if (std::fseek(file_, offset, SEEK_SET) != 0) return {};

@@ -81,6 +81,7 @@ private:
     void RestoreRecord(Model& model, ui::UserInterface& ui, std::int32_t k);
 
     std::FILE* file_ = nullptr;
+    mutable bool writing_ = false; // the last access to the file was a write
     std::string path_;
     char sep_ = '.';
 };
