@@ -27,5 +27,6 @@ int main(int argc, char** argv) {
     AddPrintCommand(cl);
 #endif
     AddFansCommand(cl);
+    AddStudyCommand(cl);
     return cl.Run(argc, argv);
 }

@@ -28,8 +28,9 @@ std::string FigureText(double v) {
 
 } // namespace
 
-nlohmann::json TotalsJson(const Model& model) {
-    const simulate::SummaryFigures f = simulate::Summarize(model);
+nlohmann::json TotalsJson(const Model& model) { return TotalsJson(simulate::Summarize(model)); }
+
+nlohmann::json TotalsJson(const simulate::SummaryFigures& f) {
     return {{"totalFlow", JsonSingle(f.Sums.TotalFlow)},
             {"totalAirflow", f.TotalAirflow},
             {"airPowerKW", f.AirPowerKW},

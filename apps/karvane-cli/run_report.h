@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/model.h"
+#include "simulate/summary.h"
 #include "ui/console_ui.h"
 
 namespace karvane::cli {
@@ -16,6 +17,7 @@ namespace karvane::cli {
 // input power), mineResistance (Ns2/m8; null with no flow), annualCost ($, whole),
 // numberOfAirways, lengthOfAirways (m) and numberOfFans.
 nlohmann::json TotalsJson(const Model& model);
+nlohmann::json TotalsJson(const simulate::SummaryFigures& figures);
 
 // The summary figures as the lines "Label: value unit", in SI, labelled as the summary report.
 void PrintSummary(std::ostream& out, const Model& model);
