@@ -59,9 +59,8 @@ std::string StudyIdentity(const std::string& base, const std::string& study, con
 nlohmann::json Optional(const std::optional<double>& v) { return v ? nlohmann::json(*v) : nlohmann::json(); }
 
 nlohmann::json ScenarioJson(const script::ScenarioResult& r) {
-    nlohmann::json fans = nlohmann::json::array(), watched = nlohmann::json::array(),
-                   outside = nlohmann::json::array(), errors = nlohmann::json::array(),
-                   messages = nlohmann::json::array();
+    nlohmann::json fans = nlohmann::json::array(), watched = nlohmann::json::array(), outside = nlohmann::json::array(),
+                   errors = nlohmann::json::array(), messages = nlohmann::json::array();
     for (const script::FanDuty& f : r.Fans)
         fans.push_back({{"airwayNo", f.AirwayNo},
                         {"quantity", JsonSingle(f.Quantity)},
@@ -148,7 +147,9 @@ void PrintText(std::ostream& out, const nlohmann::json& report) {
             continue;
         }
         const nlohmann::json& t = s.at("totals");
-        out << (s.at("simFail").get<bool>() ? "failed" : s.at("simValid").get<bool>() ? "valid" : "with warnings")
+        out << (s.at("simFail").get<bool>()    ? "failed"
+                : s.at("simValid").get<bool>() ? "valid"
+                                               : "with warnings")
             << ", " << s.at("passes").get<int>() << " passes, total airflow " << Figure(t.at("totalAirflow"))
             << " m3/s, input power " << Figure(t.at("inputPowerKW")) << " kW";
         int stalled = 0;
@@ -227,8 +228,7 @@ int RunStudyCommand(CommandLine& cl, const StudyArgs& a) {
             const int width = 30, filled = total > 0 ? width * done / total : width;
             std::cerr << "\r[" << std::string(static_cast<std::size_t>(filled), '#')
                       << std::string(static_cast<std::size_t>(width - filled), '.') << "] " << done << " done, "
-                      << running << " running, " << left << " left" << (left + running == 0 ? "\n" : "")
-                      << std::flush;
+                      << running << " running, " << left << " left" << (left + running == 0 ? "\n" : "") << std::flush;
         };
     const std::vector<script::ScenarioResult> results = script::RunStudy(s.model(), study, o);
 
@@ -307,7 +307,7 @@ void AddStudyCommand(CommandLine& cl) {
                            [&cl, a] { return RunStudyCommand(cl, *a); });
     sub->add_option("BASE", a->Base, "The base network (.sim)")->required();
     sub->add_option("STUDY", a->File, "The study file: scenario blocks of script lines (see README)")->required();
-    sub->add_option("--jobs", a->Jobs, "Worker threads (default: every core)")->check(CLI::PositiveNumber);
+    sub->add_option("--jobs", a->Jobs, "Worker threads (default: every core)")->check(CLI::Range(1, 1024));
     auto* json = sub->add_flag("--json", a->Json, "Print one JSON report");
     sub->add_flag("--csv", a->Csv, "Print one CSV row per scenario")->excludes(json);
     sub->add_option("--out-dir", a->OutDir, "Save each scenario's balanced network in this folder");

@@ -26,7 +26,7 @@ void AddCheckCommand(CommandLine& cl);   // check FILE [--json]
 void AddMergeCommand(CommandLine& cl);   // merge BASE OTHER OUT
 void AddAirwayCommand(CommandLine& cl);  // airway FILE AIRWAYNO [--simulate] [--json] [--curve OUT.svg]
 void AddPrintCommand(CommandLine& cl);   // print FILE OUT.pdf [--scale N] [--paper A4] ... (with Qt's GUI module)
-void AddFansCommand(CommandLine& cl);   // fans [--json] [--curve N OUT.svg]
-void AddStudyCommand(CommandLine& cl); // study BASE STUDY [--jobs N] [--json|--csv] [--shard K/N] ...; study-merge
+void AddFansCommand(CommandLine& cl);    // fans [--json] [--curve N OUT.svg]
+void AddStudyCommand(CommandLine& cl);   // study BASE STUDY [--jobs N] [--json|--csv] [--shard K/N] ...; study-merge
 
 } // namespace karvane::cli

@@ -56,6 +56,7 @@ bool AirwayExists(const Model& base, std::int32_t airwayNo) {
 }
 
 struct Reader {
+    Reader(const Model& base, Study& out) : Base(base), Out(out) {}
     const Model& Base;
     Study& Out;
     std::vector<std::pair<std::string, std::int32_t>> Common; // lines before the first scenario
@@ -136,11 +137,14 @@ struct Reader {
     }
 
     std::string EachAirwayBlocked(const std::vector<std::string_view>& w, std::int32_t line) {
-        if (w.size() < 2) return Fault(line, "each-airway-blocked: name the airways, e.g. each-airway-blocked 12 40 41");
+        if (w.size() < 2)
+            return Fault(line, "each-airway-blocked: name the airways, e.g. each-airway-blocked 12 40 41");
         for (std::size_t k = 1; k < w.size(); ++k) {
             std::int32_t no = 0;
-            if (!WholeNumber(w[k], no)) return Fault(line, "each-airway-blocked: \"" + std::string(w[k]) + "\" is no airway number");
-            if (!AirwayExists(Base, no)) return Fault(line, "each-airway-blocked: no airway numbered " + std::to_string(no));
+            if (!WholeNumber(w[k], no))
+                return Fault(line, "each-airway-blocked: \"" + std::string(w[k]) + "\" is no airway number");
+            if (!AirwayExists(Base, no))
+                return Fault(line, "each-airway-blocked: no airway numbered " + std::to_string(no));
             // Preset 1 of the resistance presets is the bulkhead.
             if (std::string e = Generated("airway " + std::to_string(no) + " blocked",
                                           "set " + std::to_string(no) + " ResCombo=1", line);
@@ -181,7 +185,7 @@ struct Reader {
 
 std::string ReadStudy(std::string_view text, const Model& base, Study& study) {
     study = Study{};
-    Reader reader{base, study};
+    Reader reader(base, study);
     std::int32_t line = 0;
     std::size_t pos = 0;
     while (pos <= text.size()) {

@@ -38,18 +38,18 @@ struct Study {
 std::string ReadStudy(std::string_view text, const Model& base, Study& study);
 
 struct StudyOptions {
-    int Jobs = 0;                // worker threads; 0: every core
-    int ShardIndex = 0;          // run only the scenarios whose index is ShardIndex modulo
-    int ShardCount = 1;          // ShardCount
-    double MinVelocity = -1;     // m/s; below 0: no lower limit
-    double MaxVelocity = -1;     // m/s; below 0: no upper limit
+    int Jobs = 0;                    // worker threads; 0: every core
+    int ShardIndex = 0;              // run only the scenarios whose index is ShardIndex modulo
+    int ShardCount = 1;              // ShardCount
+    double MinVelocity = -1;         // m/s; below 0: no lower limit
+    double MaxVelocity = -1;         // m/s; below 0: no upper limit
     std::vector<std::int32_t> Watch; // airway numbers whose flow is reported
-    std::string OutDir;          // where each balanced network is saved; empty: none is
-    bool AnswerYes = false;      // the answer to a question no line of the scenario answered
-    std::string TempPath;        // the undo log of each scenario's session
+    std::string OutDir;              // where each balanced network is saved; empty: none is
+    bool AnswerYes = false;          // the answer to a question no line of the scenario answered
+    std::string TempPath;            // the undo log of each scenario's session
     std::string AppPath;
     ui::DateTime Clock{};
-    files::LoadReport Report;    // how the base network was loaded (its start-up view)
+    files::LoadReport Report; // how the base network was loaded (its start-up view)
     // Scenarios done, running and left, after each start and end; called under a lock.
     std::function<void(int done, int running, int left)> Progress;
     const std::atomic<bool>* Cancel = nullptr; // set: no further scenario starts
@@ -57,11 +57,11 @@ struct StudyOptions {
 
 struct FanDuty {
     std::int32_t AirwayNo = 0;
-    float Quantity = 0;                  // m3/s
-    float Pressure = 0;                  // Pa, as the run left it
-    float Efficiency = 0;                // percent, read on the database curve
-    std::optional<double> InputPowerKW;  // none without an efficiency
-    bool Stalled = false;                // the run left the fan at the stall sentinel
+    float Quantity = 0;                 // m3/s
+    float Pressure = 0;                 // Pa, as the run left it
+    float Efficiency = 0;               // percent, read on the database curve
+    std::optional<double> InputPowerKW; // none without an efficiency
+    bool Stalled = false;               // the run left the fan at the stall sentinel
 };
 
 struct VelocityFault {
@@ -72,8 +72,8 @@ struct VelocityFault {
 struct ScenarioResult {
     int Index = 0; // in the study, from 0
     std::string Name;
-    bool Ran = false;     // every line was carried out and the balance was run
-    std::string Failure;  // why it did not run: "line N: ..." of the study file
+    bool Ran = false;    // every line was carried out and the balance was run
+    std::string Failure; // why it did not run: "line N: ..." of the study file
     bool SimValid = false;
     bool SimFail = false;
     int Passes = 0; // balancing passes shown by the run's attempt counter

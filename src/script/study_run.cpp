@@ -102,7 +102,8 @@ void Measure(const Model& m, const StudyOptions& o, ScenarioResult& r) {
     for (std::int32_t no : o.Watch) {
         std::optional<float> q;
         for (std::int32_t row = 1; row <= m.AirwayCount && !q; ++row)
-            if (m.Airways[static_cast<std::size_t>(row)].AirwayNo == no) q = m.Airways[static_cast<std::size_t>(row)].Quantity;
+            if (m.Airways[static_cast<std::size_t>(row)].AirwayNo == no)
+                q = m.Airways[static_cast<std::size_t>(row)].Quantity;
         r.Watched.emplace_back(no, q);
     }
     for (const NetworkError& e : m.ErrorList) r.Errors.emplace_back(e.AirwayNo, e.Text);
