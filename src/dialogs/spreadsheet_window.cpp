@@ -15,7 +15,7 @@
 
 #include "dialogs/grid_editor.h"
 #include "forms/sheet_print.h"
-#include "shell/page_job.h"
+#include "shell/print_job.h"
 #include "shell/qt_text.h"
 
 namespace karvane::dialogs {
@@ -321,7 +321,7 @@ bool SpreadSheetWindow::PrintTable(int fontSize) {
     printer.setPageOrientation(QPageLayout::Landscape);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const bool done =
-        shell::RunPageJob(printer, [&](display::Surface& page) { return fs::PrintSheetTable(form_, page, fontSize); });
+        shell::RunPrintJob(printer, [&](display::Surface& page) { return fs::PrintSheetTable(form_, page, fontSize); });
     QApplication::restoreOverrideCursor();
     return done;
 }
