@@ -170,7 +170,8 @@ TEST(ConstructScript, RandomEditScriptsOnAGeneratedMineUndoToTheSameFile) {
     script::Session s(scene.M, scene.Ui);
     s.ShowNetwork(files::LoadReport{});
     ASSERT_EQ(s.RunText("menu mnuLevels3\nmenu mnuFit\n"), "");
-    const std::filesystem::path dir = std::filesystem::temp_directory_path() / "karvane-random-edits";
+    const std::filesystem::path dir =
+        std::filesystem::temp_directory_path() / ("karvane-random-edits-" + std::to_string(std::random_device{}()));
     std::filesystem::create_directories(dir);
     const std::int32_t lastAirwayNo = scene.M.Set.LastAirwayNo;
     const display::ViewState view = s.display().View;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 
 #include "commands/menu_commands.h"
 #include "script_support.h"
@@ -14,7 +15,8 @@ using karvane::script::testing::ScriptRig;
 namespace {
 
 TEST(MenuCommands, EveryNameRunsAndADeclinedQuestionChangesNothing) {
-    const std::filesystem::path app = std::filesystem::temp_directory_path() / "karvane-menu-commands";
+    const std::filesystem::path app =
+        std::filesystem::temp_directory_path() / ("karvane-menu-commands-" + std::to_string(std::random_device{}()));
     std::filesystem::create_directories(app);
     for (std::string_view name : commands::MenuCommandNames()) {
         ScriptRig r;

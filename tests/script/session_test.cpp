@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 
 #include "script_support.h"
 
@@ -124,7 +125,8 @@ TEST(ScriptSession, ALineThatCannotBeCarriedOutStopsTheScript) {
 
 TEST(ScriptSession, SavesAreWrittenOnlyWhenTheWholeScriptRan) {
     ScriptRig r;
-    const std::filesystem::path dir = std::filesystem::temp_directory_path() / "karvane-script-save";
+    const std::filesystem::path dir =
+        std::filesystem::temp_directory_path() / ("karvane-script-save-" + std::to_string(std::random_device{}()));
     std::filesystem::create_directories(dir);
     const std::string path = (dir / "out.sim").string();
     std::filesystem::remove(path);
