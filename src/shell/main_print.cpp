@@ -45,6 +45,11 @@ void MainWindow::ReadPrinterWidth() {
 
 bool MainWindow::PrintCurrentWindow(const std::string& printerName, int paperId, int orientation) {
     if (!ViewWindowOpen()) return false;
+    if (ds_->Drawn.empty()) {
+        // Said once; the print is not a failure of the printer.
+        ui_.Message("No airway is in view: there is nothing to print", ProgramName, ui::Icon::Exclamation);
+        return true;
+    }
     // A printer that has gone since it was chosen leaves the PDF output.
     const std::vector<std::string> names = QtPrinterHost().PrinterNames();
     const bool pdf = printerName == PdfPrinterName || std::find(names.begin(), names.end(), printerName) == names.end();
