@@ -44,11 +44,9 @@ const std::pair<const char*, bool F::*> CheckBoxes[] = {
     {"ChkTilt", &F::ChkTilt},         {"ChkSpeed", &F::ChkSpeed},   {"ChkHor", &F::ChkHor},
     {"ChkVert", &F::ChkVert},         {"ChkUnderR", &F::ChkUnderR}};
 
-const std::pair<const char*, int F::*> OptionGroups[] = {{"Optcurve", &F::Optcurve},
-                                                         {"OptSimSource", &F::OptSimSource},
-                                                         {"OptType", &F::OptType},
-                                                         {"OptColour", &F::OptColour},
-                                                         {"OptUnitType", &F::OptUnitType}};
+const std::pair<const char*, int F::*> OptionGroups[] = {
+    {"Optcurve", &F::Optcurve}, {"OptSimSource", &F::OptSimSource}, {"OptSolver", &F::OptSolver},
+    {"OptType", &F::OptType},   {"OptColour", &F::OptColour},       {"OptUnitType", &F::OptUnitType}};
 
 const char* const ViewerCaptions[forms::ViewerBoxes] = {
     "Node Names",   "Airway Names", "Data Values",  "Resistance Symbols", "Fan Symbols",
@@ -175,6 +173,8 @@ QWidget* OptionsDialog::SimulationPage() {
     Text(simDefaults_, "TxtDensity", "Average Air Density");
     Text(simDefaults_, "TxtAirP", "Surface Barometric Press");
     Text(simDefaults_, "TxtAirRL", "RL at Surface Pressure");
+    auto* method = new QHBoxLayout(Group(page, column, "Balancing Method"));
+    Options(method, "OptSolver", {"Hardy Cross", "Newton"});
     auto* unitsBox = new QHBoxLayout(Group(page, column, "Units"));
     QButtonGroup* unitType = Options(unitsBox, "OptUnitType", {"SI Metric", "British Imperial"});
     connect(unitType, &QButtonGroup::idClicked, this, [this](int id) {

@@ -154,7 +154,7 @@ public:
     std::string SetField(const std::string& name, const std::string& value) override {
         const ControlName control = SplitControlName(name);
         static const std::pair<const char*, int> arrays[] = {
-            {"ChkViewer", ViewerBoxes}, {"Optcurve", 3},    {"OptSimSource", 2}, {"OptType", 4},
+            {"ChkViewer", ViewerBoxes}, {"Optcurve", 3},    {"OptSimSource", 2}, {"OptSolver", 2}, {"OptType", 4},
             {"OptColour", 2},           {"OptUnitType", 2}, {"Col", ColourCount}};
         for (const auto& [array, count] : arrays) {
             if (control.Name != array || control.Index < 0) continue;

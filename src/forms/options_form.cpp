@@ -85,6 +85,7 @@ void FillOptions(const Model& m, const display::DisplayState& ds, OptionsFields&
     f.WallCombo2 = std::clamp<int>(s.RaiseWallType, 0, PresetRows - 1);
     f.ShockCombo = std::clamp(static_cast<int>(s.DefaultShock), 0, PresetRows - 1);
     f.OptSimSource = s.SmokeCumulative != 0 ? 0 : 1;
+    f.OptSolver = s.Solver == SolverNewton ? 1 : 0;
     f.TxtCost = Plain(s.PowerCost, sep);
     f.TxtEff = Plain(std::round(static_cast<double>(s.AirEfficiency) * 100 * 1000) / 1000, sep);
     f.TxtFanMax = std::to_string(s.MaxFans);
@@ -204,6 +205,11 @@ OptionsEffects ApplySettings(Model& m, display::DisplayState& ds, OptionsFields&
     s.DataFilter = static_cast<std::int16_t>(std::clamp(f.OptType, 0, 3));
     display::BuildDisplayList(m, ds);
     s.SmokeCumulative = f.OptSimSource == 0 ? -1 : 0;
+    // Another balancing method leaves the flows where they stand, but a result is the method's.
+    if (const std::int16_t solver = f.OptSolver == 1 ? SolverNewton : SolverHardyCross; solver != s.Solver) {
+        s.Solver = solver;
+        m.SimValid = 0;
+    }
     s.ScreenBuffer = f.ChkBuffer;
     s.AutoInfo = f.ChkInfo;
     s.ScrollZoomOff = f.ChkScroll ? -1 : 0;
@@ -421,6 +427,7 @@ bool OptionsForm::SetField(const std::string& name, const std::string& value) {
     } else if (name == "ChkSaveTime") TickSaveTime(F, tick);
     else if (name == "Optcurve") ChooseCurveType(model_, F, index, sep);
     else if (name == "OptSimSource") F.OptSimSource = std::clamp(index, 0, 1);
+    else if (name == "OptSolver") F.OptSolver = std::clamp(index, 0, 1);
     else if (name == "OptType") F.OptType = std::clamp(index, 0, 3);
     else if (name == "OptColour") F.OptColour = std::clamp(index, 0, 1);
     else if (name == "OptUnitType") Effects = SwitchUnitSystem(model_, ds_, F, index, ui_);

@@ -26,6 +26,7 @@ struct OptionsFields {
     int WallCombo = 0, WallCombo2 = 0, ShockCombo = 0;
     // "Simulation"
     int OptSimSource = 0; // 0 "Cummulative", 1 "Fixed Injection"
+    int OptSolver = 0;    // the balancing method: 0 Hardy Cross, 1 Newton
     std::string TxtCost, TxtEff, TxtFanMax, txtIt, txtMe, TxtDensity, TxtAirP, TxtAirRL;
     int OptUnitType = 1; // 1 SI, 2 British
     bool ChkRemote = false, ChkSaveTime = false;

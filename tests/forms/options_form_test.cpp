@@ -110,6 +110,23 @@ TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
     EXPECT_TRUE(presets.Effects.ResistancesRecalculated);
 }
 
+// The balancing method is one more setting: a change drops the valid state of the results.
+TEST(OptionsForm, BalancingMethod) {
+    OptionsScene s;
+    s.M.SimValid = -1;
+    OptionsForm newton(s.M, s.Ds, s.Ui);
+    EXPECT_EQ(newton.F.OptSolver, 0);
+    newton.SetField("OptSolver", "1");
+    newton.PressButton("cmdOK");
+    EXPECT_EQ(s.M.Set.Solver, SolverNewton);
+    EXPECT_EQ(s.M.SimValid, 0);
+    s.M.SimValid = -1;
+    OptionsForm same(s.M, s.Ds, s.Ui);
+    EXPECT_EQ(same.F.OptSolver, 1);
+    same.PressButton("cmdOK");
+    EXPECT_EQ(s.M.SimValid, -1);
+}
+
 TEST(OptionsForm, AUnitSwitchChangesEveryShownValueAndNoStoredOne) {
     OptionsScene s;
     OptionsForm form(s.M, s.Ds, s.Ui);
