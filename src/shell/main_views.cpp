@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include "commands/menu_commands.h"
 #include "contaminant/sourcing.h"
 #include "contaminant/spread.h"
 #include "display/data_types.h"
@@ -407,43 +408,8 @@ void MainWindow::OnRotationTick() {
 }
 
 bool MainWindow::CommandAvailable(int value) const {
-    switch (value) {
-    case edit::cmd::Zoom:
-    case edit::cmd::Fit:
-    case edit::cmd::Draw:
-    case edit::cmd::Move:
-    case edit::cmd::Reverse:
-    case edit::cmd::Fan:
-    case edit::cmd::Names:
-    case edit::cmd::Edit:
-    case edit::cmd::Insert:
-    case edit::cmd::Contaminant:
-    case edit::cmd::Info:
-    case edit::cmd::Simulate:
-    case edit::cmd::Pins:
-    case edit::cmd::Centre:
-    case edit::cmd::Open:
-    case edit::cmd::Save:
-    case edit::cmd::Toggle3D:
-    case edit::cmd::Grid:
-    case edit::cmd::DisplayOptions:
-    case edit::cmd::SingleMulti:
-    case edit::cmd::UpdateScreen:
-    case edit::cmd::Smoke:
-    case edit::cmd::Sourcing:
-    case edit::cmd::Undo:
-    case edit::cmd::Redo:
-    case edit::cmd::PrintScreen:
-
-    case edit::cmd::Delete:
-    case edit::cmd::Select:
-    case edit::cmd::Attributes:
-    case edit::cmd::AttributesToDefaults:
-    case edit::cmd::Layers:
-    case edit::cmd::Follow:
-    case edit::cmd::FindNext: return true;
-    default: return false;
-    }
+    // The tool commands of the core, and the print of the screen, which needs a printer.
+    return value == edit::cmd::PrintScreen || commands::ToolCommandAvailable(value);
 }
 
 void MainWindow::CommandUnavailable(int value) {
