@@ -1,0 +1,104 @@
+// karvane-cli study and study-merge over the demo mine: the same report bytes for one and two
+// workers, shards merged into the single run's report byte for byte, exit status 1 when a
+// scenario failed, and parts of different studies refused.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Result {
+    int code = -1;
+    std::string out, err;
+};
+
+std::string ReadAll(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+class StudyCli : public ::testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = fs::temp_directory_path() / ("karvane_study_cli_" + std::to_string(::getpid()) + "_" +
+                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::remove_all(dir_);
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { fs::remove_all(dir_); }
+
+    std::string Q(const fs::path& p) const { return "'" + p.string() + "'"; }
+    std::string Write(const std::string& name, const std::string& text) {
+        std::ofstream(dir_ / name, std::ios::binary) << text;
+        return Q(dir_ / name);
+    }
+    Result Run(const std::string& args) {
+        Result r;
+        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
+        const std::string cmd = "'" + std::string(KARVANE_CLI) + "' " + args + " >" + Q(out) + " 2>" + Q(err);
+        const int status = std::system(cmd.c_str());
+        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        r.out = ReadAll(out);
+        r.err = ReadAll(err);
+        return r;
+    }
+    fs::path dir_;
+};
+
+const std::string Demo = "'" + std::string(KARVANE_EXAMPLES) + "/demo-mine.sim'";
+
+TEST_F(StudyCli, ReportIsTheSameForAnyWorkersAndForMergedShards) {
+    const std::string study = Write("study.txt", "each-fan-off\neach-airway-blocked 1 2 3\n");
+    const Result one = Run("study " + Demo + " " + study + " --json --jobs 1 --watch 1 2 --max-velocity 6");
+    ASSERT_EQ(one.code, 0) << one.err;
+    const Result two = Run("study " + Demo + " " + study + " --json --jobs 2 --watch 1 2 --max-velocity 6");
+    EXPECT_EQ(two.code, 0) << two.err;
+    EXPECT_EQ(one.out, two.out);
+    const nlohmann::json report = nlohmann::json::parse(one.out);
+    EXPECT_EQ(report["failed"], 0);
+    ASSERT_GE(report["scenarios"].size(), 4u);
+
+    std::string parts;
+    for (int k = 0; k < 2; ++k) {
+        const Result part = Run("study " + Demo + " " + study +
+                                " --json --jobs 2 --watch 1 2 --max-velocity 6 --shard " + std::to_string(k) + "/2");
+        ASSERT_EQ(part.code, 0) << part.err;
+        parts += " " + Write("part-" + std::to_string(k) + ".json", part.out);
+    }
+    const Result merged = Run("study-merge " + Q(dir_ / "all.json") + parts);
+    ASSERT_EQ(merged.code, 0) << merged.err;
+    EXPECT_EQ(ReadAll(dir_ / "all.json"), one.out);
+
+    // A part of another study is refused.
+    const std::string other = Write("other.txt", "each-airway-blocked 1\n");
+    const Result stray = Run("study " + Demo + " " + other + " --json --jobs 1");
+    ASSERT_EQ(stray.code, 0) << stray.err;
+    const Result mixed = Run("study-merge " + Q(dir_ / "mixed.json") + " " + Q(dir_ / "part-0.json") + " " +
+                             Write("stray.json", stray.out));
+    EXPECT_EQ(mixed.code, 1);
+    EXPECT_NE(mixed.err.find("is a part of another study than"), std::string::npos) << mixed.err;
+}
+
+TEST_F(StudyCli, AFailedScenarioGivesExitStatusOne) {
+    const std::string study = Write("study.txt", "scenario \"good\"\n\nscenario \"bad\"\nset 999999 TxtWidth=5\n");
+    const Result r = Run("study " + Demo + " " + study + " --json --jobs 2");
+    EXPECT_EQ(r.code, 1) << r.err;
+    const nlohmann::json report = nlohmann::json::parse(r.out);
+    EXPECT_EQ(report["failed"], 1);
+    ASSERT_EQ(report["scenarios"].size(), 2u);
+    EXPECT_TRUE(report["scenarios"][0]["ran"].get<bool>());
+    EXPECT_FALSE(report["scenarios"][1]["ran"].get<bool>());
+    EXPECT_EQ(report["scenarios"][1]["failure"], "line 4: no airway numbered 999999");
+}
+
+} // namespace
