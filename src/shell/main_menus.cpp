@@ -266,6 +266,8 @@ void MainWindow::BuildMenus() {
             &MainWindow::SmokeSimulation);
     connect(AddAction(runMenu, "mnuTrace", QStringLiteral("Sourcing Simulation")), &QAction::triggered, this,
             &MainWindow::SourcingSimulation);
+    connect(AddAction(runMenu, "mnuStudy", QStringLiteral("Study...")), &QAction::triggered, this,
+            &MainWindow::ShowStudy);
     runMenu->addSeparator();
     QMenu* realtime = sub(runMenu, "mnuRT2", QStringLiteral("Realtime"));
     QAction* input = AddAction(realtime, "mnuRemote", QStringLiteral("Activate Input"));

@@ -269,6 +269,8 @@ private:
     void ExportCommand(int kind);
     void ImportCommand(bool dxf);
     void ShowSimplify();
+    // Run > Study... (main_study.cpp): a study file run in a window of its own.
+    void ShowStudy();
     void ActivateStations(bool input, bool on);
     void ShowStationDialog(bool input);
     // Printing (main_print.cpp): the print dialog, Tool 22, Print Setup, and one print of the

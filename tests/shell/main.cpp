@@ -42,5 +42,9 @@ int main(int argc, char** argv) {
         karvane::shell::testing::SpreadSheetWindowTest test;
         status |= QTest::qExec(&test, argc, argv);
     }
+    {
+        karvane::shell::testing::StudyWindowTest test;
+        status |= QTest::qExec(&test, argc, argv);
+    }
     return status;
 }

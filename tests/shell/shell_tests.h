@@ -95,4 +95,11 @@ private Q_SLOTS:
     void aLargeMineOpensAsAModelAndSortsByAColumn();
 };
 
+// Run > Study...: the study window.
+class StudyWindowTest : public QObject {
+    Q_OBJECT
+private Q_SLOTS:
+    void runsTwoScenariosAndOpensTheBalancedNetwork();
+};
+
 } // namespace karvane::shell::testing

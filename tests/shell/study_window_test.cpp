@@ -1,0 +1,61 @@
+// Run > Study...: the study runs in its own window over a copy of the network on screen, the
+// results come back in the table, and a double click opens a scenario's balanced network.
+#include <QFile>
+#include <QTableWidget>
+
+#include "dialogs/study_window.h"
+#include "shell_rig.h"
+#include "shell_tests.h"
+
+namespace karvane::shell::testing {
+
+namespace {
+std::string WriteStudy(const QTemporaryDir& dir, const char* name, const QByteArray& text) {
+    const QString path = dir.filePath(QString::fromLatin1(name));
+    QFile file(path);
+    file.open(QIODevice::WriteOnly);
+    file.write(text);
+    return path.toStdString();
+}
+} // namespace
+
+void StudyWindowTest::runsTwoScenariosAndOpensTheBalancedNetwork() {
+    ShellRig rig;
+    rig.OpenDemo();
+    const std::int32_t airways = rig.M().AirwayCount;
+
+    // A study without a scenario is a fault of the file: a message, and no window.
+    const std::string empty = WriteStudy(rig.Temp, "empty.txt", "# nothing\n");
+    rig.Ui.FilePaths.push_back(empty);
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuStudy")));
+    QCOMPARE(rig.Ui.Texts("Message").back(), empty + ": the study names no scenario: begin one with scenario \"NAME\"");
+    QVERIFY(!rig.W().findChild<dialogs::StudyWindow*>());
+
+    // The network as drawn balances; a line the script cannot carry out fails its scenario alone.
+    rig.Ui.FilePaths.push_back(
+        WriteStudy(rig.Temp, "two.txt", "scenario \"As drawn\"\nscenario \"Unknown\"\nfrobnicate\n"));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuStudy")));
+    auto* window = rig.W().findChild<dialogs::StudyWindow*>();
+    QVERIFY(window);
+    QVERIFY(window->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(window->Finished(), 60000);
+    QTableWidget* table = window->Table();
+    QCOMPARE(table->rowCount(), 2);
+    QCOMPARE(table->item(0, 0)->text(), QStringLiteral("As drawn"));
+    QVERIFY(table->item(0, 1)->text() != QStringLiteral("not run"));
+    QVERIFY(table->item(0, 3)->text().toDouble() > 0);
+    QCOMPARE(table->item(1, 0)->text(), QStringLiteral("Unknown"));
+    QCOMPARE(table->item(1, 1)->text(), QStringLiteral("not run"));
+    QVERIFY(table->item(1, 7)->text().startsWith(QStringLiteral("line 3: ")));
+    // The network on screen was not touched.
+    QCOMPARE(rig.M().AirwayCount, airways);
+
+    // A double click opens the balanced network of the scenario by the road of Open.
+    const std::string saved = window->Results()[0].Saved;
+    QVERIFY(!saved.empty());
+    Q_EMIT table->cellDoubleClicked(0, 0);
+    QCOMPARE(rig.M().FileName, saved);
+    window->close();
+}
+
+} // namespace karvane::shell::testing
