@@ -22,6 +22,7 @@ namespace {
 
 struct StudyArgs {
     std::string Base, File, Shard, OutDir;
+    std::string Solver; // empty: the base network's setting
     int Jobs = 0;
     bool Json = false, Csv = false;
     double MinVelocity = -1, MaxVelocity = -1;
@@ -48,7 +49,7 @@ std::string StudyIdentity(const std::string& base, const std::string& study, con
     mix(base);
     mix(study);
     std::ostringstream options;
-    options << a.MinVelocity << ' ' << a.MaxVelocity;
+    options << a.MinVelocity << ' ' << a.MaxVelocity << ' ' << a.Solver;
     for (std::int32_t w : a.Watch) options << ' ' << w;
     mix(options.str());
     std::ostringstream hex;
@@ -203,6 +204,8 @@ int RunStudyCommand(CommandLine& cl, const StudyArgs& a) {
         files::LoadOptions options;
         options.Report = &report;
         if (!files::LoadNetwork(s.model(), s.ui(), options)) return ExitFailure;
+        // Every scenario copies the base network, and with it the solver.
+        ApplySolver(a.Solver, s.model());
     }
     script::Study study;
     if (const std::string fault = script::ReadStudy(studyText, s.model(), study); !fault.empty()) {
@@ -237,7 +240,8 @@ int RunStudyCommand(CommandLine& cl, const StudyArgs& a) {
     nlohmann::json header = {{"base", a.Base},
                              {"file", a.File},
                              {"id", StudyIdentity(baseBytes, studyText, a)},
-                             {"scenarios", study.Scenarios.size()}};
+                             {"scenarios", study.Scenarios.size()},
+                             {"solver", SolverName(s.model())}};
     nlohmann::json out = Report(std::move(header), std::move(scenarios));
     if (o.ShardCount > 1) out["shard"] = std::to_string(o.ShardIndex) + "/" + std::to_string(o.ShardCount);
     Print(a, out);
@@ -315,6 +319,7 @@ void AddStudyCommand(CommandLine& cl) {
     sub->add_option("--max-velocity", a->MaxVelocity, "Report airways faster than this, m/s");
     sub->add_option("--watch", a->Watch, "Airway numbers whose flow is reported");
     sub->add_option("--shard", a->Shard, "Run only the scenarios whose index is K modulo N (K/N)");
+    AddSolverOption(sub, a->Solver);
 
     auto out = std::make_shared<std::string>();
     auto parts = std::make_shared<std::vector<std::string>>();

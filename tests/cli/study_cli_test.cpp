@@ -89,6 +89,27 @@ TEST_F(StudyCli, ReportIsTheSameForAnyWorkersAndForMergedShards) {
     EXPECT_NE(mixed.err.find("is a part of another study than"), std::string::npos) << mixed.err;
 }
 
+TEST_F(StudyCli, TheSolverIsSetOnTheBaseNetwork) {
+    const std::string study = Write("study.txt", "each-fan-off\n");
+    const Result hc = Run("study " + Demo + " " + study + " --json --jobs 2 --watch 12 --solver hardy-cross");
+    const Result nt = Run("study " + Demo + " " + study + " --json --jobs 2 --watch 12 --solver newton");
+    ASSERT_EQ(hc.code, 0) << hc.err;
+    ASSERT_EQ(nt.code, 0) << nt.err;
+    const nlohmann::json a = nlohmann::json::parse(hc.out), b = nlohmann::json::parse(nt.out);
+    EXPECT_EQ(a["study"]["solver"], "hardy-cross");
+    EXPECT_EQ(b["study"]["solver"], "newton");
+    EXPECT_NE(a["study"]["id"], b["study"]["id"]);
+    // Both balance every scenario to about the same flows, in fewer passes for Newton.
+    ASSERT_EQ(a["scenarios"].size(), b["scenarios"].size());
+    for (std::size_t k = 0; k < a["scenarios"].size(); ++k) {
+        const nlohmann::json &x = a["scenarios"][k], &y = b["scenarios"][k];
+        EXPECT_TRUE(y["simValid"].get<bool>());
+        EXPECT_LE(y["passes"].get<int>(), x["passes"].get<int>());
+        EXPECT_NEAR(x["watched"][0]["quantity"].get<double>(), y["watched"][0]["quantity"].get<double>(), 0.05);
+    }
+    EXPECT_EQ(Run("study " + Demo + " " + study + " --solver gauss").code, 2);
+}
+
 TEST_F(StudyCli, AFailedScenarioGivesExitStatusOne) {
     const std::string study = Write("study.txt", "scenario \"good\"\n\nscenario \"bad\"\nset 999999 TxtWidth=5\n");
     const Result r = Run("study " + Demo + " " + study + " --json --jobs 2");
