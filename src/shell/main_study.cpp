@@ -39,7 +39,12 @@ void MainWindow::ShowStudy() {
                                             QString::fromStdString(*path), this);
     connect(window, &dialogs::StudyWindow::OpenNetwork, this, [this](const QString& saved) {
         if (!forms::AskToKeepChanges(*model_, ui_, *this)) return;
-        forms::LoadNamedFile(*model_, ui_, *this, saved.toStdString());
+        if (!forms::LoadNamedFile(*model_, ui_, *this, saved.toStdString())) return;
+        // The balanced copy lives in the study's temporary folder, which goes with its window:
+        // the network opened has no name, so a save asks for one.
+        model_->FileName.clear();
+        model_->MasterFile = false;
+        TitleChanged();
     });
     window->show();
     window->Start();

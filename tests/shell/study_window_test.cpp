@@ -1,6 +1,7 @@
 // Run > Study...: the study runs in its own window over a copy of the network on screen, the
 // results come back in the table, and a double click opens a scenario's balanced network.
 #include <QFile>
+#include <QPushButton>
 #include <QTableWidget>
 
 #include "dialogs/study_window.h"
@@ -50,11 +51,33 @@ void StudyWindowTest::runsTwoScenariosAndOpensTheBalancedNetwork() {
     // The network on screen was not touched.
     QCOMPARE(rig.M().AirwayCount, airways);
 
-    // A double click opens the balanced network of the scenario by the road of Open.
     const std::string saved = window->Results()[0].Saved;
     QVERIFY(!saved.empty());
+    // A double click opens the balanced network of the scenario by the road of Open, without a
+    // name since its copy goes with the study's temporary folder.
+    rig.M().FileName = "kept.sim";
+    const std::size_t asked = rig.Ui.Texts("Ask").size();
     Q_EMIT table->cellDoubleClicked(0, 0);
-    QCOMPARE(rig.M().FileName, saved);
+    QCOMPARE(rig.Ui.Texts("Ask").size(), asked);
+    QCOMPARE(rig.M().FileName, std::string());
+    QCOMPARE(rig.M().AirwayCount, airways);
+    window->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!rig.W().findChild<dialogs::StudyWindow*>());
+
+    // Cancel: no further scenario starts; the ones finished stay listed under their names.
+    rig.Ui.FilePaths.push_back(WriteStudy(rig.Temp, "three.txt", "scenario \"A\"\nscenario \"B\"\nscenario \"C\"\n"));
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuStudy")));
+    window = rig.W().findChild<dialogs::StudyWindow*>();
+    QVERIFY(window);
+    auto* cancel = window->findChild<QPushButton*>();
+    QVERIFY(cancel && cancel->isEnabled());
+    cancel->click();
+    QTRY_VERIFY_WITH_TIMEOUT(window->Finished(), 60000);
+    QVERIFY(window->Table()->rowCount() <= 3);
+    for (int r = 0; r < window->Table()->rowCount(); ++r)
+        QCOMPARE(window->Table()->item(r, 0)->text(), QString(QChar(u'A' + r)));
+    QVERIFY(!cancel->isEnabled());
     window->close();
 }
 
