@@ -17,8 +17,8 @@
 #include "files/text_file.h"
 #include "gui_output.h"
 #include "session.h"
-#include "shell/page_job.h"
-#include "shell/qt_text.h"
+#include "qt/page_job.h"
+#include "qt/qt_text.h"
 #include "view_setup.h"
 
 namespace karvane::cli {

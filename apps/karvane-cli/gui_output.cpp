@@ -10,8 +10,8 @@
 #include <memory>
 
 #include "display/renderer.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 #endif
 
 namespace karvane::cli {

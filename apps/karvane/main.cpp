@@ -15,9 +15,9 @@
 #include <memory>
 
 #include "forms/file_commands.h"
-#include "shell/icons.h"
+#include "qt/icons.h"
 #include "shell/main_window.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "shell/qt_user_interface.h"
 #include "shell/title_window.h"
 

@@ -19,7 +19,7 @@
 #include "model/builtin_settings.h"
 #include "model/units.h"
 #include "shell/main_window.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "ui/scripted_ui.h"
 
 namespace {

@@ -19,7 +19,7 @@
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "model/units.h"
-#include "shell/page_job.h"
+#include "qt/page_job.h"
 #include "ui/scripted_ui.h"
 
 namespace {

@@ -24,7 +24,7 @@
 #include "dialogs/print_image.h"
 #include "dialogs/shock_dialog.h"
 #include "model/units.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

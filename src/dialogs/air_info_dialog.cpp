@@ -13,8 +13,8 @@
 #include <QVBoxLayout>
 
 #include "dialogs/print_image.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/number_edit.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

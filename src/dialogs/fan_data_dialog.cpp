@@ -16,8 +16,8 @@
 
 #include "dialogs/grid_editor.h"
 #include "dialogs/print_image.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 namespace {

@@ -16,7 +16,7 @@
 #include <QVBoxLayout>
 
 #include "model/model.h"
-#include "shell/icons.h"
+#include "qt/icons.h"
 
 namespace karvane::dialogs {
 

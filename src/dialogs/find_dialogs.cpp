@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 #include "forms/name_lists.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

@@ -11,7 +11,7 @@
 #include <algorithm>
 
 #include "display/level_selector.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

@@ -9,7 +9,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/grid_editor.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

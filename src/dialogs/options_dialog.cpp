@@ -20,7 +20,7 @@
 #include "dialogs/grid_editor.h"
 #include "files/number_text.h"
 #include "model/units.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 namespace {

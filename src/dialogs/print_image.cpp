@@ -4,8 +4,8 @@
 #include <QPixmap>
 #include <QWidget>
 
-#include "shell/print_job.h"
-#include "shell/qt_surface.h"
+#include "qt/print_job.h"
+#include "qt/qt_surface.h"
 
 namespace karvane::dialogs {
 

@@ -18,8 +18,8 @@
 #include "contaminant/colours.h"
 #include "dialogs/number_edit.h"
 #include "display/palette.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

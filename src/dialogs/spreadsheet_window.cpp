@@ -15,8 +15,8 @@
 
 #include "dialogs/grid_editor.h"
 #include "forms/sheet_print.h"
-#include "shell/print_job.h"
-#include "shell/qt_text.h"
+#include "qt/print_job.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

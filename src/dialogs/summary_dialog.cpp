@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 
 #include "dialogs/print_image.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

@@ -18,7 +18,7 @@
 #include "dialogs/number_edit.h"
 #include "dialogs/print_image.h"
 #include "display/view_state.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::dialogs {
 

@@ -51,7 +51,7 @@
 #include "model/network_rows.h"
 #include "model/node_keys.h"
 #include "shell/main_window.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "shell/run_windows.h"
 #include "simulate/run.h"
 #include "simulate/troubleshoot.h"

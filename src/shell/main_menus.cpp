@@ -18,7 +18,7 @@
 #include "forms/file_commands.h"
 #include "forms/summary_form.h"
 #include "shell/main_window.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "simulate/troubleshoot.h"
 
 namespace karvane::shell {

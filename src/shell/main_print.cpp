@@ -16,8 +16,8 @@
 #include "files/recent_files.h"
 #include "forms/printer_form.h"
 #include "shell/main_window.h"
-#include "shell/print_job.h"
-#include "shell/qt_text.h"
+#include "qt/print_job.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell {
 

@@ -15,10 +15,10 @@
 #include "display/view_title.h"
 #include "edit/tool_table.h"
 #include "forms/view_names.h"
-#include "shell/icons.h"
+#include "qt/icons.h"
 #include "shell/main_window.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 #include "shell/run_windows.h"
 #include "simulate/run.h"
 

@@ -20,9 +20,9 @@
 #include "display/saved_views.h"
 #include "display/view_transform.h"
 #include "edit/tool_table.h"
-#include "shell/icons.h"
+#include "qt/icons.h"
 #include "shell/main_window.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "shell/run_windows.h"
 
 namespace karvane::shell {

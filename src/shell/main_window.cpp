@@ -33,8 +33,8 @@
 #include "files/number_text.h"
 #include "model/network_rows.h"
 #include "model/units.h"
-#include "shell/icons.h"
-#include "shell/qt_text.h"
+#include "qt/icons.h"
+#include "qt/qt_text.h"
 #include "shell/run_windows.h"
 #include "simulate/run.h"
 

@@ -23,7 +23,7 @@
 #include <QVBoxLayout>
 #include <vector>
 
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell {
 

@@ -18,7 +18,7 @@
 #include <algorithm>
 
 #include "edit/view_gestures.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell {
 

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 #include <cmath>
 
-#include "shell/icons.h"
+#include "qt/icons.h"
 
 namespace karvane::shell {
 

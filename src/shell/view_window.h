@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "shell/qt_surface.h"
+#include "qt/qt_surface.h"
 
 namespace karvane::shell {
 

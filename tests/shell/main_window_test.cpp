@@ -19,7 +19,7 @@
 #include "edit/tool_table.h"
 #include "exchange/stations.h"
 #include "model/network_rows.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 #include "shell/run_windows.h"
 #include "shell_rig.h"
 #include "shell_tests.h"

@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QFile>
 
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell::testing {
 

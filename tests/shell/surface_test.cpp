@@ -2,8 +2,8 @@
 #include <QTest>
 
 #include "display/surface.h"
-#include "shell/qt_surface.h"
-#include "shell/qt_text.h"
+#include "qt/qt_surface.h"
+#include "qt/qt_text.h"
 #include "shell/qt_user_interface.h"
 #include "shell_tests.h"
 

@@ -1,5 +1,5 @@
 // Code page conversions at the Qt edge.
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 #include <QFile>
 #include <array>

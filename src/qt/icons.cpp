@@ -1,6 +1,6 @@
 // Icons and cursors, drawn on a 24 x 24 grid: dark outlines, airways in blue, with one accent
 // colour per kind of work (green to run, red to remove, amber for fans and pins).
-#include "shell/icons.h"
+#include "qt/icons.h"
 
 #include <QPainter>
 #include <QPainterPath>

@@ -1,5 +1,5 @@
 // The machine's printers through QPrinterInfo, and print jobs on QPrinter.
-#include "shell/print_job.h"
+#include "qt/print_job.h"
 
 #include <QFileInfo>
 #include <QMessageBox>
@@ -8,7 +8,7 @@
 #include <QPrinterInfo>
 
 #include "files/recent_files.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell {
 

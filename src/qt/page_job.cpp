@@ -1,5 +1,5 @@
 // Page jobs on a paged device and PDF files written whole or not at all.
-#include "shell/page_job.h"
+#include "qt/page_job.h"
 
 #include <QDir>
 #include <QFile>
@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "shell/qt_surface.h"
+#include "qt/qt_surface.h"
 
 namespace karvane::shell {
 

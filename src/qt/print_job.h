@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "forms/printer_form.h"
-#include "shell/page_job.h"
+#include "qt/page_job.h"
 #include "ui/user_interface.h"
 
 class QWidget;

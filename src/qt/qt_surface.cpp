@@ -1,5 +1,5 @@
 // QPainter over a QImage for the view windows.
-#include "shell/qt_surface.h"
+#include "qt/qt_surface.h"
 
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
@@ -10,7 +10,7 @@
 #include <cmath>
 
 #include "display/symbols.h"
-#include "shell/qt_text.h"
+#include "qt/qt_text.h"
 
 namespace karvane::shell {
 
