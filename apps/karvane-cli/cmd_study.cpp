@@ -38,9 +38,10 @@ bool ReadBytes(const std::string& path, std::string& bytes) {
     return true;
 }
 
-// FNV-1a over the base network, the study file and the options that shape the report: parts
-// of one study carry the same identity, parts of different studies do not.
-std::string StudyIdentity(const std::string& base, const std::string& study, const StudyArgs& a) {
+// FNV-1a over the base network, the study file and the options that shape the results (the
+// answer policy among them): parts of one study carry the same identity, parts of different
+// studies do not.
+std::string StudyIdentity(const std::string& base, const std::string& study, const StudyArgs& a, bool answerYes) {
     std::uint64_t h = 1469598103934665603ull;
     const auto mix = [&h](const std::string& text) {
         for (unsigned char c : text) h = (h ^ c) * 1099511628211ull;
@@ -49,7 +50,7 @@ std::string StudyIdentity(const std::string& base, const std::string& study, con
     mix(base);
     mix(study);
     std::ostringstream options;
-    options << a.MinVelocity << ' ' << a.MaxVelocity << ' ' << a.Solver;
+    options << a.MinVelocity << ' ' << a.MaxVelocity << ' ' << a.Solver << ' ' << (answerYes ? "yes" : "no");
     for (std::int32_t w : a.Watch) options << ' ' << w;
     mix(options.str());
     std::ostringstream hex;
@@ -151,8 +152,9 @@ void PrintText(std::ostream& out, const nlohmann::json& report) {
         out << (s.at("simFail").get<bool>()    ? "failed"
                 : s.at("simValid").get<bool>() ? "valid"
                                                : "with warnings")
-            << ", " << s.at("passes").get<int>() << " passes, total airflow " << Figure(t.at("totalAirflow"))
-            << " m3/s, input power " << Figure(t.at("inputPowerKW")) << " kW";
+            << ", " << s.at("passes").get<int>() << (s.at("passes").get<int>() == 1 ? " pass" : " passes")
+            << ", total airflow " << Figure(t.at("totalAirflow")) << " m3/s, input power "
+            << Figure(t.at("inputPowerKW")) << " kW";
         int stalled = 0;
         for (const auto& f : s.at("fans")) stalled += f.at("stalled").get<bool>() ? 1 : 0;
         if (stalled > 0) out << ", " << stalled << " fans stalled";
@@ -239,7 +241,7 @@ int RunStudyCommand(CommandLine& cl, const StudyArgs& a) {
     for (const script::ScenarioResult& r : results) scenarios.push_back(ScenarioJson(r));
     nlohmann::json header = {{"base", a.Base},
                              {"file", a.File},
-                             {"id", StudyIdentity(baseBytes, studyText, a)},
+                             {"id", StudyIdentity(baseBytes, studyText, a, o.AnswerYes)},
                              {"scenarios", study.Scenarios.size()},
                              {"solver", SolverName(s.model())}};
     nlohmann::json out = Report(std::move(header), std::move(scenarios));
