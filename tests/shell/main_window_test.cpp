@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QTableView>
 #include <QTimer>
 #include <QToolBar>
 
@@ -121,6 +122,32 @@ void MainWindowTest::buildsEveryMenuAndToolButtonInOrder() {
     QVERIFY(rig.W().windowTitle().startsWith(QStringLiteral("KARVANE [] [Scale = 1:")));
     QCOMPARE(rig.W().windowTable().OpenCount(), 1);
     QVERIFY(rig.Ui.Transcript.empty());
+}
+
+// The spreadsheet is modal: the airway editor it opens must be modal over it, or it could not
+// be used, and the spreadsheet waits for it before it refills the row.
+void MainWindowTest::theSpreadsheetsEditBoxIsModalOverTheSpreadsheet() {
+    ShellRig rig;
+    rig.OpenDemo();
+    bool editorModal = false, sheetWaited = false;
+    QTimer::singleShot(0, [&] {
+        QWidget* sheet = QApplication::activeModalWidget();
+        QVERIFY(sheet);
+        QTimer::singleShot(0, [&, sheet] {
+            auto* editor = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            editorModal = editor && editor != sheet && editor->isVisible();
+            if (editor && editor != sheet) editor->close();
+        });
+        auto* table = sheet->findChild<QTableView*>();
+        QVERIFY(table);
+        table->setCurrentIndex(table->model()->index(0, 2));
+        sheet->findChild<QAction*>(QStringLiteral("mnuEditBox"))->trigger();
+        sheetWaited = editorModal; // the trigger came back only once the editor had closed
+        sheet->close();
+    });
+    QVERIFY(rig.W().Trigger(QStringLiteral("mnuPower")));
+    QVERIFY(editorModal);
+    QVERIFY(sheetWaited);
 }
 
 void MainWindowTest::startsWithoutItsOwnFilesAndSaysSo() {

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void startsWithoutItsOwnFilesAndSaysSo();
     void opensTheDemoMineThroughTheOpenCommand();
     void undoAndRedoReachTheLogByMenuKeyAndButton();
+    void theSpreadsheetsEditBoxIsModalOverTheSpreadsheet();
     void loadsTheNetworkNamedOnTheCommandLineAndOffersRecovery();
     void aSimulationReachesTheSimulationLight();
     void aFailedRunShowsTheErrorListAndGotoFindsTheAirway();
