@@ -16,9 +16,9 @@
 #include "files/number_text.h"
 #include "files/text_file.h"
 #include "gui_output.h"
-#include "session.h"
 #include "qt/page_job.h"
 #include "qt/qt_text.h"
+#include "session.h"
 #include "view_setup.h"
 
 namespace karvane::cli {

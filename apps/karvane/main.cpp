@@ -16,8 +16,8 @@
 
 #include "forms/file_commands.h"
 #include "qt/icons.h"
-#include "shell/main_window.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 #include "shell/qt_user_interface.h"
 #include "shell/title_window.h"
 
@@ -97,8 +97,8 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
             const QPointF from(a.value(0).toDouble(), a.value(1).toDouble());
             const QPointF to(b.value(0).toDouble(), b.value(1).toDouble());
             auto send = [view](QEvent::Type type, QPointF at, Qt::MouseButtons held) {
-                QMouseEvent event(type, at, view->mapToGlobal(at), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                                  held, Qt::NoModifier);
+                QMouseEvent event(type, at, view->mapToGlobal(at),
+                                  type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held, Qt::NoModifier);
                 QApplication::sendEvent(view, &event);
             };
             send(QEvent::MouseButtonPress, from, Qt::LeftButton);

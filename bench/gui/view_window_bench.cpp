@@ -18,8 +18,8 @@
 #include "files/network_file.h"
 #include "model/builtin_settings.h"
 #include "model/units.h"
-#include "shell/main_window.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 #include "ui/scripted_ui.h"
 
 namespace {

@@ -90,8 +90,9 @@ void PrintPdfFile(benchmark::State& state) {
     const QString path = dir.filePath(QStringLiteral("mine.pdf"));
     for (auto _ : state) {
         QString error;
-        if (!shell::WritePdf(path, QPageSize(QPageSize::A0), QPageLayout::Portrait, QStringLiteral("Generated mine"),
-                             [&](Surface& page) { return mine.PrintOn(page); }, &error))
+        if (!shell::WritePdf(
+                path, QPageSize(QPageSize::A0), QPageLayout::Portrait, QStringLiteral("Generated mine"),
+                [&](Surface& page) { return mine.PrintOn(page); }, &error))
             state.SkipWithError("PDF not written");
     }
     state.counters["MB"] = static_cast<double>(QFileInfo(path).size()) / 1e6;

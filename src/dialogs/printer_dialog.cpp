@@ -35,7 +35,11 @@ QLabel* PageShape(const char* name, int w, int h, QWidget* parent) {
 
 PrinterDialog::PrinterDialog(forms::PrinterFields fields, forms::PrinterHost& host, ui::UserInterface& ui,
                              std::function<bool(const forms::PrintRequest&)> print, QWidget* parent)
-    : QDialog(parent), f_(std::move(fields)), host_(host), ui_(ui), print_(std::move(print)) {
+    : QDialog(parent),
+      f_(std::move(fields)),
+      host_(host),
+      ui_(ui),
+      print_(std::move(print)) {
     setObjectName(QStringLiteral("frmPrinter"));
     setWindowTitle(QStringLiteral("PRINT NETWORK"));
     auto* layout = new QVBoxLayout(this);

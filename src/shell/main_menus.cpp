@@ -17,8 +17,8 @@
 #include "files/fan_file.h"
 #include "forms/file_commands.h"
 #include "forms/summary_form.h"
-#include "shell/main_window.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 #include "simulate/troubleshoot.h"
 
 namespace karvane::shell {

@@ -15,9 +15,9 @@
 #include "display/view_title.h"
 #include "files/recent_files.h"
 #include "forms/printer_form.h"
-#include "shell/main_window.h"
 #include "qt/print_job.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 
 namespace karvane::shell {
 

@@ -16,9 +16,9 @@
 #include "edit/tool_table.h"
 #include "forms/view_names.h"
 #include "qt/icons.h"
-#include "shell/main_window.h"
 #include "qt/qt_surface.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 #include "shell/run_windows.h"
 #include "simulate/run.h"
 

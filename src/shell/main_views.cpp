@@ -21,8 +21,8 @@
 #include "display/view_transform.h"
 #include "edit/tool_table.h"
 #include "qt/icons.h"
-#include "shell/main_window.h"
 #include "qt/qt_text.h"
+#include "shell/main_window.h"
 #include "shell/run_windows.h"
 
 namespace karvane::shell {

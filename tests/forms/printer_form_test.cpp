@@ -59,15 +59,16 @@ TEST(PrinterForm, OpensWithStoredValuesAndOffersTheFigureThatFits) {
     EXPECT_EQ(f.TxtCopies, "1");
 
     // The stored values of an earlier dialog: the PDF printer, A3, colour, landscape.
-    SavePrinterSettings([&] {
-        PrinterFields g = f;
-        ChoosePrinter(g, s.Host, 1);
-        ChoosePaper(g, s.Host, 0);
-        ChooseOrientation(g, s.Host, 1);
-        g.ChkColour = true;
-        return g;
-    }(),
-                        s.Ui);
+    SavePrinterSettings(
+        [&] {
+            PrinterFields g = f;
+            ChoosePrinter(g, s.Host, 1);
+            ChoosePaper(g, s.Host, 0);
+            ChooseOrientation(g, s.Host, 1);
+            g.ChkColour = true;
+            return g;
+        }(),
+        s.Ui);
     EXPECT_EQ(s.Stored("PrinterName"), "Save as PDF");
     EXPECT_EQ(s.Stored("Papersize"), "8");
     EXPECT_EQ(s.Stored("PrintColour"), "1");
@@ -127,7 +128,8 @@ TEST(PrinterForm, ScaleBoxAndCopiesKeepToTheirLimits) {
     f.TxtScale = "12000";
     f.ChkColour = true;
     f.TxtTitle = "Ventilation plan";
-    for (const auto& [typed, copies] : std::vector<std::pair<std::string, int>>{{"0", 1}, {"", 1}, {"-3", 1}, {"3", 3}}) {
+    for (const auto& [typed, copies] :
+         std::vector<std::pair<std::string, int>>{{"0", 1}, {"", 1}, {"-3", 1}, {"3", 3}}) {
         f.TxtCopies = typed;
         const PrintRequest r = PrintItRequest(f);
         EXPECT_EQ(r.Copies, copies) << typed;
