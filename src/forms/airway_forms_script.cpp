@@ -47,7 +47,6 @@ public:
         return {};
     }
     bool Closed() const override { return !form_.IsOpen(); }
-    bool Accepted() const override { return accepted_; }
     void Close() override {
         if (form_.IsOpen()) Finish(form_.Cancel());
     }
@@ -61,7 +60,6 @@ private:
     FormContext c_;
     AirEditMemory memory_;
     AirEditForm form_;
-    bool accepted_ = false;
 };
 
 class FanEditScript : public ScriptableForm {
@@ -84,14 +82,10 @@ public:
         }
         return {};
     }
-    bool Closed() const override { return closed_; }
-    bool Accepted() const override { return accepted_; }
-    void Close() override { closed_ = true; }
 
 private:
     FormContext c_;
     FanEditForm form_;
-    bool closed_ = false, accepted_ = false;
 };
 
 // The card shows; its buttons close it.
@@ -105,11 +99,6 @@ public:
         if (name != "Prnter") closed_ = true;
         return {};
     }
-    bool Closed() const override { return closed_; }
-    void Close() override { closed_ = true; }
-
-private:
-    bool closed_ = false;
 };
 
 } // namespace

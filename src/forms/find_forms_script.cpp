@@ -38,15 +38,9 @@ public:
         return {};
     }
 
-    bool Closed() const override { return closed_; }
-    bool Accepted() const override { return accepted_; }
-    void Close() override { closed_ = true; }
-
 private:
     FormContext c_;
     AttribFields f_;
-    bool closed_ = false;
-    bool accepted_ = false;
 };
 
 class NameListForm : public ScriptableForm {
@@ -74,10 +68,6 @@ public:
         return std::string(FormName()) + " has no button " + name;
     }
 
-    bool Closed() const override { return closed_; }
-    bool Accepted() const override { return accepted_; }
-    void Close() override { closed_ = true; }
-
 private:
     const char* FormName() const { return nodes_ ? "frmListAirNodes" : "frmListAirNames"; }
 
@@ -85,8 +75,6 @@ private:
     bool nodes_;
     std::vector<std::string> names_;
     std::vector<std::string> shown_;
-    bool closed_ = false;
-    bool accepted_ = false;
 };
 
 } // namespace

@@ -35,11 +35,15 @@ public:
     // A button by its control name (cmdOK, cmdCancel, SaveGrid).
     virtual std::string PressButton(const std::string& name) = 0;
     // Whether the form has closed (OK, Cancel, or a button that closes it), and whether it
-    // closed by applying what it shows (OK).
-    virtual bool Closed() const = 0;
-    virtual bool Accepted() const { return false; }
+    // closed by applying what it shows (OK). Most forms only set the two flags below.
+    virtual bool Closed() const { return closed_; }
+    virtual bool Accepted() const { return accepted_; }
     // The frame's close box.
-    virtual void Close() = 0;
+    virtual void Close() { closed_ = true; }
+
+protected:
+    bool closed_ = false;
+    bool accepted_ = false;
 };
 
 // What a form is opened with.

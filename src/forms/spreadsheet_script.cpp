@@ -76,8 +76,6 @@ public:
         return {};
     }
 
-    bool Closed() const override { return closed_; }
-    bool Accepted() const override { return accepted_; }
     void Close() override {
         if (closed_) return;
         accepted_ = form_.Close();
@@ -96,8 +94,6 @@ private:
     FormContext c_;
     SheetWidths widths_;
     SpreadSheetForm form_;
-    bool closed_ = false;
-    bool accepted_ = false;
 };
 
 } // namespace

@@ -69,15 +69,9 @@ public:
         return {};
     }
 
-    bool Closed() const override { return closed_; }
-    bool Accepted() const override { return accepted_; }
-    void Close() override { closed_ = true; }
-
 private:
     FormContext c_;
     ViewerFields f_;
-    bool closed_ = false;
-    bool accepted_ = false;
 };
 
 } // namespace
