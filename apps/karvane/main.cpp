@@ -64,10 +64,10 @@ void RunSteps(karvane::shell::MainWindow& main, QStringList steps, const QString
         // Only the pause before the next step.
     } else if (step.startsWith(QStringLiteral("runshot:"))) {
         const QString file = step.mid(8);
-        main.ProgressObserver = [&main, file](int percent) {
+        main.runWindows().ProgressObserver = [&main, file](int percent) {
             if (percent < 70) return;
             SaveScreen(file);
-            main.ProgressObserver = nullptr;
+            main.runWindows().ProgressObserver = nullptr;
         };
     } else if (step.startsWith(QStringLiteral("grab:"))) {
         // grab:NAME=FILE, a picture of one part of the window, twice its size.

@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <QToolBar>
 #include <QUrl>
+#include <functional>
 
 #include "commands/menu_commands.h"
 #include "contaminant/colours.h"
@@ -76,7 +77,7 @@ void MainWindow::RunCommand(int value) {
         display::SwapSingleMulti(*model_, *ds_);
         AfterLevelChange();
         break;
-    case edit::cmd::Smoke: SmokeSimulation(); break;
+    case edit::cmd::Smoke: runWindows_->OpenSmoke(); break;
     case edit::cmd::Undo:
     case edit::cmd::Redo: {
         dispatcher_->CancelGesture();
@@ -102,16 +103,13 @@ void MainWindow::SetRunActive(bool active) {
     menuBar()->setEnabled(!active);
     toolBar_->setEnabled(!active);
     listBar_->setEnabled(!active);
-    mdi_->setEnabled(!active);
+    views_->WorkArea()->setEnabled(!active);
 }
 
 void MainWindow::Simulate() {
     if (runActive_) return;
     // The air simulation ends a contaminant display.
-    if (model_->GasActive != 0) {
-        model_->GasActive = 0;
-        CloseSmokeWindows();
-    }
+    if (model_->GasActive != 0) EndContaminantDisplay();
     model_->SimMode = simulate::mode::Normal;
     model_->ShowProgress = 1;
     SetRunActive(true);
@@ -134,8 +132,8 @@ void MainWindow::ReseedAirflows() {
 }
 
 void MainWindow::RebuildCurrentView() {
-    if (!windows_.IsOpen(windows_.CurWin)) return;
-    SyncArea(windows_.CurWin);
+    if (!views_->CurrentOpen()) return;
+    views_->SyncCurrent();
     display::BuildDisplayList(*model_, *ds_);
     display::ApplyRotation(*model_, *ds_);
 }
@@ -144,23 +142,8 @@ void MainWindow::AfterRun() {
     // A run leaves the rows in a new order: the lists of the views are built again.
     RebuildCurrentView();
     RedrawAllWindows();
-    ShowErrorList();
+    runWindows_->ShowErrorList();
     ShowSimIndicator();
-}
-
-void MainWindow::ShowErrorList() {
-    if (!model_->Run.ErrorListOpen) {
-        errorForm_->hide();
-        return;
-    }
-    errorForm_->Fill(model_->ErrorList, model_->Run.ErrorListCaption.empty() ? std::string(simulate::ErrorListTitle)
-                                                                             : model_->Run.ErrorListCaption);
-    if (!errorForm_->isVisible()) {
-        const QRect frame = frameGeometry();
-        errorForm_->move(frame.right() - errorForm_->width() - 24, frame.top() + 120);
-    }
-    errorForm_->show();
-    errorForm_->raise();
 }
 
 void MainWindow::GotoAirway(std::int32_t airwayNo) {
@@ -173,8 +156,8 @@ void MainWindow::GotoAirway(std::int32_t airwayNo) {
 }
 
 void MainWindow::ShowAirwayRow(std::int32_t row, float fraction) {
-    if (!windows_.IsOpen(windows_.CurWin) || ds_->WindowFrozen) return;
-    SyncArea(windows_.CurWin);
+    if (!views_->CurrentLive()) return;
+    views_->SyncCurrent();
     const edit::ShownAirway shown = edit::ShowAirway(*model_, *ds_, ui_, row, fraction);
     if (!shown.Shown) return;
     if (shown.LevelAdded) FillLevelList();
@@ -186,116 +169,18 @@ void MainWindow::ShowAirwayRow(std::int32_t row, float fraction) {
     if (display::Surface* s = CurrentSurface()) edit::MarkShownAirway(*ds_, *s);
 }
 
-void MainWindow::SmokeSimulation() {
-    if (model_->GasActive == 1) {
-        ui_.Message("Contaminant must be cleared before simulating", ProgramName, ui::Icon::Exclamation);
-        return;
-    }
-    ui_.SetBusy(true);
-    smokeForm_->ClearBoxes();
-    smokeForm_->OnSimulate = [this](bool retain) {
-        if (runActive_) return;
-        SetRunActive(true);
-        contaminant::RunContaminantSpread(*model_, ui_, hooks_.get(), retain);
-        SetRunActive(false);
-        smokeForm_->hide();
-        AfterRun();
-    };
-    smokeForm_->OnCancel = [this] {
-        contaminant::CancelSpread(*model_, hooks_.get());
-        RedrawAllWindows();
-    };
-    if (!smokeForm_->isVisible()) {
-        const QRect frame = frameGeometry();
-        smokeForm_->adjustSize();
-        smokeForm_->move(frame.center() - QPoint(smokeForm_->width() / 2, smokeForm_->height() / 2));
-    }
-    smokeForm_->show();
-    smokeForm_->raise();
-    ui_.SetBusy(false);
-
-    smokeLegend_->OnThresholds = [this](const std::array<std::string, ThresholdCount>& texts) {
-        contaminant::ReadThresholds(*model_, texts);
-        RedrawWindow();
-    };
-    smokeLegend_->OnSliderRest = [this](int value) {
-        contaminant::SetSpreadLimit(*model_, value);
-        RedrawWindow();
-    };
-    smokeLegend_->OnToggleSmoke = [this] {
-        if (model_->GasActive != 0) {
-            model_->GasActive = 0;
-            smokeLegend_->SetSmokeShown(false);
-        } else {
-            model_->GasActive = 1;
-            smokeLegend_->SetSmokeShown(true);
-            smokeForm_->show();
-            ui_.SetBusy(true);
-            SetRunActive(true);
-            contaminant::RunContaminantSpread(*model_, ui_, hooks_.get(), smokeForm_->RetainLegend());
-            SetRunActive(false);
-            ui_.SetBusy(false);
-            smokeForm_->hide();
-        }
-        RedrawAllWindows();
-        ShowSimIndicator();
-    };
-    smokeLegend_->OnClearSources = [this] {
-        if (contaminant::ClearSources(*model_, ui_)) RedrawWindow();
-    };
-    auto exit = [this] {
-        model_->Smoke.SpreadLimit = 0;
-        model_->GasActive = 0;
-        smokeLegend_->hide();
-        hooks_->RestoreDataTypes();
-        RedrawAllWindows();
-    };
-    smokeLegend_->OnExit = exit;
-    smokeLegend_->OnClosed = exit;
-}
-
 void MainWindow::SourcingSimulation() {
     if (runActive_) return;
     SetRunActive(true);
     contaminant::RunSourcing(*model_, ui_, hooks_.get());
     SetRunActive(false);
     AfterRun();
-    if (model_->GasActive != 2) return;
-    smokeLegend_->hide();
-    smokeTrace_->SimButton()->setText(QStringLiteral("Clear Trace"));
-    smokeTrace_->OnClearPins = [this] {
-        if (contaminant::ClearPins(*model_, ui_)) RedrawAllWindows();
-    };
-    smokeTrace_->OnExit = [this] {
-        model_->GasActive = 0;
-        smokeTrace_->hide();
-        RedrawAllWindows();
-    };
-    smokeTrace_->OnToggleTrace = [this] {
-        if (model_->GasActive != 0) {
-            model_->GasActive = 0;
-            smokeTrace_->SetTraceShown(false);
-        } else {
-            model_->GasActive = 2;
-            smokeTrace_->SetTraceShown(true);
-        }
-        RedrawAllWindows();
-    };
-    smokeTrace_->OnPinTool = [this](int pin) {
-        model_->Smoke.PinType = static_cast<std::int16_t>(pin);
-        dispatcher_->RunToolCommand(edit::cmd::Pins);
-    };
-    dialogs::PlaceAtBottomRight(smokeTrace_, this);
-    smokeTrace_->show();
-    smokeTrace_->raise();
+    if (model_->GasActive == 2) runWindows_->ShowTrace();
 }
 
-void MainWindow::CloseSmokeWindows() {
-    const bool legend = smokeLegend_->isVisible();
-    smokeLegend_->hide();
-    smokeTrace_->hide();
-    smokeForm_->hide();
-    if (legend) hooks_->RestoreDataTypes();
+void MainWindow::EndContaminantDisplay() {
+    model_->GasActive = 0;
+    runWindows_->CloseSmokeWindows();
 }
 
 void MainWindow::ChooseLevelsMultiple() {
@@ -361,7 +246,7 @@ void MainWindow::ShowFileNote() {
 }
 
 void MainWindow::SaveNamedView() {
-    if (!windows_.IsOpen(windows_.CurWin)) return;
+    if (!views_->CurrentOpen()) return;
     const std::string name = forms::SaveNamedView(*model_, *ds_, ui_);
     if (name.empty()) return;
     FillViewList();
@@ -388,7 +273,7 @@ void MainWindow::ApplySettingsTimers() {
 
 void MainWindow::OnAutosaveTick() {
     if (!autosaveTicks_.Tick() || runActive_) return;
-    if (windows_.IsOpen(windows_.CurWin)) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
+    if (views_->CurrentOpen()) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
     if (fileNote_->isVisible()) model_->FileNote = ToCp1252(fileNote_->Note());
     files::SaveNetwork(*model_, ui_, files::AutosaveMode);
     if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
@@ -435,10 +320,6 @@ void MainWindow::ClearNetworkInLastWindow() {
     TitleChanged();
 }
 
-bool MainWindow::ViewWindowOpen() const { return windows_.IsOpen(windows_.CurWin) && !ds_->WindowFrozen; }
-
-void MainWindow::PrepareCurrentView() { SyncArea(windows_.CurWin); }
-
 void MainWindow::RunMenu(const char* name) {
     if (runActive_) return;
     commands::CommandContext context{*model_, *ds_, ui_, undo_, *this, hooks_.get()};
@@ -478,7 +359,7 @@ bool MainWindow::OpenForm(const std::string& menuName) {
 }
 
 void MainWindow::ExportCommand(int kind) {
-    if (!windows_.IsOpen(windows_.CurWin)) return;
+    if (!views_->CurrentOpen()) return;
     dispatcher_->CancelGesture();
     const char sep = ui_.DecimalSeparator();
     const bool written = exchange::ExportFile(*model_, *ds_, ui_, kind, [this, sep](exchange::ExportFields& fields) {
@@ -502,16 +383,15 @@ void MainWindow::ImportCommand(bool dxf) {
     if (dialog.exec() != QDialog::Accepted) return;
     const exchange::ImportFields fields = dialog.Fields();
     if (!fields.ChkMerge) {
-        model_->GasActive = 0;
-        CloseSmokeWindows();
-        errorForm_->hide();
+        EndContaminantDisplay();
+        runWindows_->HideErrorList();
     }
     exchange::ImportReport report;
     exchange::ImportFile(*model_, ui_, *path, fields, &report);
     if (!report.NetworkChanged) return;
     if (!fields.ChkMerge) undo_.ResetUndo();
-    if (!windows_.IsOpen(windows_.CurWin)) return;
-    SyncArea(windows_.CurWin);
+    if (!views_->CurrentOpen()) return;
+    views_->SyncCurrent();
     display::ChooseLevelRow(*model_, *ds_, report.CurrentLevel);
     display::FitView(*model_, *ds_, ui_);
     display::ApplyRotation(*model_, *ds_);
@@ -570,31 +450,26 @@ void MainWindow::ShowStationDialog(bool input) {
 
 void MainWindow::BeforeLoad() {
     dispatcher_->CancelGesture();
-    if (!windows_.IsOpen(windows_.CurWin) && windows_.OpenCount() == 0) NewViewWindow();
-    if (model_->GasActive != 0 || smokeLegend_->isVisible() || smokeTrace_->isVisible()) {
-        model_->GasActive = 0;
-        CloseSmokeWindows();
-    }
-    errorForm_->hide();
+    if (!views_->CurrentOpen() && views_->Table().OpenCount() == 0) NewViewWindow();
+    if (model_->GasActive != 0 || runWindows_->LegendOrTraceShown()) EndContaminantDisplay();
+    runWindows_->HideErrorList();
 }
 
 void MainWindow::AfterLoad(const files::LoadReport& report) {
     undo_.ResetUndo();
-    if (!windows_.IsOpen(windows_.CurWin)) return;
-    SyncArea(windows_.CurWin);
+    if (!views_->CurrentOpen()) return;
+    views_->SyncCurrent();
     display::LoadedLevel level;
     level.CurrentLevel = report.CurrentLevel;
     level.CurRL = report.CurRL;
     display::ShowLoadedNetwork(*model_, *ds_, ui_, report.StartupViewRead, level);
-    edit::ShareCurrentView(*model_, *ds_, windows_);
+    edit::ShareCurrentView(*model_, *ds_, views_->Table());
     if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
     FillViewList();
     ApplySettingsTimers();
     RefreshControls();
-    for (int n = 0; n < edit::MaxViewWindows; ++n)
-        if (windows_.IsOpen(n))
-            windows_.Windows[static_cast<std::size_t>(n)].Caption = display::ViewWindowCaption(*model_, *ds_, n);
-    UpdateWindowMenu();
+    views_->RefreshCaptions();
+    views_->UpdateWindowMenu();
     RedrawAllWindows();
 }
 
@@ -606,19 +481,18 @@ void MainWindow::AfterMerge() {
 
 void MainWindow::AfterNewNetwork() {
     undo_.ResetUndo();
-    model_->GasActive = 0;
-    CloseSmokeWindows();
-    errorForm_->hide();
-    if (!windows_.IsOpen(windows_.CurWin)) NewViewWindow();
-    if (!windows_.IsOpen(windows_.CurWin)) return;
-    SyncArea(windows_.CurWin);
+    EndContaminantDisplay();
+    runWindows_->HideErrorList();
+    if (!views_->CurrentOpen()) NewViewWindow();
+    if (!views_->CurrentOpen()) return;
+    views_->SyncCurrent();
     display::ResetViewOptions(*model_, *ds_);
     display::AdoptLoadedLevel(*model_, *ds_);
     ds_->View.LevelMode = display::lm::Single;
     ds_->View.Is3D = 0;
     display::BuildDisplayList(*model_, *ds_);
     display::FitView(*model_, *ds_, ui_);
-    edit::ShareCurrentView(*model_, *ds_, windows_);
+    edit::ShareCurrentView(*model_, *ds_, views_->Table());
     if (fileNote_->isVisible()) fileNote_->SetNote(QString());
     FillViewList();
     RefreshControls();
@@ -627,9 +501,9 @@ void MainWindow::AfterNewNetwork() {
 
 void MainWindow::BeforeSave() {
     // The view the file starts with is the view on show.
-    if (windows_.IsOpen(windows_.CurWin)) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
+    if (views_->CurrentOpen()) display::SaveViewToSlot(*model_, *ds_, display::StartupViewSlot);
     if (fileNote_->isVisible()) model_->FileNote = ToCp1252(fileNote_->Note());
-    if (ViewWindow* v = view(windows_.CurWin)) v->setFocus();
+    views_->Focus(views_->Table().CurWin);
 }
 
 void MainWindow::AfterSave() {

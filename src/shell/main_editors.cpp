@@ -36,7 +36,7 @@ void MainWindow::ShowOptions() {
         // The edit state of the main window is cleared; the timers, menus and views follow.
         dispatcher_->CancelGesture();
         ApplySettingsTimers();
-        SyncArea(windows_.CurWin);
+        views_->SyncCurrent();
     }
     RefreshControls();
     RedrawAllWindows();

@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
-#include "dialogs/smoke_windows.h"
 #include "dialogs/summary_dialog.h"
 #include "display/data_types.h"
 #include "edit/tool_table.h"
@@ -126,7 +125,7 @@ void MainWindow::BuildMenus() {
     }
     file->addSeparator();
     connect(AddAction(file, "mnuExit", QStringLiteral("E&xit")), &QAction::triggered, this, [this] {
-        smokeLegend_->hide();
+        runWindows_->CloseLegend();
         close();
     });
 
@@ -263,7 +262,7 @@ void MainWindow::BuildMenus() {
     connect(AddAction(runMenu, "mnuExecute", QStringLiteral("Airflow Simulation\tF12")), &QAction::triggered, this,
             &MainWindow::Simulate);
     connect(AddAction(runMenu, "mnuFire", QStringLiteral("Smoke Simulation")), &QAction::triggered, this,
-            &MainWindow::SmokeSimulation);
+            [this] { runWindows_->OpenSmoke(); });
     connect(AddAction(runMenu, "mnuTrace", QStringLiteral("Sourcing Simulation")), &QAction::triggered, this,
             &MainWindow::SourcingSimulation);
     connect(AddAction(runMenu, "mnuStudy", QStringLiteral("Study...")), &QAction::triggered, this,
@@ -349,13 +348,13 @@ void MainWindow::BuildMenus() {
     connect(AddAction(window, "mnuNewWindow", QStringLiteral("New Window")), &QAction::triggered, this,
             [this] { NewViewWindow(); });
     connect(AddAction(window, "mnuTileH", QStringLiteral("Tile Horizontally")), &QAction::triggered, this,
-            [this] { TileWindows(0); });
+            [this] { views_->Tile(0); });
     connect(AddAction(window, "mnuTileV", QStringLiteral("Tile Vertically")), &QAction::triggered, this,
-            [this] { TileWindows(1); });
+            [this] { views_->Tile(1); });
     connect(AddAction(window, "MnuTileC", QStringLiteral("Cascade")), &QAction::triggered, this,
-            [this] { TileWindows(2); });
-    connect(AddAction(window, "mnuFreeze", QStringLiteral("Freeze")), &QAction::triggered, this,
-            &MainWindow::ToggleFreeze);
+            [this] { views_->Tile(2); });
+    connect(AddAction(window, "mnuFreeze", QStringLiteral("Freeze")), &QAction::triggered, views_.get(),
+            &ViewWindowManager::ToggleFreeze);
     QAction* layerInherit = AddAction(window, "mnuLayerInherit", QStringLiteral("Layer Inheritance"));
     layerInherit->setCheckable(true);
     connect(layerInherit, &QAction::triggered, this, [this, layerInherit] {
@@ -363,14 +362,7 @@ void MainWindow::BuildMenus() {
         layerInherit->setChecked(model_->Set.LayerInherit);
     });
     window->addSeparator();
-    for (int i = 0; i < edit::MaxViewWindows; ++i) {
-        QAction* a = window->addAction(QStringLiteral("View %1").arg(i + 1));
-        a->setObjectName(QStringLiteral("mnuWindowView%1").arg(i));
-        a->setVisible(false);
-        actions_[a->objectName()] = a;
-        windowEntries_[static_cast<std::size_t>(i)] = a;
-        connect(a, &QAction::triggered, this, [this, i] { ShowWindow(i); });
-    }
+    for (QAction* a : views_->AddMenuEntries(window)) actions_[a->objectName()] = a;
 
     // Help.
     QMenu* help = menu("mnuHelpMenu", QStringLiteral("&Help"));
@@ -401,18 +393,6 @@ void MainWindow::BuildRecentMenu() {
 }
 
 void MainWindow::RecentFilesChanged() { BuildRecentMenu(); }
-
-void MainWindow::UpdateWindowMenu() {
-    for (int i = 0; i < edit::MaxViewWindows; ++i) {
-        QAction* a = windowEntries_[static_cast<std::size_t>(i)];
-        const bool open = windows_.IsOpen(i);
-        a->setVisible(open);
-        if (!open) continue;
-        const QString caption = FromMessage(edit::ShownCaption(windows_, i));
-        a->setText(caption);
-        if (subs_[static_cast<std::size_t>(i)]) subs_[static_cast<std::size_t>(i)]->setWindowTitle(caption);
-    }
-}
 
 void MainWindow::UpdateMenuTicks() {
     const display::ViewState& v = ds_->View;

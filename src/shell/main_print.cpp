@@ -176,7 +176,7 @@ void MainWindow::SaveScreenBitmap() {
     bool written = file.open(QIODevice::WriteOnly);
     if (written) {
         QImageWriter writer(&file, format);
-        written = writer.write(view(windows_.CurWin)->Surface().Picture()) && file.commit();
+        written = writer.write(views_->View(views_->Table().CurWin)->Surface().Picture()) && file.commit();
     }
     if (!written) ui_.Message("The picture could not be written to " + *choice, ProgramName, ui::Icon::Exclamation);
     RedrawWindow();

@@ -85,9 +85,9 @@ void MainWindow::BuildToolBars() {
     toolBar_->addSeparator();
     rotation_ = new RotationButton(toolBar_);
     toolBar_->addWidget(rotation_);
-    rotation_->OnPress = [this](int b, QPointF at) { OnRotationPress(b, at); };
-    rotation_->OnMove = [this](QPointF at) { OnRotationMove(at); };
-    rotation_->OnRelease = [this](int b, QPointF at) { OnRotationRelease(b, at); };
+    rotation_->OnPress = [this](int b, QPointF at) { views_->RotationPress(b, at); };
+    rotation_->OnMove = [this](QPointF at) { views_->RotationMove(at); };
+    rotation_->OnRelease = [this](int b, QPointF at) { views_->RotationRelease(b, at); };
 
     addToolBarBreak();
     listBar_ = addToolBar(QStringLiteral("Lists"));
@@ -189,11 +189,7 @@ void MainWindow::ShowToolState(int value) {
     UpdateMenuTicks();
 }
 
-void MainWindow::SetViewCursor(const std::string& name) {
-    const QCursor cursor = ViewCursor(name);
-    for (const QPointer<ViewWindow>& v : views_)
-        if (v) v->setCursor(cursor);
-}
+void MainWindow::SetViewCursor(const std::string& name) { views_->SetCursor(ViewCursor(name)); }
 
 void MainWindow::FillDataTypeLists() {
     listsLoading_ = true;
@@ -220,14 +216,6 @@ void MainWindow::ShowDataType() {
     UpdateMenuTicks();
 }
 
-namespace {
-void SetCaptionOf(edit::ViewWindowTable& windows, const Model& model, const display::DisplayState& ds) {
-    if (windows.IsOpen(windows.CurWin))
-        windows.Windows[static_cast<std::size_t>(windows.CurWin)].Caption =
-            display::ViewWindowCaption(model, ds, windows.CurWin);
-}
-} // namespace
-
 void MainWindow::OnDataGroupChosen(int index) {
     if (listsLoading_ || index < 0) return;
     display::ChooseDataGroup(*model_, *ds_, index + 1);
@@ -240,8 +228,8 @@ void MainWindow::OnDataValueChosen(int index) {
     const int group = cmbDataType_->currentIndex() + 1;
     display::ChooseDataType(*model_, *ds_, group * 10 + index + 2);
     ShowDataType();
-    SetCaptionOf(windows_, *model_, *ds_);
-    UpdateWindowMenu();
+    views_->RefreshCaption();
+    views_->UpdateWindowMenu();
     SaveWindowState();
     RedrawWindow();
 }
@@ -302,8 +290,8 @@ void MainWindow::StepLevel(int step) {
 
 void MainWindow::AfterLevelChange() {
     ShowLevel();
-    SetCaptionOf(windows_, *model_, *ds_);
-    UpdateWindowMenu();
+    views_->RefreshCaption();
+    views_->UpdateWindowMenu();
     RedrawWindow();
     SaveWindowState();
     UpdateMenuTicks();
@@ -319,13 +307,13 @@ void MainWindow::FillViewList() {
 }
 
 void MainWindow::OnViewChosen(int index) {
-    if (listsLoading_ || index < 0 || windows_.CurWin < 0 || ds_->WindowFrozen) return;
-    SyncArea(windows_.CurWin);
+    if (listsLoading_ || index < 0 || views_->Table().CurWin < 0 || ds_->WindowFrozen) return;
+    views_->SyncCurrent();
     if (!forms::ChooseNamedView(*model_, *ds_, ui_, ToCp1252(cmbView_->itemText(index)))) return;
     ShowDataType();
     ShowLevel();
-    SetCaptionOf(windows_, *model_, *ds_);
-    UpdateWindowMenu();
+    views_->RefreshCaption();
+    views_->UpdateWindowMenu();
     RedrawWindow();
     SaveWindowState();
     ShowViewStatus();
@@ -343,13 +331,13 @@ void MainWindow::ShowSimIndicator() {
 
 void MainWindow::RefreshControls() {
     // The coordinate labels start at the middle of the view.
-    if (windows_.IsOpen(windows_.CurWin) && ds_->View.Is3D == 0) display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
+    if (views_->CurrentOpen() && ds_->View.Is3D == 0) display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
     ShowDataType();
     FillLevelList();
     ShowSimIndicator();
     ShowToolState(dispatcher_->State().CommandValue);
-    SetCaptionOf(windows_, *model_, *ds_);
-    UpdateWindowMenu();
+    views_->RefreshCaption();
+    views_->UpdateWindowMenu();
     UpdateMenuTicks();
     ShowViewStatus();
 }

@@ -1,5 +1,5 @@
-// The main window: its construction, the start-up list, the orderly end, the status it shows
-// and the progress windows of the runs.
+// The main window: its construction, the start-up list, the orderly end and the status it
+// shows; what the runs, the view windows and the run windows ask of it.
 #include "shell/main_window.h"
 
 #include <QAction>
@@ -57,21 +57,45 @@ public:
         if (w_.rememberedDataType_ != 0) display::ChooseDataType(*w_.model_, *w_.ds_, w_.rememberedDataType_);
         w_.ShowDataType();
     }
-    void CloseSmokeWindow() override {
-        if (w_.smokeForm_) w_.smokeForm_->hide();
-    }
-    void ShowLegend() override {
-        if (w_.smokeTrace_) w_.smokeTrace_->hide();
-        dialogs::PlaceAtBottomRight(w_.smokeLegend_, &w_);
-        w_.smokeLegend_->show();
-        w_.smokeLegend_->raise();
-    }
-    void LegendChanged() override {
-        w_.smokeLegend_->ShowLegend(w_.model_->Smoke.ContaminantThreshold, w_.model_->Smoke.SpreadMax);
-    }
-    void CloseLegend() override {
-        if (w_.smokeLegend_) w_.smokeLegend_->hide();
-    }
+    void CloseSmokeWindow() override { w_.runWindows_->HideSmokeWindow(); }
+    void ShowLegend() override { w_.runWindows_->ShowLegend(); }
+    void LegendChanged() override { w_.runWindows_->LegendChanged(); }
+    void CloseLegend() override { w_.runWindows_->CloseLegend(); }
+
+private:
+    MainWindow& w_;
+};
+
+class MainWindow::ViewRoads : public ViewWindowManager::Owner {
+public:
+    explicit ViewRoads(MainWindow& w) : w_(w) {}
+    bool Loading() const override { return w_.mainLoading_; }
+    bool RunActive() const override { return w_.runActive_; }
+    bool Ending() const override { return w_.ending_; }
+    void ShowViewStatus() override { w_.ShowViewStatus(); }
+    void ShowSimIndicator() override { w_.ShowSimIndicator(); }
+    void ShowDataType() override { w_.ShowDataType(); }
+    void ShowLevel() override { w_.ShowLevel(); }
+    void UpdateMenuTicks() override { w_.UpdateMenuTicks(); }
+    void ClearNetworkInLastWindow() override { w_.ClearNetworkInLastWindow(); }
+
+private:
+    MainWindow& w_;
+};
+
+class MainWindow::RunRoads : public RunWindowSet::Owner {
+public:
+    explicit RunRoads(MainWindow& w) : w_(w) {}
+    bool RunActive() const override { return w_.runActive_; }
+    void SetRunActive(bool active) override { w_.SetRunActive(active); }
+    void AfterRun() override { w_.AfterRun(); }
+    void RedrawWindow() override { w_.RedrawWindow(); }
+    void RedrawAllWindows() override { w_.RedrawAllWindows(); }
+    void ShowSimIndicator() override { w_.ShowSimIndicator(); }
+    void GotoAirway(std::int32_t airwayNo) override { w_.GotoAirway(airwayNo); }
+    void RunToolCommand(int value) override { w_.RunToolCommand(value); }
+    void RestoreDataTypes() override { w_.hooks_->RestoreDataTypes(); }
+    contaminant::SpreadHooks* RunHooks() override { return w_.hooks_.get(); }
 
 private:
     MainWindow& w_;
@@ -100,11 +124,6 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
       ui_(ui),
       model_(std::make_unique<Model>()),
       ds_(std::make_unique<display::DisplayState>()) {
-    qtUi_ = dynamic_cast<QtUserInterface*>(&ui_);
-    if (qtUi_) {
-        qtUi_->SetProgressSink(this);
-        qtUi_->SetParentWidget(this);
-    }
     hooks_ = std::make_unique<Hooks>(*this);
     dispatcher_ = std::make_unique<edit::ToolDispatcher>(*model_, *ds_, ui_, *this);
     editTools_ = std::make_unique<edit::EditTools>(*model_, *ds_, ui_, undo_, *this);
@@ -119,11 +138,15 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     setObjectName(QStringLiteral("MainForm"));
     setWindowIcon(ProgramIcon());
     setWindowTitle(QStringLiteral("KARVANE"));
-    mdi_ = new QMdiArea(this);
-    mdi_->setObjectName(QStringLiteral("WorkArea"));
-    mdi_->setBackground(QColor(96, 104, 116));
-    setCentralWidget(mdi_);
-    connect(mdi_, &QMdiArea::subWindowActivated, this, &MainWindow::OnSubWindowActivated);
+    viewRoads_ = std::make_unique<ViewRoads>(*this);
+    views_ = std::make_unique<ViewWindowManager>(*this, *model_, *ds_, ui_, *dispatcher_, *viewRoads_);
+    runRoads_ = std::make_unique<RunRoads>(*this);
+    runWindows_ = std::make_unique<RunWindowSet>(*this, *model_, ui_, *runRoads_);
+    qtUi_ = dynamic_cast<QtUserInterface*>(&ui_);
+    if (qtUi_) {
+        qtUi_->SetProgressSink(runWindows_.get());
+        qtUi_->SetParentWidget(this);
+    }
 
     BuildMenus();
     BuildToolBars();
@@ -133,33 +156,13 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     toolLabel_->setContentsMargins(6, 0, 6, 0);
     statusBar()->addPermanentWidget(toolLabel_);
 
-    simForm_ = new SimulationWindow(this);
-    simForm_->OnCancel = [this] {
-        // The run sees the request at its next test; the views come back at once.
-        model_->StopFlag = 255;
-        RedrawWindow();
-    };
-    errorForm_ = new ErrorListWindow(this);
-    errorForm_->OnGoto = [this](std::int32_t n) { GotoAirway(n); };
-    errorForm_->OnCancel = [this] {
-        model_->StopFlag = 255;
-        simForm_->hide();
-        RedrawWindow();
-    };
     popup_ = new PopupWindow(this);
-    smokeForm_ = new dialogs::SmokeWindow(this);
-    smokeLegend_ = new dialogs::SmokeLegendWindow(ui_.DecimalSeparator(), this);
-    smokeTrace_ = new dialogs::SmokeTraceWindow(this);
     fileNote_ = new dialogs::FileNoteWindow(this);
     fileNote_->hide();
 
     autosave_ = new QTimer(this);
     autosave_->setObjectName(QStringLiteral("Autosave"));
     connect(autosave_, &QTimer::timeout, this, &MainWindow::OnAutosaveTick);
-    rotateTimer_ = new QTimer(this);
-    rotateTimer_->setObjectName(QStringLiteral("TimerRotate"));
-    rotateTimer_->setInterval(40);
-    connect(rotateTimer_, &QTimer::timeout, this, &MainWindow::OnRotationTick);
     inputTimer_ = new QTimer(this);
     inputTimer_->setObjectName(QStringLiteral("Timer1"));
     connect(inputTimer_, &QTimer::timeout, this, [this] {
@@ -188,8 +191,6 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
 
 MainWindow::~MainWindow() {
     qApp->removeEventFilter(this);
-    // The work area activates other windows as its windows go; this window is past hearing it.
-    if (mdi_) disconnect(mdi_, nullptr, this, nullptr);
     if (qtUi_) {
         qtUi_->SetProgressSink(nullptr);
         qtUi_->SetParentWidget(nullptr);
@@ -254,7 +255,7 @@ void MainWindow::StartUp(const std::string& commandFile) {
         ds.StartingUp = false;
         QCoreApplication::processEvents();
         display::BuildDisplayList(m, ds);
-        SyncArea(windows_.CurWin);
+        views_->SyncCurrent();
         display::FitView(m, ds, ui_);
         RedrawWindow();
     });
@@ -271,8 +272,7 @@ void MainWindow::StartUp(const std::string& commandFile) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     // The legend and the editors close first, and any tool in progress stops.
-    smokeLegend_->hide();
-    smokeTrace_->hide();
+    runWindows_->HideLegends();
     dispatcher_->CancelGesture();
     if (fileNote_->isVisible()) fileNote_->close();
     if (!forms::ConfirmEnd(*model_, ui_, *this)) {
@@ -281,13 +281,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     ending_ = true;
     autosave_->stop();
-    rotateTimer_->stop();
+    views_->StopTimers();
     inputTimer_->stop();
     outputTimer_->stop();
     forms::FinishEnd(*model_, ui_);
-    simForm_->hide();
-    errorForm_->hide();
-    smokeForm_->hide();
+    runWindows_->HideProgressWindows();
     event->accept();
 }
 
@@ -323,8 +321,7 @@ void MainWindow::ShowViewStatus() {
     // A plan view shows its centre beside the coordinates too (a 3D view's rotation sets them),
     // and coordinates where a 3D view showed its angles.
     if (ds_->View.Is3D == 0) {
-        if (l.LabelX.starts_with("RotX") && windows_.IsOpen(windows_.CurWin))
-            display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
+        if (l.LabelX.starts_with("RotX") && views_->CurrentOpen()) display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
         l.CentreX = files::PlainSingle(ds_->View.CentreX, ds_->DecimalSeparator);
         l.CentreY = files::PlainSingle(ds_->View.CentreY, ds_->DecimalSeparator);
     }
@@ -343,14 +340,6 @@ void MainWindow::UpdateCaption() {
 
 void MainWindow::TitleChanged() { UpdateCaption(); }
 
-void MainWindow::ProgressOpen() { simForm_->Open(); }
-void MainWindow::ProgressClose() { simForm_->hide(); }
-void MainWindow::ProgressCaption(const std::string& caption) { simForm_->SetCaption(caption); }
-void MainWindow::ProgressPercent(int percent) {
-    simForm_->SetPercent(percent);
-    if (ProgressObserver) ProgressObserver(percent);
-}
-
 bool MainWindow::Trigger(const QString& name) {
     QAction* a = action(name);
     if (!a && name.startsWith(QStringLiteral("Tool"))) a = toolButton(name.mid(4).toInt());
@@ -358,8 +347,5 @@ bool MainWindow::Trigger(const QString& name) {
     a->trigger();
     return true;
 }
-void MainWindow::ProgressAttempt(const std::string& text) { simForm_->SetAttempt(text); }
-void MainWindow::ProgressError(const std::string& text) { simForm_->SetError(text); }
-void MainWindow::ProgressBox(const std::string& box, const std::string& text) { smokeForm_->SetBox(box, text); }
 
 } // namespace karvane::shell

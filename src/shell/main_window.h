@@ -1,12 +1,10 @@
 // The main window (MainForm): the menus, the tool bar with its lists and labels, the work
-// area of up to five view windows, and everything the commands of the program need of the
-// windows: redraws, window switching, the progress of runs, the file commands' views.
+// area of up to five view windows (ViewWindowManager) and the windows of the runs
+// (RunWindowSet), bound to the commands, the tools and the forms of the program.
 #pragma once
 
 #include <QMainWindow>
-#include <QPointer>
 #include <array>
-#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -29,7 +27,9 @@
 #include "forms/spreadsheet_form.h"
 #include "model/model.h"
 #include "shell/qt_user_interface.h"
+#include "shell/run_window_set.h"
 #include "shell/view_window.h"
+#include "shell/view_window_manager.h"
 #include "ui/user_interface.h"
 
 class QAction;
@@ -37,7 +37,6 @@ class QActionGroup;
 class QComboBox;
 class QLabel;
 class QMdiArea;
-class QMdiSubWindow;
 class QMenu;
 class QScrollBar;
 class QTimer;
@@ -46,30 +45,20 @@ class QToolBar;
 namespace karvane::dialogs {
 class AirwayDialogs;
 class SimplifyWindow;
-class SmokeWindow;
-class SmokeLegendWindow;
-class SmokeTraceWindow;
 class FileNoteWindow;
 } // namespace karvane::dialogs
 
 namespace karvane::shell {
 
-class ErrorListWindow;
 class PopupWindow;
 class RotationButton;
-class SimulationWindow;
 using dialogs::FileNoteWindow;
-using dialogs::SmokeLegendWindow;
-using dialogs::SmokeTraceWindow;
-using dialogs::SmokeWindow;
 
 class MainWindow : public QMainWindow,
-                   public ViewWindowEvents,
                    public edit::ToolHost,
                    public commands::CommandHost,
                    public edit::EditHost,
-                   public edit::FinderHost,
-                   public ProgressSink {
+                   public edit::FinderHost {
     Q_OBJECT
 public:
     explicit MainWindow(ui::UserInterface& ui, QWidget* parent = nullptr);
@@ -83,22 +72,23 @@ public:
     Model& model() { return *model_; }
     display::DisplayState& display() { return *ds_; }
     edit::ToolDispatcher& dispatcher() { return *dispatcher_; }
-    const edit::ViewWindowTable& windowTable() const { return windows_; }
-    ViewWindow* view(int window) const;
-    QMdiArea* workArea() const { return mdi_; }
-    bool loading() const { return mainLoading_; }
+    ViewWindowManager& views() { return *views_; }
+    RunWindowSet& runWindows() { return *runWindows_; }
+    const edit::ViewWindowTable& windowTable() const { return views_->Table(); }
+    ViewWindow* view(int window) const { return views_->View(window); }
+    QMdiArea* workArea() const { return views_->WorkArea(); }
     // Every command in the menus by its control name (mnuExecute, ...).
     QAction* action(const QString& name) const;
     // The tool bar buttons by command value.
     QAction* toolButton(int value) const;
 
     // The redraw of the current window, and of every open window in turn.
-    void RedrawWindow() override;
-    void RedrawAllWindows() override;
+    void RedrawWindow() override { views_->RedrawCurrent(); }
+    void RedrawAllWindows() override { views_->RedrawAll(); }
     // A new view window (mnuNewWindow); -1 when five are open.
-    int NewViewWindow();
+    int NewViewWindow() { return views_->NewWindow(); }
     // Makes a window current by the window switching of the views.
-    void MakeWindowCurrent(int window) override;
+    void MakeWindowCurrent(int window) override { views_->MakeCurrent(window); }
     // The lists and labels of the tool bar, the title, the ticks of the menus, from the model.
     void RefreshControls() override;
 
@@ -107,16 +97,8 @@ public:
     void Troubleshoot(std::int16_t mode) override;
     void ReseedAirflows();
 
-    // ViewWindowEvents
-    void ViewMouseDown(int window, int button, int shift, const QPointF& at) override;
-    void ViewMouseMove(int window, int buttons, int shift, const QPointF& at, const QPoint& global) override;
-    void ViewMouseUp(int window, int button, int shift, const QPointF& at, const QPoint& global) override;
-    void ViewWheel(int window, bool positive) override;
-    bool ViewKey(int window, int key) override;
-    void ViewResized(int window) override;
-
     // edit::ToolHost
-    display::Surface* CurrentSurface() override;
+    display::Surface* CurrentSurface() override { return views_->CurrentSurface(); }
     void Redraw() override { RedrawWindow(); }
     void RedrawAll() override { RedrawAllWindows(); }
     void ShowViewStatus() override;
@@ -124,9 +106,9 @@ public:
     void SetViewCursor(const std::string& name) override;
     void StartPowerZoomTimer(int intervalMs) override;
     void StopPowerZoomTimer() override;
-    void StopRotationTimer() override;
-    void SaveWindowState() override;
-    void FocusWindow(int window) override;
+    void StopRotationTimer() override { views_->StopRotation(); }
+    void SaveWindowState() override { views_->SaveCurrentState(); }
+    void FocusWindow(int window) override { views_->Focus(window); }
     void RunCommand(int value) override;
     void StepLevel(int step) override;
     bool CommandAvailable(int value) const override;
@@ -144,14 +126,14 @@ public:
     void ShowAirwayInfo(std::int32_t row) override;
     // The airway editor, the information card and the fan dialog (main_airway.cpp).
     dialogs::AirwayDialogs& airwayDialogs();
-    void QuickUpdateAllWindows() override;
+    void QuickUpdateAllWindows() override { views_->QuickUpdateAll(); }
 
     // edit::FinderHost: ShowAirway in the current window, redrawn and marked.
     void ShowAirwayRow(std::int32_t row, float fraction) override;
 
     // commands::CommandHost
-    bool ViewWindowOpen() const override;
-    void PrepareCurrentView() override;
+    bool ViewWindowOpen() const override { return views_->CurrentLive(); }
+    void PrepareCurrentView() override { views_->SyncCurrent(); }
     void RefreshMenuTicks() override { UpdateMenuTicks(); }
     void RefreshViewList() override { FillViewList(); }
     void AfterLevelChange() override;
@@ -170,26 +152,8 @@ public:
     void AfterSave() override;
     void TitleChanged() override;
     void RecentFilesChanged() override;
-
-    // ProgressSink
-    void ProgressOpen() override;
-    void ProgressClose() override;
-    void ProgressCaption(const std::string& caption) override;
-    void ProgressPercent(int percent) override;
-    void ProgressAttempt(const std::string& text) override;
-    void ProgressError(const std::string& text) override;
-    void ProgressBox(const std::string& box, const std::string& text) override;
-
-    // Called at each step of a run's progress bar (tests and the program's own screenshots).
-    std::function<void(int)> ProgressObserver;
     // A menu entry or tool button by its name, triggered; false when there is none or it is disabled.
     bool Trigger(const QString& name);
-
-    SimulationWindow* simulationWindow() const { return simForm_; }
-    ErrorListWindow* errorWindow() const { return errorForm_; }
-    SmokeLegendWindow* smokeLegend() const { return smokeLegend_; }
-    SmokeTraceWindow* smokeTrace() const { return smokeTrace_; }
-    SmokeWindow* smokeWindow() const { return smokeForm_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -197,15 +161,16 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // What the runs, the view windows and the run windows ask of the main window.
     class Hooks;
-    friend class Hooks;
+    class ViewRoads;
+    class RunRoads;
 
     // Building (main_menus.cpp, main_toolbar.cpp).
     void BuildMenus();
     QAction* AddAction(QMenu* menu, const char* name, const QString& caption, const char* note = nullptr);
     void BuildToolBars();
     void BuildRecentMenu();
-    void UpdateWindowMenu();
     void UpdateMenuTicks();
     void FillDataTypeLists();
     void ShowDataType();
@@ -223,34 +188,18 @@ private:
     void OnLevelScrolled(int value);
     void OnViewChosen(int index);
 
-    // View windows (main_views.cpp).
-    void SyncArea(int window);
-    // quick: the lines and annotation drawn over the standing picture, without clearing it.
-    void DrawWindowInPlace(int window, bool quick = false);
-    void OnSubWindowActivated(QMdiSubWindow* sub);
-    bool CloseViewWindowRequested(int window);
-    void TileWindows(int how);
-    void ToggleFreeze();
-    void ShowWindow(int window);
-    void OnRotationPress(int button, QPointF at);
-    void OnRotationMove(QPointF at);
-    void OnRotationRelease(int button, QPointF at);
-    void OnRotationTick();
-    int ViewWindowAt(const QPoint& global) const;
-
     // Commands (main_commands.cpp).
     void AfterRun();
     // The current window's display list and projection after the rows changed.
     void RebuildCurrentView();
-    void ShowErrorList();
     void GotoAirway(std::int32_t airwayNo);
     // The attribute choice and the list finders (main_find.cpp).
     void ShowAttribDialog();
     void ShowNameList(bool nodes);
     void SetRunActive(bool active);
-    void SmokeSimulation();
     void SourcingSimulation();
-    void CloseSmokeWindows();
+    // The contaminant display ends and its windows close.
+    void EndContaminantDisplay();
     void ChooseLevelsMultiple();
     void ChooseLevelsRange();
     void ShowLayersDialog();
@@ -289,24 +238,20 @@ private:
     QtUserInterface* qtUi_ = nullptr;
     std::unique_ptr<Model> model_;
     std::unique_ptr<display::DisplayState> ds_;
-    edit::ViewWindowTable windows_;
     std::unique_ptr<edit::ToolDispatcher> dispatcher_;
     std::unique_ptr<contaminant::SpreadHooks> hooks_;
+    std::unique_ptr<ViewWindowManager::Owner> viewRoads_;
+    std::unique_ptr<ViewWindowManager> views_;
+    std::unique_ptr<RunWindowSet::Owner> runRoads_;
+    std::unique_ptr<RunWindowSet> runWindows_;
     bool mainLoading_ = true;
     bool runActive_ = false;
     bool listsLoading_ = false;
     bool confirmations_ = false;
     bool ending_ = false;
-    QTimer* resizeTimer_ = nullptr;
     QString lastBitmapName_;
     bool fileNotePlaced_ = false;
     QLabel* toolLabel_ = nullptr;
-
-    QMdiArea* mdi_ = nullptr;
-    std::array<QPointer<ViewWindow>, edit::MaxViewWindows> views_{};
-    std::array<QPointer<QMdiSubWindow>, edit::MaxViewWindows> subs_{};
-    int pressWindow_ = -1;
-    int pendingCurrent_ = -1; // the window to become current once a closed one has gone
 
     std::map<QString, QAction*> actions_;
     std::map<int, QAction*> toolButtons_;
@@ -314,7 +259,6 @@ private:
     QToolBar* toolBar_ = nullptr;
     QToolBar* listBar_ = nullptr;
     std::array<QAction*, RecentFileCount + 1> recent_{};
-    std::array<QAction*, edit::MaxViewWindows> windowEntries_{};
     std::map<int, QAction*> dataTypeEntries_;
     std::array<QAction*, 4> levelModes_{};
 
@@ -333,18 +277,10 @@ private:
     RotationButton* rotation_ = nullptr;
 
     QTimer* autosave_ = nullptr;
-    QTimer* rotateTimer_ = nullptr;
     QTimer* powerZoomTimer_ = nullptr;
     files::AutosaveTicker autosaveTicks_;
-    QPointF rotationAt_;
-    bool rotationTicking_ = false;
 
-    SimulationWindow* simForm_ = nullptr;
-    ErrorListWindow* errorForm_ = nullptr;
     PopupWindow* popup_ = nullptr;
-    SmokeWindow* smokeForm_ = nullptr;
-    SmokeLegendWindow* smokeLegend_ = nullptr;
-    SmokeTraceWindow* smokeTrace_ = nullptr;
     FileNoteWindow* fileNote_ = nullptr;
     dialogs::SimplifyWindow* simplify_ = nullptr;
     // The undo log: the rows every change touches, for the undo of a later version.

@@ -226,7 +226,7 @@ void MainWindowTest::aSimulationReachesTheSimulationLight() {
     for (const char* stage : {"Checking airways", "Meshing airways", "Balancing airflows", "Resolving Pressures"})
         QVERIFY2(std::find(captions.begin(), captions.end(), stage) != captions.end(), stage);
     QCOMPARE(rig.Ui.ProgressPercents.back(), 100);
-    QVERIFY(!rig.W().errorWindow()->isVisible());
+    QVERIFY(!rig.W().runWindows().Errors()->isVisible());
     // The menus and the tool bar are usable again after the run.
     QVERIFY(rig.W().menuBar()->isEnabled());
 
@@ -256,7 +256,7 @@ void MainWindowTest::aFailedRunShowsTheErrorListAndGotoFindsTheAirway() {
     add(100, 300);
     rig.W().Trigger(QStringLiteral("mnuFitAll"));
     QVERIFY(rig.W().Trigger(QStringLiteral("mnuExecute")));
-    ErrorListWindow* errors = rig.W().errorWindow();
+    ErrorListWindow* errors = rig.W().runWindows().Errors();
     QVERIFY(errors->isVisible());
     QCOMPARE(errors->windowTitle(), QStringLiteral("Sim Fail Error List"));
     QListWidget* list = errors->List();
@@ -366,11 +366,11 @@ void MainWindowTest::aSmokeRunShowsItsLegendAndTheSliderCutsTheTime() {
     m.Airways[static_cast<std::size_t>(source)].BranchCode |= bc::ContaminantSource;
     m.Airways[static_cast<std::size_t>(source)].Contaminant = 100;
     QVERIFY(rig.W().Trigger(QStringLiteral("mnuFire")));
-    auto* smoke = rig.W().smokeWindow();
+    auto* smoke = rig.W().runWindows().Smoke();
     QVERIFY(smoke->isVisible());
     smoke->findChild<QPushButton*>(QStringLiteral("OK"))->click();
     QCOMPARE(m.GasActive, std::int16_t(1));
-    auto* legend = rig.W().smokeLegend();
+    auto* legend = rig.W().runWindows().Legend();
     QVERIFY(legend->isVisible());
     QCOMPARE(rig.Ds().View.DataType, std::int16_t(55));
     QCOMPARE(legend->Slider()->maximum(), m.Smoke.SpreadMax);
