@@ -126,11 +126,6 @@ void MainWindow::Troubleshoot(std::int16_t mode) {
     AfterRun();
 }
 
-void MainWindow::ReseedAirflows() {
-    simulate::ReseedAirflows(*model_, ui_);
-    RedrawAllWindows();
-}
-
 void MainWindow::RebuildCurrentView() {
     if (!views_->CurrentOpen()) return;
     views_->SyncCurrent();
@@ -343,10 +338,13 @@ bool MainWindow::OpenForm(const std::string& menuName) {
              dialog.exec();
              RedrawAllWindows();
          }},
-        {"mnuSimp", [this] { ShowSimplify(); }},
+        {"mnuFanData", [this] { ShowFanData(); }},
+        {"mnuRLBase", [this] { ShowLevelList(); }},
         {"mnuPower", [this] { ShowSpreadSheet(); }},
+        {"mnuSimp", [this] { ShowSimplify(); }},
         {"mnuRemoteStation", [this] { ShowStationDialog(true); }},
         {"mnuRealOut", [this] { ShowStationDialog(false); }},
+        {"mnuOptionShow", [this] { ShowOptions(); }},
         {"mnuAbout", [this] { ShowAbout(); }},
         {"mnucpAttrib", [this] { ShowAttribDialog(); }},
         {"mnuFBName", [this] { ShowNameList(false); }},

@@ -3,22 +3,17 @@
 // with a note saying so.
 #include <QAction>
 #include <QActionGroup>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
-#include <QStatusBar>
+#include <tuple>
 
-#include "dialogs/summary_dialog.h"
 #include "display/data_types.h"
 #include "edit/tool_table.h"
 #include "exchange/dxf_export.h"
 #include "files/defaults_file.h"
-#include "files/fan_file.h"
 #include "forms/file_commands.h"
-#include "forms/summary_form.h"
 #include "qt/qt_text.h"
 #include "shell/main_window.h"
-#include "simulate/troubleshoot.h"
 
 namespace karvane::shell {
 
@@ -60,60 +55,58 @@ void MainWindow::BuildMenus() {
         actions_[QString::fromLatin1(name)] = m->menuAction();
         return m;
     };
-    auto run = [this](int value) { return [this, value] { dispatcher_->RunToolCommand(value); }; };
+    // An entry of the command table, run by its control name.
+    auto command = [this](QMenu* m, const char* name, const QString& caption) {
+        QAction* a = AddAction(m, name, caption);
+        connect(a, &QAction::triggered, this, [this, name] { RunMenu(name); });
+        return a;
+    };
+    // An entry that is the tool bar command of its value, ticked while that command is current.
+    auto tool = [&command](QMenu* m, const char* name, const QString& caption, int value) {
+        QAction* a = command(m, name, caption);
+        a->setData(value);
+        return a;
+    };
+    // A slot of the window itself: files and windows, printing, help.
+    auto slot = [this](QMenu* m, const char* name, const QString& caption, auto handler) {
+        QAction* a = AddAction(m, name, caption);
+        connect(a, &QAction::triggered, this, handler);
+        return a;
+    };
 
     // File.
     QMenu* file = menu("mnuFile", QStringLiteral("&File"));
-    connect(AddAction(file, "mnuNewFile", QStringLiteral("&New")), &QAction::triggered, this,
-            [this] { forms::NewNetworkCommand(*model_, ui_, *this); });
-    connect(AddAction(file, "mnuOpenFile", QStringLiteral("&Open...")), &QAction::triggered, this,
-            [this] { forms::OpenCommand(*model_, ui_, *this); });
-    connect(AddAction(file, "mnuSaveFile", QStringLiteral("&Save")), &QAction::triggered, this,
-            [this] { forms::SaveCommand(*model_, ui_, *this); });
-    connect(AddAction(file, "mnuSaveAs", QStringLiteral("Save &As...")), &QAction::triggered, this,
-            [this] { forms::SaveAsCommand(*model_, ui_, *this); });
-    connect(AddAction(file, "mnuMergeFile", QStringLiteral("&Merge...")), &QAction::triggered, this,
-            [this] { forms::MergeCommand(*model_, ui_, *this); });
+    command(file, "mnuNewFile", QStringLiteral("&New"));
+    command(file, "mnuOpenFile", QStringLiteral("&Open..."));
+    command(file, "mnuSaveFile", QStringLiteral("&Save"));
+    command(file, "mnuSaveAs", QStringLiteral("Save &As..."));
+    command(file, "mnuMergeFile", QStringLiteral("&Merge..."));
     file->addSeparator();
-    connect(AddAction(file, "mnuComment", QStringLiteral("Title Note...")), &QAction::triggered, this,
-            [this] { forms::TitleNoteCommand(*model_, ui_, *this); });
-    connect(AddAction(file, "mnuMessage", QStringLiteral("File Memo...")), &QAction::triggered, this,
-            &MainWindow::ShowFileNote);
+    command(file, "mnuComment", QStringLiteral("Title Note..."));
+    command(file, "mnuMessage", QStringLiteral("File Memo..."));
     file->addSeparator();
     QMenu* defaults = sub(file, "mnuDefaultsFile", QStringLiteral("Defaults"));
-    connect(AddAction(defaults, "mnuReLoadDef", QStringLiteral("Reload Defaults")), &QAction::triggered, this, [this] {
-        files::ReloadDefaultsCommand(*model_, ui_);
-        ApplySettingsTimers();
-        RedrawAllWindows();
-    });
-    connect(AddAction(defaults, "mnuSaveDef", QStringLiteral("Save Defaults")), &QAction::triggered, this,
-            [this] { files::SaveDefaultsCommand(*model_, ui_); });
+    command(defaults, "mnuReLoadDef", QStringLiteral("Reload Defaults"));
+    command(defaults, "mnuSaveDef", QStringLiteral("Save Defaults"));
     QMenu* fans = sub(file, "mnuFanFile", QStringLiteral("Fan Database"));
-    connect(AddAction(fans, "mnuReLoadFan", QStringLiteral("Reload Fan Database")), &QAction::triggered, this,
-            [this] { files::ReloadFanDatabaseCommand(*model_, ui_); });
-    connect(AddAction(fans, "mnuSaveFan", QStringLiteral("Save Fan Database")), &QAction::triggered, this,
-            [this] { files::SaveFanDatabase(*model_, ui_); });
+    command(fans, "mnuReLoadFan", QStringLiteral("Reload Fan Database"));
+    command(fans, "mnuSaveFan", QStringLiteral("Save Fan Database"));
     file->addSeparator();
     QMenu* import = sub(file, "mnuImport", QStringLiteral("Import"));
-    connect(AddAction(import, "MnuDXF", QStringLiteral("DXF File...")), &QAction::triggered, this,
-            [this] { ImportCommand(true); });
-    connect(AddAction(import, "mnuImportData", QStringLiteral("Text File...")), &QAction::triggered, this,
-            [this] { ImportCommand(false); });
+    slot(import, "MnuDXF", QStringLiteral("DXF File..."), [this] { ImportCommand(true); });
+    slot(import, "mnuImportData", QStringLiteral("Text File..."), [this] { ImportCommand(false); });
     AddAction(import, "mnuConvert", QStringLiteral("Import Airnet File"), "This import has no converter");
     QMenu* exportMenu = sub(file, "mnuExport", QStringLiteral("Export"));
-    connect(AddAction(exportMenu, "mnuDXFTrue", QStringLiteral("DXF, True Coordinates...")), &QAction::triggered, this,
-            [this] { ExportCommand(exchange::exportkind::DxfTrue); });
-    connect(AddAction(exportMenu, "MnuDXFScreen", QStringLiteral("DXF, Screen...")), &QAction::triggered, this,
-            [this] { ExportCommand(exchange::exportkind::DxfScreen); });
-    connect(AddAction(exportMenu, "mnuExportData", QStringLiteral("Text File...")), &QAction::triggered, this,
-            [this] { ExportCommand(exchange::exportkind::Text); });
+    slot(exportMenu, "mnuDXFTrue", QStringLiteral("DXF, True Coordinates..."),
+         [this] { ExportCommand(exchange::exportkind::DxfTrue); });
+    slot(exportMenu, "MnuDXFScreen", QStringLiteral("DXF, Screen..."),
+         [this] { ExportCommand(exchange::exportkind::DxfScreen); });
+    slot(exportMenu, "mnuExportData", QStringLiteral("Text File..."),
+         [this] { ExportCommand(exchange::exportkind::Text); });
     file->addSeparator();
-    connect(AddAction(file, "mnuPrint", QStringLiteral("&Print...")), &QAction::triggered, this,
-            &MainWindow::PrintCommand);
-    connect(AddAction(file, "mnuPsetup", QStringLiteral("Print Setup...")), &QAction::triggered, this,
-            &MainWindow::PrintSetup);
-    connect(AddAction(file, "mnuSvScreen", QStringLiteral("Screen Bitmap...")), &QAction::triggered, this,
-            [this] { SaveScreenBitmap(); });
+    slot(file, "mnuPrint", QStringLiteral("&Print..."), &MainWindow::PrintCommand);
+    slot(file, "mnuPsetup", QStringLiteral("Print Setup..."), &MainWindow::PrintSetup);
+    slot(file, "mnuSvScreen", QStringLiteral("Screen Bitmap..."), &MainWindow::SaveScreenBitmap);
     file->addSeparator();
     for (int i = 1; i <= RecentFileCount; ++i) {
         QAction* a = file->addAction(QString());
@@ -124,29 +117,25 @@ void MainWindow::BuildMenus() {
         connect(a, &QAction::triggered, this, [this, i] { forms::RecentFileCommand(*model_, ui_, *this, i); });
     }
     file->addSeparator();
-    connect(AddAction(file, "mnuExit", QStringLiteral("E&xit")), &QAction::triggered, this, [this] {
+    slot(file, "mnuExit", QStringLiteral("E&xit"), [this] {
         runWindows_->CloseLegend();
         close();
     });
 
-    // Edit.
+    // Edit. Undo and Redo go the way of Backspace, Tab and their buttons, which first end a
+    // gesture in progress.
     QMenu* editMenu = menu("mnuEdit", QStringLiteral("&Edit"));
-    QAction* undo = AddAction(editMenu, "mnuUndo", QStringLiteral("Undo\tBackspace"));
-    undo->setData(edit::cmd::Undo);
-    connect(undo, &QAction::triggered, this, run(edit::cmd::Undo));
-    QAction* redo = AddAction(editMenu, "mnuRedo", QStringLiteral("Redo\tTab"));
-    redo->setData(edit::cmd::Redo);
-    connect(redo, &QAction::triggered, this, run(edit::cmd::Redo));
+    for (const auto& [name, caption, value] : {std::tuple{"mnuUndo", "Undo\tBackspace", edit::cmd::Undo},
+                                               std::tuple{"mnuRedo", "Redo\tTab", edit::cmd::Redo}}) {
+        QAction* a = AddAction(editMenu, name, QString::fromLatin1(caption));
+        a->setData(value);
+        connect(a, &QAction::triggered, this, [this, value] { dispatcher_->RunToolCommand(value); });
+    }
     editMenu->addSeparator();
     QMenu* copyPaste = sub(editMenu, "mnuCP", QStringLiteral("Copy-Paste"));
-    QAction* copyAttributes = AddAction(copyPaste, "mnuCpyPst", QStringLiteral("Copy / Paste Attributes\tF11"));
-    copyAttributes->setData(edit::cmd::Attributes);
-    connect(copyAttributes, &QAction::triggered, this, run(edit::cmd::Attributes));
-    QAction* copyDefaults = AddAction(copyPaste, "mnuCopy2", QStringLiteral("Paste from Defaults"));
-    copyDefaults->setData(edit::cmd::AttributesToDefaults);
-    connect(copyDefaults, &QAction::triggered, this, run(edit::cmd::AttributesToDefaults));
-    connect(AddAction(copyPaste, "mnucpAttrib", QStringLiteral("Attributes to Copy...")), &QAction::triggered, this,
-            [this] { RunMenu("mnucpAttrib"); });
+    tool(copyPaste, "mnuCpyPst", QStringLiteral("Copy / Paste Attributes\tF11"), edit::cmd::Attributes);
+    tool(copyPaste, "mnuCopy2", QStringLiteral("Paste from Defaults"), edit::cmd::AttributesToDefaults);
+    command(copyPaste, "mnucpAttrib", QStringLiteral("Attributes to Copy..."));
     QMenu* tools = sub(editMenu, "mnuMods", QStringLiteral("Tools"));
     auto* toolMenuGroup = new QActionGroup(this);
     struct ToolEntry {
@@ -162,79 +151,53 @@ void MainWindow::BuildMenus() {
         const edit::ToolCommand* c = edit::FindToolCommand(e.Value);
         QString caption = QString::fromLatin1(c->MenuCaption);
         if (c->Key >= edit::key::F2) caption += QStringLiteral("\tF%1").arg(c->Key - edit::key::F2 + 2);
-        QAction* a = AddAction(tools, e.Name, caption);
+        QAction* a = tool(tools, e.Name, caption, e.Value);
         a->setCheckable(true);
-        a->setData(e.Value);
         toolMenuGroup->addAction(a);
-        connect(a, &QAction::triggered, this, run(e.Value));
     }
     tools->addSeparator();
-    connect(AddAction(tools, "mnuFit", QStringLiteral("Fit\tHome")), &QAction::triggered, this, run(edit::cmd::Fit));
+    command(tools, "mnuFit", QStringLiteral("Fit\tHome"));
     QMenu* find = sub(editMenu, "mnufind", QStringLiteral("Find"));
-    const char* const findCaptions[10] = {"Follow Airway",    "Errors",      "Bad Fans",    "Branch Number",
-                                          "Branch Name",      "Node Name",   "Fixed Flows", "Fixed Pressure",
-                                          "Fixed Directions", "Zero lengths"};
-    for (int i = 0; i < 10; ++i) {
-        const std::string name = "mnuFinder" + std::to_string(i);
-        QAction* entry = AddAction(find, name.c_str(), QString::fromLatin1(findCaptions[i]));
-        entry->setCheckable(true);
-        finderEntries_[static_cast<std::size_t>(i)] = entry;
-        connect(entry, &QAction::triggered, this, [this, i] {
-            RunMenu(("mnuFinder" + std::to_string(i)).c_str());
-            UpdateMenuTicks();
-        });
+    const std::pair<const char*, const char*> findEntries[edit::FinderEntries] = {
+        {"mnuFinder0", "Follow Airway"}, {"mnuFinder1", "Errors"},         {"mnuFinder2", "Bad Fans"},
+        {"mnuFinder3", "Branch Number"}, {"mnuFinder4", "Branch Name"},    {"mnuFinder5", "Node Name"},
+        {"mnuFinder6", "Fixed Flows"},   {"mnuFinder7", "Fixed Pressure"}, {"mnuFinder8", "Fixed Directions"},
+        {"mnuFinder9", "Zero lengths"}};
+    for (std::size_t i = 0; i < finderEntries_.size(); ++i) {
+        finderEntries_[i] = command(find, findEntries[i].first, QString::fromLatin1(findEntries[i].second));
+        finderEntries_[i]->setCheckable(true);
     }
     QMenu* findList = sub(editMenu, "mnuFL", QStringLiteral("Find by List"));
-    connect(AddAction(findList, "mnuFBName", QStringLiteral("Branch Names...")), &QAction::triggered, this,
-            [this] { RunMenu("mnuFBName"); });
-    connect(AddAction(findList, "mnuFNName", QStringLiteral("Node Names...")), &QAction::triggered, this,
-            [this] { RunMenu("mnuFNName"); });
+    command(findList, "mnuFBName", QStringLiteral("Branch Names..."));
+    command(findList, "mnuFNName", QStringLiteral("Node Names..."));
     editMenu->addSeparator();
-    connect(AddAction(editMenu, "mnuDeselect", QStringLiteral("Deselect All\tEsc")), &QAction::triggered, this,
-            run(edit::cmd::UpdateScreen));
-    QAction* confirm = AddAction(editMenu, "mnuConfirm", QStringLiteral("Confirmations"));
-    confirm->setCheckable(true);
-    connect(confirm, &QAction::toggled, this, [this](bool on) { confirmations_ = on; });
+    command(editMenu, "mnuDeselect", QStringLiteral("Deselect All\tEsc"));
+    command(editMenu, "mnuConfirm", QStringLiteral("Confirmations"))->setCheckable(true);
 
     // View.
     QMenu* view = menu("mnuView", QStringLiteral("&View"));
-    connect(AddAction(view, "mnuRedraw", QStringLiteral("Redraw")), &QAction::triggered, this,
-            &MainWindow::RedrawWindow);
-    connect(AddAction(view, "mnuRefresh", QStringLiteral("Refresh All Windows")), &QAction::triggered, this,
-            &MainWindow::RedrawAllWindows);
-    connect(AddAction(view, "mnuFitAll", QStringLiteral("Fit All\tHome")), &QAction::triggered, this,
-            run(edit::cmd::Fit));
+    command(view, "mnuRedraw", QStringLiteral("Redraw"));
+    command(view, "mnuRefresh", QStringLiteral("Refresh All Windows"));
+    command(view, "mnuFitAll", QStringLiteral("Fit All\tHome"));
     view->addSeparator();
-    QAction* plan = AddAction(view, "mnuPlanS", QStringLiteral("Plan View"));
-    plan->setCheckable(true);
-    connect(plan, &QAction::triggered, this, [this] { RunMenu("mnuPlanS"); });
-    QAction* threeD = AddAction(view, "mnu3d", QStringLiteral("3D View"));
-    threeD->setCheckable(true);
-    connect(threeD, &QAction::triggered, this, [this] { RunMenu("mnu3d"); });
-    QAction* grid = AddAction(view, "mnuGridFlag", QStringLiteral("Grid"));
-    grid->setCheckable(true);
-    connect(grid, &QAction::triggered, this, run(edit::cmd::Grid));
+    command(view, "mnuPlanS", QStringLiteral("Plan View"))->setCheckable(true);
+    command(view, "mnu3d", QStringLiteral("3D View"))->setCheckable(true);
+    command(view, "mnuGridFlag", QStringLiteral("Grid"))->setCheckable(true);
     view->addSeparator();
     QMenu* levels = sub(view, "mnuLevelsMenu", QStringLiteral("Levels"));
     auto* levelGroup = new QActionGroup(this);
-    const char* const levelCaptions[4] = {"Single", "Multiple...", "Range...", "All"};
-    for (int i = 0; i < 4; ++i) {
-        const std::string name = "mnuLevels" + std::to_string(i);
-        QAction* a = AddAction(levels, name.c_str(), QString::fromLatin1(levelCaptions[i]));
-        a->setCheckable(true);
-        levelGroup->addAction(a);
-        levelModes_[static_cast<std::size_t>(i)] = a;
+    const std::pair<const char*, const char*> levelEntries[4] = {
+        {"mnuLevels0", "Single"}, {"mnuLevels1", "Multiple..."}, {"mnuLevels2", "Range..."}, {"mnuLevels3", "All"}};
+    for (std::size_t i = 0; i < levelModes_.size(); ++i) {
+        levelModes_[i] = command(levels, levelEntries[i].first, QString::fromLatin1(levelEntries[i].second));
+        levelModes_[i]->setCheckable(true);
+        levelGroup->addAction(levelModes_[i]);
     }
-    connect(levelModes_[0], &QAction::triggered, this, [this] { RunMenu("mnuLevels0"); });
-    connect(levelModes_[1], &QAction::triggered, this, &MainWindow::ChooseLevelsMultiple);
-    connect(levelModes_[2], &QAction::triggered, this, &MainWindow::ChooseLevelsRange);
-    connect(levelModes_[3], &QAction::triggered, this, [this] { RunMenu("mnuLevels3"); });
-    connect(AddAction(view, "mnuShowLayers", QStringLiteral("Layers...")), &QAction::triggered, this,
-            &MainWindow::ShowLayersDialog);
-    connect(AddAction(view, "mnuViewData", QStringLiteral("Display Options...")), &QAction::triggered, this,
-            &MainWindow::ShowViewerDialog);
+    command(view, "mnuShowLayers", QStringLiteral("Layers..."));
+    command(view, "mnuViewData", QStringLiteral("Display Options..."));
     QMenu* dataType = sub(view, "mnuDataType", QStringLiteral("Data Type"));
     auto* dataGroup = new QActionGroup(this);
+    // The entries of the data types, named by their group's menu and their place in it.
     const char* const groupMenus[6] = {"", "mnuAirflow", "mnuPressure", "mnuBranch", "mnuCost", "mnuOther"};
     for (int g = 1; g <= display::DataGroupCount; ++g) {
         QMenu* groupMenu = sub(dataType, groupMenus[g], QString::fromStdString(std::string(display::DataGroupName(g))));
@@ -252,21 +215,15 @@ void MainWindow::BuildMenus() {
         }
     }
     view->addSeparator();
-    connect(AddAction(view, "mnuSaveView", QStringLiteral("Save View...")), &QAction::triggered, this,
-            &MainWindow::SaveNamedView);
-    connect(AddAction(view, "mnuDelView", QStringLiteral("Delete View")), &QAction::triggered, this,
-            &MainWindow::DeleteNamedView);
+    command(view, "mnuSaveView", QStringLiteral("Save View..."));
+    command(view, "mnuDelView", QStringLiteral("Delete View"));
 
     // Run.
     QMenu* runMenu = menu("mnuRun", QStringLiteral("&Run"));
-    connect(AddAction(runMenu, "mnuExecute", QStringLiteral("Airflow Simulation\tF12")), &QAction::triggered, this,
-            &MainWindow::Simulate);
-    connect(AddAction(runMenu, "mnuFire", QStringLiteral("Smoke Simulation")), &QAction::triggered, this,
-            [this] { runWindows_->OpenSmoke(); });
-    connect(AddAction(runMenu, "mnuTrace", QStringLiteral("Sourcing Simulation")), &QAction::triggered, this,
-            &MainWindow::SourcingSimulation);
-    connect(AddAction(runMenu, "mnuStudy", QStringLiteral("Study...")), &QAction::triggered, this,
-            &MainWindow::ShowStudy);
+    command(runMenu, "mnuExecute", QStringLiteral("Airflow Simulation\tF12"));
+    command(runMenu, "mnuFire", QStringLiteral("Smoke Simulation"));
+    command(runMenu, "mnuTrace", QStringLiteral("Sourcing Simulation"));
+    slot(runMenu, "mnuStudy", QStringLiteral("Study..."), &MainWindow::ShowStudy);
     runMenu->addSeparator();
     QMenu* realtime = sub(runMenu, "mnuRT2", QStringLiteral("Realtime"));
     QAction* input = AddAction(realtime, "mnuRemote", QStringLiteral("Activate Input"));
@@ -275,102 +232,67 @@ void MainWindow::BuildMenus() {
     QAction* output = AddAction(realtime, "mnuRealOutStart", QStringLiteral("Activate Output"));
     output->setCheckable(true);
     connect(output, &QAction::toggled, this, [this](bool on) { ActivateStations(false, on); });
-    connect(AddAction(runMenu, "mnuSummary", QStringLiteral("Summary...")), &QAction::triggered, this, [this] {
-        dialogs::SummaryDialog dialog(forms::FillSummary(*model_, ui_.DecimalSeparator()), this);
-        dialog.exec();
-        RedrawAllWindows();
-    });
+    command(runMenu, "mnuSummary", QStringLiteral("Summary..."));
 
     // Tools.
     QMenu* toolsMenu = menu("mnuDefaults", QStringLiteral("&Tools"));
-    connect(AddAction(toolsMenu, "mnuFanData", QStringLiteral("Fans...")), &QAction::triggered, this,
-            &MainWindow::ShowFanData);
-    connect(AddAction(toolsMenu, "mnuRLBase", QStringLiteral("Levels...")), &QAction::triggered, this,
-            &MainWindow::ShowLevelList);
-    connect(AddAction(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet...")), &QAction::triggered, this,
-            &MainWindow::ShowSpreadSheet);
-    connect(AddAction(toolsMenu, "mnuSimp", QStringLiteral("Simplify...")), &QAction::triggered, this,
-            &MainWindow::ShowSimplify);
+    command(toolsMenu, "mnuFanData", QStringLiteral("Fans..."));
+    command(toolsMenu, "mnuRLBase", QStringLiteral("Levels..."));
+    command(toolsMenu, "mnuPower", QStringLiteral("Spreadsheet..."));
+    command(toolsMenu, "mnuSimp", QStringLiteral("Simplify..."));
     toolsMenu->addSeparator();
-    const auto networkCommand = [this](const char* name) { return [this, name] { RunMenu(name); }; };
-    connect(AddAction(toolsMenu, "mnuremdup", QStringLiteral("Remove duplicates")), &QAction::triggered, this,
-            networkCommand("mnuremdup"));
+    command(toolsMenu, "mnuremdup", QStringLiteral("Remove duplicates"));
     QMenu* airflowDisplay = sub(toolsMenu, "mnuAirflowDisplay", QStringLiteral("Airflow Display"));
-    connect(AddAction(airflowDisplay, "mnuPres", QStringLiteral("Preserve")), &QAction::triggered, this,
-            networkCommand("mnuPres"));
-    connect(AddAction(airflowDisplay, "mnuRmvFlow", QStringLiteral("Remove")), &QAction::triggered, this,
-            networkCommand("mnuRmvFlow"));
+    command(airflowDisplay, "mnuPres", QStringLiteral("Preserve"));
+    command(airflowDisplay, "mnuRmvFlow", QStringLiteral("Remove"));
     QMenu* airways = sub(toolsMenu, "mnuAirways", QStringLiteral("Airways"));
     QMenu* lengths = sub(airways, "mnuLengths", QStringLiteral("Lengths"));
-    connect(AddAction(lengths, "mnuFixL", QStringLiteral("Fix All")), &QAction::triggered, this,
-            networkCommand("mnuFixL"));
-    connect(AddAction(lengths, "mnuUnFixL", QStringLiteral("Unfix All")), &QAction::triggered, this,
-            networkCommand("mnuUnFixL"));
-    for (const auto& [name, caption] :
-         {std::pair{"mnuAutoName", "Auto Name Airway"}, std::pair{"mnuAutoNodes", "Auto Name Nodes"},
-          std::pair{"mnuResetAir", "Renumber Airways"}, std::pair{"mnuchecknumbers", "Check numbering"},
-          std::pair{"mnuRevCoord", "Swap XY Axis"}})
-        connect(AddAction(airways, name, QString::fromLatin1(caption)), &QAction::triggered, this,
-                networkCommand(name));
+    command(lengths, "mnuFixL", QStringLiteral("Fix All"));
+    command(lengths, "mnuUnFixL", QStringLiteral("Unfix All"));
+    command(airways, "mnuAutoName", QStringLiteral("Auto Name Airway"));
+    command(airways, "mnuAutoNodes", QStringLiteral("Auto Name Nodes"));
+    command(airways, "mnuResetAir", QStringLiteral("Renumber Airways"));
+    command(airways, "mnuchecknumbers", QStringLiteral("Check numbering"));
+    command(airways, "mnuRevCoord", QStringLiteral("Swap XY Axis"));
     QMenu* smoke = sub(toolsMenu, "mnuSmokes", QStringLiteral("Smoke"));
-    connect(AddAction(smoke, "mnuClrSmoke", QStringLiteral("Clear Smoke")), &QAction::triggered, this,
-            networkCommand("mnuClrSmoke"));
-    connect(AddAction(smoke, "mnuClrSources", QStringLiteral("Clear Smoke Sourcing")), &QAction::triggered, this,
-            networkCommand("mnuClrSources"));
+    command(smoke, "mnuClrSmoke", QStringLiteral("Clear Smoke"));
+    command(smoke, "mnuClrSources", QStringLiteral("Clear Smoke Sourcing"));
     QMenu* realtimeData = sub(toolsMenu, "mnuRD", QStringLiteral("Realtime Data"));
-    connect(AddAction(realtimeData, "mnuRemoteStation", QStringLiteral("Input...")), &QAction::triggered, this,
-            [this] { ShowStationDialog(true); });
-    connect(AddAction(realtimeData, "mnuRealOut", QStringLiteral("Output...")), &QAction::triggered, this,
-            [this] { ShowStationDialog(false); });
+    command(realtimeData, "mnuRemoteStation", QStringLiteral("Input..."));
+    command(realtimeData, "mnuRealOut", QStringLiteral("Output..."));
     QMenu* trouble = sub(toolsMenu, "mnuSimOpt", QStringLiteral("Troubleshoot"));
-    connect(AddAction(trouble, "mnuFindResFans", QStringLiteral("Find Restrictive Fans")), &QAction::triggered, this,
-            [this] { Troubleshoot(simulate::mode::RestrictiveFans); });
-    connect(AddAction(trouble, "mnuDupAir", QStringLiteral("Find Duplicate Airways")), &QAction::triggered, this,
-            [this] { Troubleshoot(simulate::mode::DuplicateAirways); });
+    command(trouble, "mnuFindResFans", QStringLiteral("Find Restrictive Fans"));
+    command(trouble, "mnuDupAir", QStringLiteral("Find Duplicate Airways"));
     QMenu* bulkheads = sub(trouble, "mnuub", QStringLiteral("Unnecessary bulkheads"));
-    connect(AddAction(bulkheads, "mnuProblems", QStringLiteral("Find")), &QAction::triggered, this,
-            [this] { Troubleshoot(simulate::mode::FindBulkheads); });
-    connect(AddAction(bulkheads, "mnuRemoveRedund", QStringLiteral("Remove")), &QAction::triggered, this,
-            [this] { Troubleshoot(simulate::mode::RemoveBulkheads); });
-    connect(AddAction(trouble, "mnnuNonConverge", QStringLiteral("Non-converging Airways")), &QAction::triggered, this,
-            [this] { Troubleshoot(simulate::mode::NonConverging); });
+    command(bulkheads, "mnuProblems", QStringLiteral("Find"));
+    command(bulkheads, "mnuRemoveRedund", QStringLiteral("Remove"));
+    command(trouble, "mnnuNonConverge", QStringLiteral("Non-converging Airways"));
     trouble->addSeparator();
-    connect(AddAction(trouble, "mnuResetAirflows", QStringLiteral("Re-seed Airflows")), &QAction::triggered, this,
-            &MainWindow::ReseedAirflows);
+    command(trouble, "mnuResetAirflows", QStringLiteral("Re-seed Airflows"));
     toolsMenu->addSeparator();
-    connect(AddAction(toolsMenu, "mnuOptionShow", QStringLiteral("Options...")), &QAction::triggered, this,
-            &MainWindow::ShowOptions);
-    connect(AddAction(toolsMenu, "mnuReverse", QStringLiteral("Reverse coordinate axis")), &QAction::triggered, this,
-            networkCommand("mnuReverse"));
+    command(toolsMenu, "mnuOptionShow", QStringLiteral("Options..."));
+    command(toolsMenu, "mnuReverse", QStringLiteral("Reverse coordinate axis"));
 
     // Window.
     QMenu* window = menu("mnuWindow", QStringLiteral("&Window"));
-    connect(AddAction(window, "mnuNewWindow", QStringLiteral("New Window")), &QAction::triggered, this,
-            [this] { NewViewWindow(); });
-    connect(AddAction(window, "mnuTileH", QStringLiteral("Tile Horizontally")), &QAction::triggered, this,
-            [this] { views_->Tile(0); });
-    connect(AddAction(window, "mnuTileV", QStringLiteral("Tile Vertically")), &QAction::triggered, this,
-            [this] { views_->Tile(1); });
-    connect(AddAction(window, "MnuTileC", QStringLiteral("Cascade")), &QAction::triggered, this,
-            [this] { views_->Tile(2); });
-    connect(AddAction(window, "mnuFreeze", QStringLiteral("Freeze")), &QAction::triggered, views_.get(),
-            &ViewWindowManager::ToggleFreeze);
-    QAction* layerInherit = AddAction(window, "mnuLayerInherit", QStringLiteral("Layer Inheritance"));
-    layerInherit->setCheckable(true);
-    connect(layerInherit, &QAction::triggered, this, [this, layerInherit] {
+    slot(window, "mnuNewWindow", QStringLiteral("New Window"), [this] { NewViewWindow(); });
+    slot(window, "mnuTileH", QStringLiteral("Tile Horizontally"), [this] { views_->Tile(0); });
+    slot(window, "mnuTileV", QStringLiteral("Tile Vertically"), [this] { views_->Tile(1); });
+    slot(window, "MnuTileC", QStringLiteral("Cascade"), [this] { views_->Tile(2); });
+    slot(window, "mnuFreeze", QStringLiteral("Freeze"), [this] { views_->ToggleFreeze(); });
+    QAction* layerInherit = slot(window, "mnuLayerInherit", QStringLiteral("Layer Inheritance"), [this] {
         edit::ToggleLayerInheritance(*model_, ui_);
-        layerInherit->setChecked(model_->Set.LayerInherit);
+        action(QStringLiteral("mnuLayerInherit"))->setChecked(model_->Set.LayerInherit);
     });
+    layerInherit->setCheckable(true);
     window->addSeparator();
     for (QAction* a : views_->AddMenuEntries(window)) actions_[a->objectName()] = a;
 
     // Help.
     QMenu* help = menu("mnuHelpMenu", QStringLiteral("&Help"));
-    connect(AddAction(help, "mnuHelp", QStringLiteral("Contents")), &QAction::triggered, this, &MainWindow::OpenHelp);
-    connect(AddAction(help, "mnuAbout", QStringLiteral("About Karvane Software")), &QAction::triggered, this,
-            &MainWindow::ShowAbout);
-    connect(AddAction(help, "mnuWebPage", QStringLiteral("Karvane Web Page")), &QAction::triggered, this,
-            &MainWindow::OpenWebPage);
+    slot(help, "mnuHelp", QStringLiteral("Contents"), &MainWindow::OpenHelp);
+    command(help, "mnuAbout", QStringLiteral("About Karvane Software"));
+    slot(help, "mnuWebPage", QStringLiteral("Karvane Web Page"), &MainWindow::OpenWebPage);
 
     // The entries of commands whose work is not part of this version.
     for (const auto& [name, a] : actions_) {

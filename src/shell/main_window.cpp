@@ -342,7 +342,7 @@ void MainWindow::TitleChanged() { UpdateCaption(); }
 
 bool MainWindow::Trigger(const QString& name) {
     QAction* a = action(name);
-    if (!a && name.startsWith(QStringLiteral("Tool"))) a = toolButton(name.mid(4).toInt());
+    if (!a) a = findChild<QAction*>(name);
     if (!a || !a->isEnabled()) return false;
     a->trigger();
     return true;

@@ -95,7 +95,6 @@ public:
     // The commands of the program.
     void Simulate();
     void Troubleshoot(std::int16_t mode) override;
-    void ReseedAirflows();
 
     // edit::ToolHost
     display::Surface* CurrentSurface() override { return views_->CurrentSurface(); }
@@ -247,7 +246,6 @@ private:
     bool mainLoading_ = true;
     bool runActive_ = false;
     bool listsLoading_ = false;
-    bool confirmations_ = false;
     bool ending_ = false;
     QString lastBitmapName_;
     bool fileNotePlaced_ = false;

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSlider>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTimer>
 #include <QToolBar>
@@ -481,6 +482,45 @@ void MainWindowTest::realTimeStationsAreReadAndResultsWritten() {
     m.Stations.InputFile = ToPath(rig.Temp.filePath(QStringLiteral("missing.rem")));
     QVERIFY(rig.W().Trigger(QStringLiteral("mnuRemote")));
     QVERIFY(rig.Ui.Said(exchange::StationFileErrorText));
+}
+
+// The menu entries that open a form reach it through the command table and the window's forms
+// by control name: each opens its own dialog, and none is refused as missing.
+void MainWindowTest::eachFormEntryOpensItsOwnDialog() {
+    ShellRig rig;
+    rig.OpenDemo();
+    const std::pair<const char*, const char*> entries[] = {
+        {"mnuFanData", "karvane::dialogs::FanDataDialog"},
+        {"mnuRLBase", "karvane::dialogs::LevelListDialog"},
+        {"mnuOptionShow", "karvane::dialogs::OptionsDialog"},
+        {"mnuSummary", "karvane::dialogs::SummaryDialog"},
+        {"mnuShowLayers", "karvane::dialogs::LayersDialog"},
+        {"mnuViewData", "karvane::dialogs::ViewerDialog"},
+        {"mnucpAttrib", "karvane::dialogs::AttribDialog"},
+        {"mnuFBName", "karvane::dialogs::NameListDialog"},
+        {"mnuLevels1", "karvane::dialogs::SelectLevelsDialog"},
+        {"mnuLevels2", "karvane::dialogs::RangeDialog"},
+        {"mnuAbout", "frmAbout2"},
+    };
+    for (const auto& [name, dialog] : entries) {
+        QString seen;
+        QTimer closer;
+        closer.setInterval(10);
+        QObject::connect(&closer, &QTimer::timeout, [&seen] {
+            auto* open = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!open) return;
+            seen = open->objectName() == QStringLiteral("frmAbout2")
+                       ? open->objectName()
+                       : QString::fromLatin1(open->metaObject()->className());
+            open->reject();
+        });
+        closer.start();
+        rig.W().statusBar()->clearMessage();
+        QVERIFY2(rig.W().Trigger(QString::fromLatin1(name)), name);
+        closer.stop();
+        QCOMPARE(seen, QString::fromLatin1(dialog));
+        QCOMPARE(rig.W().statusBar()->currentMessage(), QString());
+    }
 }
 
 } // namespace karvane::shell::testing

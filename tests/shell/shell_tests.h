@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aSmokeRunShowsItsLegendAndTheSliderCutsTheTime();
     void exportsImportsAndSimplifiesTheNetwork();
     void realTimeStationsAreReadAndResultsWritten();
+    void eachFormEntryOpensItsOwnDialog();
 };
 
 // The view windows: gestures, tools, windows.
