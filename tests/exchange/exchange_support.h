@@ -14,6 +14,7 @@
 #include "display/view_state.h"
 #include "engineering/resistance.h"
 #include "files/app_folder.h"
+#include "files/network_file.h"
 #include "model/network_rows.h"
 #include "model/node_keys.h"
 
@@ -61,6 +62,13 @@ inline Ends EndsOf(const Airway& a) { return {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2
 inline std::vector<Ends> AllEnds(const Model& m) {
     std::vector<Ends> out;
     for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out.push_back(EndsOf(m.Airways[static_cast<std::size_t>(r)]));
+    return out;
+}
+
+// The rows of a network as the network file writes them, one a line.
+inline std::string RowsText(Model& m) {
+    std::string out;
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out += files::AirwayRowText(m, r, '.') + "\r\n";
     return out;
 }
 

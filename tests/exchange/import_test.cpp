@@ -11,6 +11,7 @@
 #include "exchange/text_export.h"
 #include "exchange_support.h"
 #include "model/level_list.h"
+#include "support/golden.h"
 
 using namespace karvane;
 using namespace karvane::exchange;
@@ -19,6 +20,8 @@ using karvane::testing::CrLf;
 using karvane::testing::Ends;
 using karvane::testing::EndsOf;
 using karvane::testing::ExchangeBench;
+using karvane::testing::ExpectGolden;
+using karvane::testing::RowsText;
 
 namespace {
 
@@ -59,23 +62,11 @@ TEST(TextImport, ColumnsUnitsAndNumbering) {
     ASSERT_EQ(m.AirwayCount, 2);
     EXPECT_EQ(report.RowsRead, 2);
     EXPECT_TRUE(report.ReadToEnd);
-    const Airway& a = m.Airways[1];
-    EXPECT_EQ(EndsOf(a), (Ends{100, 0, 500, 200, 0, 500}));
-    EXPECT_FLOAT_EQ(a.Quantity, 10.0f);
-    EXPECT_EQ(a.FanNumber, 3);
-    EXPECT_EQ(a.NoOfFans, 2);
-    EXPECT_EQ(a.BranchName, "Drive A");
-    EXPECT_EQ(a.EntryNode, "N1");
-    EXPECT_EQ(a.ExitNode, "N2");
-    EXPECT_FLOAT_EQ(a.Height, 4.0f);
-    EXPECT_FLOAT_EQ(a.Width, 5.0f);
-    // Both separators read; a replaced network numbers its airways from 1.
-    EXPECT_EQ(EndsOf(m.Airways[2]), (Ends{200, 0, 500, 200, 100, 400}));
-    EXPECT_EQ(a.AirwayNo, 1);
-    EXPECT_EQ(m.Airways[2].AirwayNo, 2);
+    // Feet to metres, names trimmed, both decimal separators read; a replaced network numbers
+    // its airways from 1.
+    ExpectGolden("imported_text_columns.txt", RowsText(m));
     EXPECT_EQ(m.Set.LastAirwayNo, 2);
     EXPECT_EQ(m.NetworkSaved, No0);
-    EXPECT_NE(a.EntryKey, 0);
 }
 
 TEST(TextImport, ExportedAndImportedAgainUnderEitherUnitSystem) {
@@ -170,34 +161,13 @@ TEST(Import, FinishingOfNewRows) {
     f.ChkRDrive = true;
     f.ChkRRaise = true;
     ASSERT_TRUE(ImportFile(m, b.ui(), b.Dir.File("in.txt"), f));
-    ASSERT_EQ(m.AirwayCount, 5);
-    const Airway* a = &m.Airways[0];
-    EXPECT_EQ(a[1].BranchCode, bc::Rectangular);
-    EXPECT_FLOAT_EQ(a[1].Height, 3.5f);
-    EXPECT_FLOAT_EQ(a[1].Width, 4.5f);
-    EXPECT_EQ(a[1].ResType, CustomPreset) << "a drive keeps the resistance of the file";
-    EXPECT_FLOAT_EQ(a[1].Resistance, 2.5f);
-    EXPECT_EQ(a[2].BranchCode, bc::Rectangular) << "66 down over 100 along is no raise";
-    EXPECT_EQ(a[3].BranchCode, bc::Circular);
-    EXPECT_FLOAT_EQ(a[3].Height, 0.0f);
-    EXPECT_FLOAT_EQ(a[3].Width, 2.4f);
-    EXPECT_EQ(a[3].ResType, CustomPreset);
-    EXPECT_EQ(a[4].BranchCode, bc::Rectangular | bc::FansInSeries);
-    EXPECT_FLOAT_EQ(a[4].Height, 3.0f);
-    EXPECT_EQ(a[4].ResType, CustomPreset) << "the shape decides before the fan bit is added";
-    EXPECT_FLOAT_EQ(a[4].Resistance, 7.5f);
-    EXPECT_EQ(a[5].ResType, CustomPreset);
-    EXPECT_FLOAT_EQ(a[5].Resistance, 9.25f);
-    for (int r = 1; r <= 5; ++r) {
-        EXPECT_EQ(a[r].WallType, 4) << r;
-        EXPECT_FLOAT_EQ(a[r].WallFactor, 0.012f) << r;
-        EXPECT_EQ(a[r].ShockType, 3);
-        EXPECT_FLOAT_EQ(a[r].ShockFactor, 12.5f);
-        EXPECT_EQ(a[r].PrimaryLayer, 5);
-        EXPECT_EQ(a[r].SecondLayer, 30);
-    }
+    // A drive keeps the resistance of the file; 66 down over 100 along is no raise; the shape
+    // decides before the fan bit is added; every row takes the friction and shock presets and the
+    // drawing layers.
+    ExpectGolden("imported_finished_rows.txt", RowsText(m));
 
-    // Common size: the steep one is a drive too. Area entry: perimeter and area.
+    // Common size: the steep one is a drive too, a width alone a diameter. Area entry: perimeter
+    // and area.
     ExchangeBench c;
     c.m().Set.UseArea = -1;
     c.Dir.Write("in.txt", CrLf({Heading, Row("0\t0\t500\t10\t0\t400"),
@@ -205,10 +175,7 @@ TEST(Import, FinishingOfNewRows) {
     ImportFields g;
     g.ChkSize = true;
     ASSERT_TRUE(ImportFile(c.m(), c.ui(), c.Dir.File("in.txt"), g));
-    EXPECT_EQ(c.m().Airways[1].BranchCode, bc::AreaEntry);
-    EXPECT_FLOAT_EQ(c.m().Airways[1].Height, 20.0f);
-    EXPECT_FLOAT_EQ(c.m().Airways[1].Width, 25.0f);
-    EXPECT_EQ(c.m().Airways[2].BranchCode, bc::Circular) << "a width alone is a diameter";
+    ExpectGolden("imported_common_size.txt", RowsText(c.m()));
 }
 
 TEST(Import, LevelsSpanningTheImport) {

@@ -264,51 +264,52 @@ TEST(Simplify, ChainBecomesOneAirwayInOneStep) {
 }
 
 TEST(Simplify, WhatStopsAChain) {
-    // A junction: two ways out of a row, and two ways into a row.
-    {
+    struct Case {
+        const char* What;
+        std::vector<Ends> Rows;
+        void (*Change)(Model&);
+        int Angle;
+        std::int32_t Merged;
+    };
+    const std::vector<Ends> pair{{200, 0, 500, 100, 0, 500}, {100, 0, 500, 0, 0, 500}};
+    const std::vector<Ends> corner{{100, 0, 500, 0, 0, 500}, {0, 0, 500, 0, 100, 500}};
+    const std::vector<Case> cases{
+        {"a junction: two ways out of a row, and two ways into a row",
+         {{0, 0, 500, 100, 0, 500},
+          {100, 0, 500, 200, 0, 500},
+          {100, 0, 500, 100, 100, 500},
+          {150, 100, 500, 200, 0, 500},
+          {200, 0, 500, 300, 0, 500}},
+         nullptr,
+         180,
+         0},
+        {"a fan stops the merge on both sides of it",
+         {{300, 0, 500, 200, 0, 500}, {200, 0, 500, 100, 0, 500}, {100, 0, 500, 0, 0, 500}},
+         [](Model& m) { m.Airways[2].FanNumber = 1; },
+         10,
+         0},
+        {"a surface connection is never merged: the shaft's top lies on the surface level",
+         {{0, 0, 1000, 0, 0, 500}, {0, 0, 500, 0, 0, 400}, {0, 0, 400, 0, 0, 300}},
+         nullptr,
+         10,
+         1},
+        // Fixed flow: only the starting row is tested.
+        {"a fixed airway merges away behind a plain one", pair,
+         [](Model& m) { m.Airways[2].BranchCode |= bc::FixedFlow; }, 10, 1},
+        {"a fixed airway stops the merge of the airway behind it", pair,
+         [](Model& m) { m.Airways[1].BranchCode |= bc::FixedFlow; }, 10, 0},
+        {"a right angle at the limit of 90", corner, nullptr, 90, 1},
+        {"a right angle past the limit of 89", corner, nullptr, 89, 0},
+    };
+    for (const Case& c : cases) {
         SimplifyRun run;
-        run.B.Add(0, 0, 500, 100, 0, 500);
-        run.B.Add(100, 0, 500, 200, 0, 500);
-        run.B.Add(100, 0, 500, 100, 100, 500);
-        run.B.Add(150, 100, 500, 200, 0, 500);
-        run.B.Add(200, 0, 500, 300, 0, 500);
-        EXPECT_EQ(run.Simplify(Fields(500, 180)), 0);
-    }
-    // A fan stops the merge on both sides of it.
-    {
-        SimplifyRun run;
-        run.B.Add(300, 0, 500, 200, 0, 500);
-        run.B.Add(200, 0, 500, 100, 0, 500).FanNumber = 1;
-        run.B.Add(100, 0, 500, 0, 0, 500);
-        EXPECT_EQ(run.Simplify(Fields(500, 10)), 0);
-    }
-    // A surface connection is never merged: the shaft's top lies on the surface level.
-    {
-        SimplifyRun run;
-        run.B.Add(0, 0, 1000, 0, 0, 500);
-        run.B.Add(0, 0, 500, 0, 0, 400);
-        run.B.Add(0, 0, 400, 0, 0, 300);
-        EXPECT_EQ(run.Simplify(Fields(500, 10)), 1);
-        EXPECT_EQ(AllEnds(run.B.m()), (std::vector<Ends>{{0, 0, 500, 0, 0, 300}, {0, 0, 1000, 0, 0, 500}}));
-    }
-    // Fixed flow: only the starting row is tested, so a fixed airway merges away behind a plain
-    // one, and stops the merge of the airway behind it.
-    for (int fixed : {1, 2}) {
-        SimplifyRun run;
-        run.B.Add(200, 0, 500, 100, 0, 500);
-        run.B.Add(100, 0, 500, 0, 0, 500);
-        run.B.m().Airways[static_cast<std::size_t>(fixed)].BranchCode |= bc::FixedFlow;
-        EXPECT_EQ(run.Simplify(Fields(500, 10)), fixed == 2 ? 1 : 0) << fixed;
+        for (const Ends& e : c.Rows) run.B.Add(e[0], e[1], e[2], e[3], e[4], e[5]);
+        if (c.Change) c.Change(run.B.m());
+        EXPECT_EQ(run.Simplify(Fields(500, c.Angle)), c.Merged) << c.What;
     }
 }
 
 TEST(Simplify, AngleAndLengthLimits) {
-    for (int limit : {90, 89}) {
-        SimplifyRun run;
-        run.B.Add(100, 0, 500, 0, 0, 500);
-        run.B.Add(0, 0, 500, 0, 100, 500);
-        EXPECT_EQ(run.Simplify(Fields(500, limit)), limit == 90 ? 1 : 0) << limit;
-    }
     // Running back along the same line counts as angle 0.
     EXPECT_EQ(MergeAngle(-1), 0);
     EXPECT_EQ(MergeAngle(1), 0);

@@ -8,12 +8,11 @@
 
 #include "app_folder.h"
 #include "files/fan_file.h"
+#include "support/golden.h"
 
 using namespace karvane;
 using namespace karvane::files;
-using karvane::testing::AppFolder;
-using karvane::testing::CrLf;
-using karvane::testing::SetUpBuiltIn;
+using namespace karvane::testing;
 
 namespace {
 
@@ -49,14 +48,10 @@ TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     ASSERT_TRUE(SaveFanDatabase(m, dir.Ui));
     EXPECT_EQ(m.FanStamp, 8);
 
+    // The stored text is the format; read back over other fans and saved again, the same text
+    // but for a stamp one higher: every field came to its place, the free rows stayed free.
     const std::string text = dir.Read("fansdata.dat");
-    EXPECT_EQ(text.substr(0, text.find("\r\n") + 2), "2.6 KARVANE\t 8 \r\n");
-    EXPECT_NE(text.find(Headings), std::string::npos);
-    EXPECT_NE(text.find("\r\n 3 \tBooster, No. 2\t 1.6 \r\n"), std::string::npos);
-    EXPECT_NE(text.find("\r\n 10 \t 2000 \t 250 \t 80 \t 2050 \r\n"), std::string::npos);
-    EXPECT_NE(text.find("\r\n 1 \t 0 \t 10 \t 0 \t 800 \r\n"), std::string::npos);
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 3 + 4 * 11);
-
+    ExpectGolden("fansdata.dat", text);
     Model n;
     SetUpBuiltIn(n);
     n.Fans[2].FanName = "to be blanked";
@@ -66,24 +61,9 @@ TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     EXPECT_TRUE(dir.Ui.Transcript.empty());
     EXPECT_EQ(n.FanStamp, 8);
     EXPECT_EQ(n.FansSaved, Yes255);
-    EXPECT_TRUE(n.Fans[2].IsFree());
     EXPECT_EQ(n.Fans[2].FanName, "");
-    EXPECT_TRUE(n.Fans[4].IsFree());
-    EXPECT_EQ(n.Fans[3].FanName, "Booster, No. 2");
-    EXPECT_EQ(n.Fans[3].FanDiam, 1.6f);
-    EXPECT_EQ(n.Fans[5].FanPTotal[1], 800.0f);
-    EXPECT_FALSE(n.Fans[5].IsFree());
-    EXPECT_EQ(n.Fans[250].FanName, "Last");
-    for (int p = 1; p <= 10; ++p) {
-        EXPECT_EQ(n.Fans[1].FanQ[p], m.Fans[1].FanQ[p]);
-        EXPECT_EQ(n.Fans[1].FanPStatic[p], m.Fans[1].FanPStatic[p]);
-        EXPECT_EQ(n.Fans[1].FanPTotal[p], m.Fans[1].FanPTotal[p]);
-        EXPECT_EQ(n.Fans[1].FanEff[p], m.Fans[1].FanEff[p]);
-    }
-
-    // Saved again unchanged: the same text but for a stamp one higher.
     ASSERT_TRUE(SaveFanDatabase(n, dir.Ui));
-    std::string again = dir.Read("fansdata.dat");
+    const std::string again = dir.Read("fansdata.dat");
     EXPECT_EQ(again.substr(0, again.find("\r\n")), "2.6 KARVANE\t 9 ");
     EXPECT_EQ(again.substr(again.find("\r\n")), text.substr(text.find("\r\n")));
 

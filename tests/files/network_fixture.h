@@ -1,5 +1,6 @@
 // A network with every kind of field the network file carries, and small helpers to write it
-// to text and to split text into lines and fields, shared by the network file and load tests.
+// (or the defaults block alone) to text and to split text into lines and fields, shared by the
+// tests of the files folder.
 #pragma once
 
 #include <string>
@@ -7,6 +8,7 @@
 
 #include "app_folder.h"
 #include "engineering/resistance.h"
+#include "files/defaults_file.h"
 #include "files/network_file.h"
 #include "files/text_file.h"
 #include "model/level_list.h"
@@ -163,6 +165,16 @@ inline std::string NetworkText(Model& model, char sep) {
     files::WriteNetwork(out, model, sep);
     EXPECT_EQ(out.Commit(), 0);
     return dir.Read("net.sim");
+}
+
+// The defaults block as Defaults.dat and the network file hold it.
+inline std::string DefaultsText(const Model& model, char sep = '.') {
+    AppFolder dir;
+    files::TextFileWriter out;
+    EXPECT_EQ(out.Open(dir.File("block.txt")), 0);
+    files::WriteDefaultsBlock(out, model, sep);
+    EXPECT_EQ(out.Commit(), 0);
+    return dir.Read("block.txt");
 }
 
 inline std::vector<std::string> SplitText(const std::string& text, const std::string& by) {

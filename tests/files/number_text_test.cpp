@@ -12,43 +12,41 @@
 using namespace karvane;
 using namespace karvane::files;
 
-TEST(NumberText, PlainSingleForms) {
-    EXPECT_EQ(PlainSingle(1000000000.0f, '.'), "1E+09");
-    EXPECT_EQ(PlainSingle(0.00001f, '.'), "0.00001");
-    EXPECT_EQ(PlainSingle(1.8f, '.'), "1.8");
-    EXPECT_EQ(PlainSingle(-1.5f, '.'), "-1.5");
-    EXPECT_EQ(PlainSingle(-1.5f, ','), "-1,5");
-    EXPECT_EQ(PlainSingle(42.0f, '.'), "42");
-    EXPECT_EQ(PlainSingle(0.0f, '.'), "0");
-    EXPECT_EQ(PlainSingle(-0.0f, '.'), "0");
-    EXPECT_EQ(PlainSingle(0.1f, '.'), "0.1");
-    EXPECT_EQ(PlainSingle(0.012f, '.'), "0.012");
-    // Seven significant digits, then exponent form.
-    EXPECT_EQ(PlainSingle(1234567.0f, '.'), "1234567");
-    EXPECT_EQ(PlainSingle(12345678.0f, '.'), "1.234568E+07");
-    EXPECT_EQ(PlainSingle(9999999.0f, '.'), "9999999");
-    EXPECT_EQ(PlainSingle(-9999999.0f, '.'), "-9999999");
-    EXPECT_EQ(PlainSingle(0.000001f, '.'), "1E-06");
-    EXPECT_EQ(PlainSingle(1.5e-7f, ','), "1,5E-07");
-    EXPECT_EQ(PlainSingle(2.0f / 3.0f, '.'), "0.6666667");
-}
-
-TEST(NumberText, PlainDoubleIntAndPadded) {
-    EXPECT_EQ(PlainDouble(0.0, '.'), "0");
-    EXPECT_EQ(PlainDouble(1.0, '.'), "1");
-    EXPECT_EQ(PlainDouble(0.1, '.'), "0.1");
+TEST(NumberText, WrittenForms) {
+    // Seven significant digits, then exponent form; no negative zero.
+    struct Single {
+        float Value;
+        char Sep;
+        const char* Text;
+    };
+    for (const Single& c : std::vector<Single>{{1000000000.0f, '.', "1E+09"},
+                                               {0.00001f, '.', "0.00001"},
+                                               {1.8f, '.', "1.8"},
+                                               {-1.5f, '.', "-1.5"},
+                                               {-1.5f, ',', "-1,5"},
+                                               {42.0f, '.', "42"},
+                                               {0.0f, '.', "0"},
+                                               {-0.0f, '.', "0"},
+                                               {0.1f, '.', "0.1"},
+                                               {0.012f, '.', "0.012"},
+                                               {1234567.0f, '.', "1234567"},
+                                               {12345678.0f, '.', "1.234568E+07"},
+                                               {9999999.0f, '.', "9999999"},
+                                               {-9999999.0f, '.', "-9999999"},
+                                               {0.000001f, '.', "1E-06"},
+                                               {1.5e-7f, ',', "1,5E-07"},
+                                               {2.0f / 3.0f, '.', "0.6666667"}})
+        EXPECT_EQ(PlainSingle(c.Value, c.Sep), c.Text) << c.Text;
+    for (auto [value, text] : std::vector<std::pair<double, const char*>>{
+             {0.0, "0"}, {1.0, "1"}, {0.1, "0.1"}, {1e15, "1E+15"}, {123456789012345.0, "123456789012345"}})
+        EXPECT_EQ(PlainDouble(value, '.'), text);
     EXPECT_EQ(PlainDouble(50.0, ','), "50");
-    EXPECT_EQ(PlainDouble(1e15, '.'), "1E+15");
-    EXPECT_EQ(PlainDouble(123456789012345.0, '.'), "123456789012345");
     EXPECT_EQ(PlainInt(-32768), "-32768");
-
     EXPECT_EQ(PaddedInt(42), " 42 ");
     EXPECT_EQ(PaddedSingle(-1.5f, '.'), "-1.5 ");
     EXPECT_EQ(PaddedSingle(0.0f, ','), " 0 ");
-    EXPECT_EQ(PaddedSingle(1000000000.0f, '.'), " 1E+09 ");
     EXPECT_EQ(PaddedDouble(1.8, ','), " 1,8 ");
-    EXPECT_EQ(BoolWord(true), "True");
-    EXPECT_EQ(BoolWord(false), "False");
+    EXPECT_EQ(BoolWord(true) + BoolWord(false), "TrueFalse");
 }
 
 TEST(NumberText, FixedPoint) {
@@ -59,42 +57,45 @@ TEST(NumberText, FixedPoint) {
     EXPECT_EQ(PlainFixed(std::numeric_limits<Fixed4>::min(), '.'), "-922337203685477.5808");
     EXPECT_EQ(PaddedFixed(5110000, '.'), " 511 ");
 
-    EXPECT_EQ(ParseFixed("12.5"), 125000);
-    EXPECT_EQ(ParseFixed(" -0,0001 "), -1);
-    EXPECT_EQ(ParseFixed("1.23456"), 12345); // cut, not rounded, at 4 decimals
-    EXPECT_EQ(ParseFixed(""), 0);
-    EXPECT_EQ(ParseFixed("x"), 0);
-    EXPECT_EQ(ParseFixed("1E+03"), 10000000);
-    EXPECT_EQ(ParseFixed("99999999999999999999999"), std::numeric_limits<Fixed4>::max());
-    EXPECT_EQ(ParseFixed("-99999999999999999999999"), std::numeric_limits<Fixed4>::min());
+    // Cut, not rounded, at 4 decimals; held at the ends of the type.
+    for (auto [text, value] :
+         std::vector<std::pair<const char*, Fixed4>>{{"12.5", 125000},
+                                                     {" -0,0001 ", -1},
+                                                     {"1.23456", 12345},
+                                                     {"", 0},
+                                                     {"x", 0},
+                                                     {"1E+03", 10000000},
+                                                     {"99999999999999999999999", std::numeric_limits<Fixed4>::max()},
+                                                     {"-99999999999999999999999", std::numeric_limits<Fixed4>::min()}})
+        EXPECT_EQ(ParseFixed(text), value) << text;
     // Every fixed value reads back exactly from its text.
     for (Fixed4 v : {Fixed4{0}, Fixed4{1}, Fixed4{-1}, Fixed4{9999}, Fixed4{-123456789}, Fixed4{90000000000000000}})
         EXPECT_EQ(ParseFixed(PlainFixed(v, ',')), v) << v;
 }
 
 TEST(NumberText, ParseEitherSeparator) {
-    EXPECT_DOUBLE_EQ(ParseNumber("1,5"), 1.5);
-    EXPECT_DOUBLE_EQ(ParseNumber(" 1.5 "), 1.5);
-    EXPECT_DOUBLE_EQ(ParseNumber("-1,5 "), -1.5);
-    EXPECT_DOUBLE_EQ(ParseNumber("\t42\t"), 42.0);
-    EXPECT_DOUBLE_EQ(ParseNumber("1E+09"), 1e9);
-    EXPECT_DOUBLE_EQ(ParseNumber("1,5E-07"), 1.5e-7);
-    EXPECT_DOUBLE_EQ(ParseNumber(".5"), 0.5);
-    EXPECT_DOUBLE_EQ(ParseNumber("12abc"), 12.0);
-    EXPECT_DOUBLE_EQ(ParseNumber("3E"), 3.0);
-    EXPECT_DOUBLE_EQ(ParseNumber("abc"), 0.0);
-    EXPECT_DOUBLE_EQ(ParseNumber(""), 0.0);
-    EXPECT_DOUBLE_EQ(ParseNumber("-"), 0.0);
-    EXPECT_DOUBLE_EQ(ParseNumber("1e999999"), std::numeric_limits<double>::max());
-    EXPECT_DOUBLE_EQ(ParseNumber("-1e999999"), -std::numeric_limits<double>::max());
-    EXPECT_DOUBLE_EQ(ParseNumber("1e-999999"), 0.0);
+    const double max = std::numeric_limits<double>::max();
+    for (auto [text, value] : std::vector<std::pair<const char*, double>>{{"1,5", 1.5},
+                                                                          {" 1.5 ", 1.5},
+                                                                          {"-1,5 ", -1.5},
+                                                                          {"\t42\t", 42.0},
+                                                                          {"1E+09", 1e9},
+                                                                          {"1,5E-07", 1.5e-7},
+                                                                          {".5", 0.5},
+                                                                          {"12abc", 12.0},
+                                                                          {"3E", 3.0},
+                                                                          {"abc", 0.0},
+                                                                          {"", 0.0},
+                                                                          {"-", 0.0},
+                                                                          {"1e999999", max},
+                                                                          {"-1e999999", -max},
+                                                                          {"1e-999999", 0.0}})
+        EXPECT_DOUBLE_EQ(ParseNumber(text), value) << text;
     EXPECT_TRUE(IsNumber(" -3 "));
     EXPECT_FALSE(IsNumber("True"));
-    EXPECT_TRUE(ParseBool("True"));
-    EXPECT_TRUE(ParseBool(" true "));
-    EXPECT_TRUE(ParseBool("-1"));
-    EXPECT_FALSE(ParseBool("False"));
-    EXPECT_FALSE(ParseBool(""));
+    for (auto [text, value] : std::vector<std::pair<const char*, bool>>{
+             {"True", true}, {" true ", true}, {"-1", true}, {"False", false}, {"", false}})
+        EXPECT_EQ(ParseBool(text), value) << text;
 }
 
 // A Single written in plain form, read back and written again gives the same text: the second
@@ -127,67 +128,44 @@ TEST(NumberText, SaturatingStores) {
     EXPECT_EQ(ToSingle(std::nan("")), 0.0f);
 }
 
-TEST(NumberText, SplitLineTabForm) {
+namespace {
+
+// The fields a line splits into, from the first up to the count given.
+std::vector<std::string> Split(double version, const std::string& line, char sep, std::size_t count) {
     Fields f;
-    SplitLine(3.1, "Shaft No.2, upper\t1.5\t\t 7 \tlast", f, ',');
-    EXPECT_EQ(f[1], "Shaft No,2, upper");
-    EXPECT_EQ(f[2], "1,5");
-    EXPECT_EQ(f[3], "");
-    EXPECT_EQ(f[4], " 7 ");
-    EXPECT_EQ(f[5], "last");
-    EXPECT_EQ(f[6], "");
-
-    SplitLine(2.5, "a,b\t2,25", f, '.');
-    EXPECT_EQ(f[1], "a.b");
-    EXPECT_EQ(f[2], "2.25");
-
-    // A line that ends in a tab has one more, empty, field.
-    SplitLine(3.1, "x\t", f, '.');
-    EXPECT_EQ(f[1], "x");
-    EXPECT_EQ(f[2], "");
-
-    // Beyond 100 fields the rest of the line stays in field 100.
-    std::string many;
-    for (int i = 1; i <= 105; ++i) many += std::to_string(i) + "\t";
-    SplitLine(3.1, many, f, '.');
-    EXPECT_EQ(f[99], "99");
-    EXPECT_EQ(f[100].substr(0, 4), "100\t");
-
-    SplitFields(3.1, "Shaft No.2, upper\t1.5", f);
-    EXPECT_EQ(f[1], "Shaft No.2, upper");
-    EXPECT_EQ(f[2], "1.5");
+    SplitLine(version, line, f, sep);
+    return std::vector<std::string>(f.begin() + 1, f.begin() + 1 + static_cast<std::ptrdiff_t>(count));
 }
 
-TEST(NumberText, SplitLineCommaForm) {
+} // namespace
+
+TEST(NumberText, SplitLine) {
+    using V = std::vector<std::string>;
+    // Tab form: the decimal separator of the machine in every field; a line that ends in a tab
+    // has one more, empty, field.
+    EXPECT_EQ(Split(3.1, "Shaft No.2, upper\t1.5\t\t 7 \tlast", ',', 6),
+              (V{"Shaft No,2, upper", "1,5", "", " 7 ", "last", ""}));
+    EXPECT_EQ(Split(2.5, "a,b\t2,25", '.', 2), (V{"a.b", "2.25"}));
+    EXPECT_EQ(Split(3.1, "x\t", '.', 2), (V{"x", ""}));
+    // Comma form: a quoted item keeps its comma, blanks before an item are dropped, an
+    // unterminated quote takes the rest of the line, the last field is held to 30 characters.
+    EXPECT_EQ(Split(2.4, "\"Drive, east\",1.5, 3 ,,x", ',', 6), (V{"Drive, east", "1,5", "3 ", "", "x", ""}));
+    EXPECT_EQ(Split(2.0, "a.b,2.5", '.', 2), (V{"a.b", "2.5"}));
+    EXPECT_EQ(Split(1.5, "a," + std::string(40, 'z'), '.', 2), (V{"a", std::string(30, 'z')}));
+    EXPECT_EQ(Split(2.4, "\"open,ended", '.', 1), (V{"open,ended"}));
+
+    // Beyond 100 fields the rest of the line stays in field 100.
+    for (auto [version, sep] : {std::pair{3.1, '\t'}, std::pair{2.4, ','}}) {
+        std::string many;
+        for (int i = 1; i <= 150; ++i) many += std::to_string(i) + sep;
+        const V f = Split(version, many, '.', 100);
+        EXPECT_EQ(f[98], "99");
+        EXPECT_EQ(f[99].substr(0, 4), "100" + std::string(1, sep));
+    }
+
     Fields f;
-    SplitLine(2.4, "\"Drive, east\",1.5, 3 ,,x", f, ',');
-    EXPECT_EQ(f[1], "Drive, east"); // quoted item keeps its comma
-    EXPECT_EQ(f[2], "1,5");
-    EXPECT_EQ(f[3], "3 "); // blanks before an item are dropped
-    EXPECT_EQ(f[4], "");
-    EXPECT_EQ(f[5], "x");
-    EXPECT_EQ(f[6], "");
-
-    SplitLine(2.0, "a.b,2.5", f, '.');
-    EXPECT_EQ(f[1], "a.b");
-    EXPECT_EQ(f[2], "2.5");
-
-    // The last field is held to 30 characters.
-    SplitLine(1.5, "a," + std::string(40, 'z'), f, '.');
-    EXPECT_EQ(f[2], std::string(30, 'z'));
-
-    // More than 100 items: no field beyond 100 is touched, and nothing breaks.
-    std::string many;
-    for (int i = 1; i <= 150; ++i) many += std::to_string(i) + ",";
-    SplitLine(2.4, many, f, '.');
-    EXPECT_EQ(f[99], "99");
-    EXPECT_EQ(f[100].substr(0, 4), "100,");
-
+    SplitFields(3.1, "Shaft No.2, upper\t1.5", f);
+    EXPECT_EQ(f[1] + "|" + f[2], "Shaft No.2, upper|1.5");
     SplitFields(2.4, "\"No.3\",1.5", f);
-    EXPECT_EQ(f[1], "No.3");
-    EXPECT_EQ(f[2], "1.5");
-
-    // An unterminated quote takes the rest of the line.
-    SplitLine(2.4, "\"open,ended", f, '.');
-    EXPECT_EQ(f[1], "open,ended");
+    EXPECT_EQ(f[1] + "|" + f[2], "No.3|1.5");
 }

@@ -5,16 +5,15 @@
 #include <filesystem>
 #include <string>
 
-#include "app_folder.h"
 #include "files/defaults_file.h"
 #include "files/old_settings.h"
 #include "files/text_file.h"
+#include "network_fixture.h"
+#include "support/golden.h"
 
 using namespace karvane;
 using namespace karvane::files;
-using karvane::testing::AppFolder;
-using karvane::testing::CrLf;
-using karvane::testing::SetUpBuiltIn;
+using namespace karvane::testing;
 
 namespace {
 
@@ -26,118 +25,34 @@ bool LoadFixture(Model& m, AppFolder& dir, const std::string& name) {
 
 } // namespace
 
-TEST(OldDefaultsFile, Version23CommaFormWithExtraResistanceRows) {
-    AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    ASSERT_TRUE(LoadFixture(m, dir, "defaults_v23.dat"));
-    EXPECT_TRUE(dir.Ui.Transcript.empty());
-    const Presets& p = m.Preset;
-    const Settings& s = m.Set;
-
-    // Friction values of the true density become values at 1.2, to 4 decimals.
-    EXPECT_EQ(p.WallNames[0], "Smooth Pipes");
-    EXPECT_FLOAT_EQ(p.WallPreset[0], 0.003f);
-    EXPECT_FLOAT_EQ(p.WallPreset[5], 0.012f);
-    EXPECT_FLOAT_EQ(p.WallPreset[7], 0.025f);
-    EXPECT_FLOAT_EQ(p.WallPreset[10], 0.0583f);
-    EXPECT_EQ(p.WallNames[10], "Old Workings");
-    EXPECT_EQ(p.ResNames[1], "Bulkhead");
-    EXPECT_EQ(p.ResPreset[1], 5000.0f);
-    EXPECT_EQ(p.ResNames[11], "Reg 11");
-    EXPECT_EQ(p.ResPreset[49], 49.5f);
-    EXPECT_EQ(p.ShockNames[6], "Extreme");
-    EXPECT_EQ(p.ShockPreset[6], 400.0f);
-
-    // The first and last item of each group, the rules and the dropped items between.
-    EXPECT_EQ(s.NodeDivisions, 7);
-    EXPECT_EQ(s.GridSpacing, 75.5);
-    EXPECT_EQ(s.DriveWallType, 5);
-    EXPECT_EQ(s.RaiseDiameter, 2.1f);
-    EXPECT_EQ(s.SurfaceName, "MY SURFACE");
-    EXPECT_EQ(s.AllowErr, 0.01f);
-    EXPECT_EQ(s.AirwayCapacity, 20000);
-    EXPECT_EQ(s.RaiseWallType, 3);
-    EXPECT_EQ(s.Density, 1.2f) << "0 reads 1.2";
-    EXPECT_EQ(s.MaxFans, 300);
-    EXPECT_EQ(s.DisplayOptions, 255);
-    EXPECT_EQ(s.SurfaceBaro, 101.0f) << "0 reads 101";
-    EXPECT_TRUE(s.ScreenBuffer);
-    EXPECT_EQ(s.Colours[0], 65280);
-    EXPECT_EQ(s.Colours[7], 32768);
-    EXPECT_EQ(s.FontName[1], "Courier New");
-    EXPECT_EQ(s.FontBold[1], 1);
-    EXPECT_EQ(s.FontSize[3], 10);
-    EXPECT_EQ(s.FontName[4], "Arial") << "the fourth font is not in these files";
-    EXPECT_EQ(m.DefaultsSaved, No0) << "converted values are offered for saving";
-    EXPECT_EQ(m.Fans.size(), 301u);
+// Each old form read over the built-in values and written again in the current form: the golden
+// block holds every preset and setting where the reader put it (friction of the true density
+// brought to 1.2 at 4 decimals before 2.4, the extra resistance rows of KARVANE2 files, the zero
+// rules, the rows and items each form lacks left as they were). Below 1.0 nothing is read.
+TEST(OldDefaultsFile, EveryVersionAsWrittenNow) {
+    struct Case {
+        const char* File;
+        bool Saved;
+        std::size_t Fans;
+    };
+    for (const Case& c : {Case{"defaults_v09.dat", true, 251}, Case{"defaults_v23.dat", false, 301},
+                          Case{"defaults_v24.dat", true, 251}, Case{"defaults_v26.dat", true, 401}}) {
+        AppFolder dir;
+        Model m;
+        SetUpBuiltIn(m);
+        m.Preset.ResNames[11] = "kept";
+        m.DefaultsSaved = Yes255;
+        ASSERT_TRUE(LoadFixture(m, dir, c.File)) << c.File;
+        EXPECT_TRUE(dir.Ui.Transcript.empty()) << c.File;
+        EXPECT_EQ(m.DefaultsSaved, c.Saved ? Yes255 : No0) << c.File << ": converted values are offered for saving";
+        EXPECT_EQ(m.Fans.size(), c.Fans) << c.File;
+        ExpectGolden(std::string("loaded_") + c.File, DefaultsText(m));
+    }
 }
 
-TEST(OldDefaultsFile, Version24CommaFormWithoutExtrasOrFonts) {
-    AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    m.Preset.ResNames[11] = "kept";
-    ASSERT_TRUE(LoadFixture(m, dir, "defaults_v24.dat"));
-    EXPECT_TRUE(dir.Ui.Transcript.empty());
-    EXPECT_FLOAT_EQ(m.Preset.WallPreset[5], 0.012f) << "2.4 is already at density 1.2";
-    EXPECT_EQ(m.Preset.ResNames[10], "Custom");
-    EXPECT_EQ(m.Preset.ResNames[11], "kept") << "no extra rows without KARVANE2";
-    EXPECT_EQ(m.Set.Density, 1.1f);
-    EXPECT_EQ(m.Set.SurfaceBaro, 95.0f);
-    EXPECT_EQ(m.Set.MaxFans, 250) << "0 reads 250";
-    EXPECT_FALSE(m.Set.ScreenBuffer);
-    EXPECT_EQ(m.Set.Colours[7], 8);
-    EXPECT_EQ(m.Set.FontName[1], "Arial");
-    EXPECT_EQ(m.DefaultsSaved, Yes255);
-}
-
-TEST(OldDefaultsFile, Version26LineForm) {
-    AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    ASSERT_TRUE(LoadFixture(m, dir, "defaults_v26.dat"));
-    EXPECT_TRUE(dir.Ui.Transcript.empty());
-    const Presets& p = m.Preset;
-    const Settings& s = m.Set;
-    EXPECT_EQ(p.WallNames[10], "Wall 10");
-    EXPECT_FLOAT_EQ(p.WallPreset[3], 0.04f);
-    // Rows 0 to 10 of the resistances are not in this form, and the bulkhead is the blocked value.
-    EXPECT_EQ(p.ResNames[2], "Steel Door");
-    EXPECT_EQ(p.ResPreset[1], 1e9f);
-    EXPECT_EQ(p.ResNames[11], "Reg 11");
-    EXPECT_EQ(p.ResNames[12], "undefined");
-    EXPECT_EQ(p.ResPreset[49], 49.0f);
-    EXPECT_EQ(p.ResNames[50], "Custom Res");
-    EXPECT_EQ(p.ShockNames[6], "Shock 6");
-    EXPECT_EQ(p.ShockPreset[6], 60.0f);
-
-    EXPECT_EQ(s.NodeDivisions, 8);
-    EXPECT_EQ(s.PickDivisions, 30);
-    EXPECT_EQ(s.DriveWallType, 6);
-    EXPECT_EQ(s.RaiseDiameter, 3.0f);
-    EXPECT_EQ(s.SurfaceName, "TOP");
-    EXPECT_EQ(s.AllowErr, 0.02f);
-    EXPECT_EQ(s.AirwayCapacity, 30000);
-    EXPECT_EQ(s.PowerCost, 0.1f);
-    EXPECT_EQ(s.Density, 1.2f);
-    EXPECT_EQ(s.MaxFans, 400);
-    EXPECT_EQ(s.TiltSpeed, 0.0f) << "the start-up step, not the reader, puts 2 in place of 0";
-    EXPECT_EQ(s.DisplayOptions, 127);
-    EXPECT_EQ(s.SurfaceBaro, 98.5f);
-    EXPECT_TRUE(s.ScreenBuffer);
-    EXPECT_EQ(s.ViewBoxWidth, 500.0f) << "not in this form";
-}
-
-TEST(OldDefaultsFile, VersionBelowOneReadsNothingAndTruncatedFilesSaySo) {
-    AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    ASSERT_TRUE(LoadFixture(m, dir, "defaults_v09.dat"));
-    EXPECT_TRUE(dir.Ui.Transcript.empty());
-    EXPECT_EQ(m.Preset.WallPreset[0], 0.003f);
-
+TEST(OldDefaultsFile, TruncatedFileSaysSoAndKeepsWhatWasRead) {
     // A 2.3 file that ends inside the settings items: what came before stands.
+    AppFolder dir;
     std::string text = AppFolder::ReadFile(std::string(KARVANE_TEST_DATA) + "/defaults_v23.dat");
     text.resize(text.find("\"MY SURFACE\""));
     dir.Write("Defaults.dat", text);
@@ -165,15 +80,8 @@ TEST(OldNetworkSettings, RowFormOfVersions15To20) {
     TextFileReader in;
     in.OpenText(text);
     ASSERT_EQ(ReadNetworkSettingsRowForm(in, m, 2.0, '.'), 0);
-    EXPECT_EQ(m.Preset.WallNames[4], "Wall 4");
-    EXPECT_FLOAT_EQ(m.Preset.WallPreset[4], 0.01f);
-    EXPECT_EQ(m.Preset.ResNames[9], "Res 9");
-    EXPECT_EQ(m.Preset.ResPreset[9], 9.0f);
-    EXPECT_EQ(m.Preset.ResNames[10], "undefined");
-    EXPECT_EQ(m.Preset.ResPreset[10], 0.0f);
-    EXPECT_EQ(m.Preset.ResNames[30], "undefined");
-    EXPECT_EQ(m.Preset.ResPreset[30], 0.0f);
-    EXPECT_EQ(m.Preset.ShockNames[6], "Shock 6");
+    // Friction brought to density 1.2, the resistance rows from 10 on reset to "undefined".
+    ExpectGolden("row_form_settings.txt", DefaultsText(m));
     std::string next;
     ASSERT_TRUE(in.ReadLine(next));
     EXPECT_EQ(next, "Saved Views");
@@ -228,33 +136,9 @@ TEST(OldNetworkSettings, LineFormOfVersions21To27) {
         TextFileReader in;
         in.OpenText(text);
         ASSERT_EQ(ReadNetworkSettingsLineForm(in, m, version, '.'), 0) << version;
-        const Settings& s = m.Set;
-        EXPECT_FLOAT_EQ(m.Preset.WallPreset[2], version < 2.4 ? 0.01f : 0.012f) << version;
-        EXPECT_EQ(m.Preset.ResNames[49], "Res 49");
-        EXPECT_EQ(m.Preset.ResNames[12], "undefined");
-        EXPECT_EQ(m.Preset.ResPreset[1], 2.5f) << "the loader, not this reader, fixes the bulkhead";
-        EXPECT_EQ(m.Preset.ShockPreset[6], 20.0f);
-        EXPECT_EQ(s.PowerCost, 0.15f);
-        EXPECT_EQ(s.AirEfficiency, 0.8f);
-        EXPECT_EQ(s.Density, 1.1f);
-        EXPECT_EQ(s.DimOptions, 9);
-        EXPECT_EQ(s.SpinSpeed, 4.0f);
-        EXPECT_EQ(s.TiltSpeed, 2.0f);
-        EXPECT_EQ(s.DisplayOptions, 511);
-        EXPECT_EQ(s.FontName[1], "Courier");
-        EXPECT_EQ(s.FontName[2], "Arial");
-        EXPECT_EQ(s.FontName[4], "Arial");
-        EXPECT_EQ(s.FontSize[1], 9);
-        EXPECT_EQ(s.SurfaceRL, 1050.0f);
-        EXPECT_EQ(s.DataFilter, 2);
-        EXPECT_EQ(s.FontBold[4], 1);
-        EXPECT_EQ(s.FontSize[4], 11);
-        EXPECT_TRUE(s.ScreenBuffer);
-        EXPECT_EQ(s.ScaleFonts, 2);
-        EXPECT_EQ(s.IconSize[0], 3);
-        EXPECT_EQ(s.IconSize[6], 8);
-        EXPECT_FALSE(s.NoPropertyInherit);
-        EXPECT_TRUE(s.AutoInfo);
+        // Friction converted below 2.4 only; the bulkhead as read (the loader, not this reader,
+        // fixes it); 0 leaves AirEfficiency alone, an empty DisplayOptions reads 511.
+        ExpectGolden("line_form_settings_v" + std::to_string(static_cast<int>(version * 10)) + ".txt", DefaultsText(m));
         std::string next;
         ASSERT_TRUE(in.ReadLine(next));
         EXPECT_EQ(next, "Saved Views");

@@ -1,6 +1,9 @@
 // The built-in settings: what the shipped Defaults.dat cannot show, and the permanent views.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <vector>
+
 #include "model/builtin_settings.h"
 
 using namespace karvane;
@@ -24,22 +27,18 @@ TEST(BuiltInSettings, PermanentViewsFollowTheVerticalAxis) {
         m.SavedViews[3].ViewParam[5] = 800.0f; // a scale left from before
         SetBuiltInSettings(m);
         const auto& v = m.SavedViews;
-        EXPECT_EQ(v[1].ViewName, " 1. Default View");
-        EXPECT_EQ(v[2].ViewName, " 2. Plan View 3D");
-        EXPECT_EQ(v[3].ViewName, " 3. Long Section");
-        EXPECT_EQ(v[4].ViewName, " 4. Cross Section");
+        // Spin, tilt and the angles-only flag of the default, plan, long section, cross section
+        // and iso views; a view of angles only keeps no scale.
+        std::vector<std::array<float, 3>> angles;
+        for (std::size_t slot = 1; slot <= 5; ++slot)
+            angles.push_back({v[slot].ViewParam[1], v[slot].ViewParam[2], v[slot].ViewParam[14]});
+        EXPECT_EQ(angles, (std::vector<std::array<float, 3>>{{0, 0, 0},
+                                                             {0, 0, 1},
+                                                             {sgnY * halfPi, 0, 1},
+                                                             {sgnY * halfPi, -halfPi, 1},
+                                                             {static_cast<float>(sgnY), -0.391f, 1}}));
+        EXPECT_EQ(v[3].ViewParam[5], 0.0f);
         EXPECT_EQ(v[5].ViewName, " 5. Iso View");
-        EXPECT_EQ(v[1].ViewParam[14], 0.0f);
-        for (int slot = 2; slot <= 5; ++slot) EXPECT_EQ(v[static_cast<std::size_t>(slot)].ViewParam[14], 1.0f);
-        EXPECT_EQ(v[2].ViewParam[1], 0.0f);
-        EXPECT_EQ(v[2].ViewParam[2], 0.0f);
-        EXPECT_EQ(v[3].ViewParam[1], sgnY * halfPi);
-        EXPECT_EQ(v[3].ViewParam[2], 0.0f);
-        EXPECT_EQ(v[4].ViewParam[1], sgnY * halfPi);
-        EXPECT_EQ(v[4].ViewParam[2], -halfPi);
-        EXPECT_EQ(v[5].ViewParam[1], static_cast<float>(sgnY));
-        EXPECT_EQ(v[5].ViewParam[2], -0.391f);
-        EXPECT_EQ(v[3].ViewParam[5], 0.0f); // a view of angles only
         EXPECT_TRUE(v[6].ViewName.empty());
     }
 }

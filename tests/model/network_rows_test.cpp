@@ -252,17 +252,3 @@ TEST(NetworkRows, AllocationFollowsTheSettingsAndResizeKeepsContent) {
     AllocateNetwork(m);
     EXPECT_EQ(m.Fans.size(), 1u);
 }
-
-TEST(NetworkRows, NewNetworkLevels) {
-    Model m;
-    m.Levels[7].RLName = "old";
-    SetNewNetworkLevels(m);
-    EXPECT_EQ(m.Levels[1].RLName, "SURFACE");
-    EXPECT_EQ(m.Levels[1].RLMax, 1000);
-    EXPECT_EQ(m.Levels[1].RLMin, 1000);
-    EXPECT_EQ(m.Levels[2].RLName, "U/Ground");
-    EXPECT_EQ(m.Levels[2].RLMax, 500);
-    EXPECT_EQ(m.Levels[2].RLMin, 480);
-    EXPECT_TRUE(m.Levels[3].RLName.empty());
-    EXPECT_TRUE(m.Levels[7].RLName.empty());
-}
