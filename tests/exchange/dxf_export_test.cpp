@@ -37,15 +37,6 @@ void TwoAirways(ExchangeBench& b) {
     m.Set.DxfData = 5, m.Set.DxfNode = 4, m.Set.DxfAirway = 3, m.Set.DxfNodeCircle = 2, m.Set.DxfArrow = 10;
 }
 
-std::vector<std::string> Line(const std::string& layer, const std::string& colour,
-                              std::initializer_list<std::string> xyz) {
-    std::vector<std::string> out{"0", "LINE", "8", layer, "62", colour};
-    const char* codes[] = {"10", "20", "30", "11", "21", "31"};
-    int k = 0;
-    for (const std::string& v : xyz) out.insert(out.end(), {codes[k++], v});
-    return out;
-}
-
 int CountOf(const std::vector<std::string>& lines, const std::string& layer) {
     int n = 0;
     for (std::size_t i = 0; i + 1 < lines.size(); i += 2)
@@ -72,49 +63,32 @@ TEST(DxfExport, SizesUnitsAndWhatIsLeftOut) {
     ExchangeBench b;
     TwoAirways(b);
     Model& m = b.m();
-
+    auto exported = [&] {
+        EXPECT_TRUE(ExportDxfTrue(m, *b.Ds, b.Dir.File("a.dxf"), b.ui()));
+        return b.Dir.Read("a.dxf");
+    };
     // No arrow size: no arrow lines in the true form; no circle size: no circles. A 3D view
     // writes no floating text; nor does a plan view with floating text hidden.
     m.Set.DxfArrow = 0;
     m.Set.DxfNodeCircle = 0;
     b.Ds->View.Is3D = 1;
-    ASSERT_TRUE(ExportDxfTrue(m, *b.Ds, b.Dir.File("a.dxf"), b.ui()));
-    std::vector<std::string> lines = CrLfLines(b.Dir.Read("a.dxf"));
-    EXPECT_EQ(CountOf(lines, "Arrow"), 0);
-    EXPECT_EQ(CountOf(lines, "NODES"), 0);
-    EXPECT_EQ(CountOf(lines, "FLOAT"), 0);
-    EXPECT_EQ(CountOf(lines, "Branch"), 2);
-    EXPECT_EQ(CountOf(lines, "DATA"), 2);
+    const std::string plain = exported();
+    ExpectGolden("two_airways_plain.dxf", plain);
     b.Ds->View.Is3D = 0;
     b.Ds->View.DisplayOptions = 511 & ~256;
-    ASSERT_TRUE(ExportDxfTrue(m, *b.Ds, b.Dir.File("a.dxf"), b.ui()));
-    EXPECT_EQ(CountOf(CrLfLines(b.Dir.Read("a.dxf")), "FLOAT"), 0);
+    EXPECT_EQ(exported(), plain);
 
-    // British units: every coordinate in feet, the sizes as they stand.
+    // British units: every coordinate in feet, the arrow's barbs 10 long in feet as well, the data
+    // text DxfData above the middle, not converted, its value in the display unit (kcf/m).
     m.Set.UnitSys = 2;
     m.Set.DxfArrow = 10;
-    ASSERT_TRUE(ExportDxfTrue(m, *b.Ds, b.Dir.File("ft.dxf"), b.ui()));
-    lines = CrLfLines(b.Dir.Read("ft.dxf"));
-    ASSERT_GT(lines.size(), 26u);
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 4, lines.begin() + 22),
-              Line("Branch", " 4 ", {" 0 ", " 0 ", " 1640.42 ", " 328.084 ", " 0 ", " 1640.42 "}));
-    // The arrow's barbs are 10 long in feet as well: 10 back from the tip at 0.4 of 328.084.
-    const auto arrow = std::find(lines.begin(), lines.end(), "Arrow");
-    ASSERT_NE(arrow, lines.end());
-    EXPECT_EQ(*(arrow + 4), " 121.6802 ");
-    const auto data = std::find(lines.begin(), lines.end(), "DATA");
-    ASSERT_NE(data, lines.end());
-    EXPECT_EQ(*(data + 4), " 5 ") << "data text stands DxfData above the middle, not converted";
-    EXPECT_EQ(*(data + 10), "26.1") << "the data value in the display unit: 12.34 m3/s in kcf/m";
+    ExpectGolden("two_airways_feet.dxf", exported());
 
     // Only the airways of the display list.
     m.Set.UnitSys = 1;
     m.Set.ExportVisibleOnly = true;
     b.Ds->DisplayList = {2};
-    ASSERT_TRUE(ExportDxfTrue(m, *b.Ds, b.Dir.File("v.dxf"), b.ui()));
-    lines = CrLfLines(b.Dir.Read("v.dxf"));
-    EXPECT_EQ(CountOf(lines, "Branch"), 1);
-    EXPECT_EQ(CountOf(lines, "BNAMES"), 0);
+    ExpectGolden("shaft_only.dxf", exported());
     EXPECT_TRUE(b.ui().Transcript.empty());
 }
 
@@ -129,29 +103,9 @@ TEST(DxfExport, ScreenFormFromTheDrawnList) {
     b.Ds->VisibleText = {};
     b.ui().Clock = {2026, 3, 4, 7, 8, 9, 3};
     ASSERT_TRUE(ExportDxfScreen(m, *b.Ds, b.Dir.File("s.dxf"), b.ui()));
-    const std::vector<std::string> lines = CrLfLines(b.Dir.Read("s.dxf"));
-    ASSERT_GT(lines.size(), 40u);
-    const std::vector<std::string> head(lines.begin(), lines.begin() + 10);
-    EXPECT_EQ(head, (std::vector<std::string>{"999", "KARVANE******************************************KARVANE", "999",
-                                              "       DXF Export - Created 07:08:09 2026-03-04", "999",
-                                              "KARVANE******************************************KARVANE", "0",
-                                              "SECTION", "2", "ENTITIES"}));
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 10, lines.begin() + 28),
-              Line("Branch", " 4 ", {" 10.5 ", "-20 ", " 0 ", " 110.5 ", "-20 ", " 0 "}));
-    EXPECT_EQ(CountOf(lines, "Arrow"), 4);
-    // A colour of none of the eight settings: 7.
-    const auto second = std::find(lines.begin() + 28, lines.end(), "Branch");
-    ASSERT_NE(second, lines.end());
-    EXPECT_EQ(*(second + 2), " 7 ");
-    EXPECT_EQ(*(second + 8), " 0 ") << "z is 0";
-    EXPECT_EQ(*(second + 6), "-20 ") << "y negated";
-    EXPECT_EQ(*(second + 10), " 110.5 ");
-    EXPECT_EQ(*(second + 12), " 80 ");
-    for (std::size_t i = 0; i + 1 < lines.size(); i += 2) {
-        if (lines[i] == "30" || lines[i] == "31") {
-            EXPECT_EQ(lines[i + 1], " 0 ") << "line " << i + 2;
-        }
-    }
+    // The comment block with the time, then the drawn lines in screen units: y negated, z 0,
+    // arrows whatever the arrow size, a colour of none of the eight settings as 7.
+    ExpectGolden("two_airways_screen.dxf", b.Dir.Read("s.dxf"));
 }
 
 TEST(DxfExport, ScreenColoursTestedInOrderLastMatchStands) {

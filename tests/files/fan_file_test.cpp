@@ -80,21 +80,6 @@ TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     EXPECT_EQ(o.FanStamp, 10);
 }
 
-TEST(FanFile, EmptyDatabaseIsThreeLines) {
-    AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    ASSERT_TRUE(SaveFanDatabase(m, dir.Ui));
-    EXPECT_EQ(dir.Read("fansdata.dat"), "2.6 KARVANE\t 1 \r\n" + Headings);
-    Model n;
-    SetUpBuiltIn(n);
-    SetCurve(n.Fans[7], "old", 1, 1000, 5);
-    ASSERT_TRUE(LoadFanDatabase(n, dir.Ui));
-    EXPECT_TRUE(dir.Ui.Transcript.empty());
-    for (std::size_t i = 1; i < n.Fans.size(); ++i) EXPECT_TRUE(n.Fans[i].IsFree()) << i;
-    EXPECT_EQ(n.FanStamp, 1);
-}
-
 TEST(FanFile, FirstVersionHasStaticPressureOnly) {
     AppFolder dir;
     std::string text = "1.0 KARVANE\r\n\"Axial 1\"\r\n";
