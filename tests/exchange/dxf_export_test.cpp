@@ -109,8 +109,7 @@ TEST(DxfExport, ScreenFormFromTheDrawnList) {
 }
 
 TEST(DxfExport, ScreenColoursTestedInOrderLastMatchStands) {
-    Model m;
-    karvane::testing::SetUpBuiltIn(m);
+    Model m = karvane::testing::BuiltInModel();
     const int expected[] = {3, 1, 4, 5, 0, 1, 7, 6};
     for (int k = 0; k < ColourCount; ++k)
         EXPECT_EQ(ScreenDxfColour(m, m.Set.Colours[static_cast<std::size_t>(k)]), expected[k]);
@@ -120,8 +119,7 @@ TEST(DxfExport, ScreenColoursTestedInOrderLastMatchStands) {
 }
 
 TEST(DxfExport, OptionsDialogFillsAndStores) {
-    Model m;
-    karvane::testing::SetUpBuiltIn(m);
+    Model m = karvane::testing::BuiltInModel();
     m.Set.FontSize = {0, 7, 8, 9, 10};
     m.Set.DxfData = 0, m.Set.DxfAirway = 0, m.Set.DxfNode = 12, m.Set.DxfFloat = 0;
     m.Set.DxfNodeCircle = 0, m.Set.DxfArrow = 3;

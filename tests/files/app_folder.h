@@ -63,6 +63,11 @@ inline void SetUpBuiltIn(Model& model) {
     SetBuiltInUnits(model.Units);
     AllocateNetwork(model);
 }
+inline Model BuiltInModel() {
+    Model model;
+    SetUpBuiltIn(model);
+    return model;
+}
 
 // Lines joined by CR LF, each line ended.
 inline std::string CrLf(std::initializer_list<std::string> lines) {

@@ -29,8 +29,7 @@ TEST(ConversionFile, TextAndRoundTrip) {
     for (char sep : {'.', ','}) {
         AppFolder dir;
         dir.Ui.Separator = sep;
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         NameTheClasses(m.Units);
         ASSERT_TRUE(SaveConversions(m, dir.Ui));
         // The stored text is the format; read back on a machine of full stops over a table of
@@ -39,8 +38,7 @@ TEST(ConversionFile, TextAndRoundTrip) {
         ExpectGolden(sep == '.' ? "conversion_point.dat" : "conversion_comma.dat", text);
         AppFolder reader;
         reader.Write("Conversion.dat", text);
-        Model n;
-        SetUpBuiltIn(n);
+        Model n = BuiltInModel();
         n.Units.Rows[4].Factor[2] = 99;
         n.Units.Rows[4].Factor[1] = 7;
         ASSERT_TRUE(LoadConversions(n, reader.Ui));
@@ -66,8 +64,7 @@ TEST(ConversionFile, FormatCorrection) {
     std::string text = "Conversion Table : SI Units to British Units\r\na\tb\tc\td\te\tf\t\r\n";
     text += "Length\t 3,28084 \tm\tft\t0,0\t0\r\n";
     dir.Write("Conversion.dat", text);
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     EXPECT_FALSE(LoadConversions(m, dir.Ui)) << "the file ends after class 1";
     EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"Error loading conversion values"});
     EXPECT_EQ(m.Units.Rows[1].Format[1], "0.0");
@@ -82,10 +79,8 @@ TEST(ConversionFile, FormatCorrection) {
 
 TEST(ConversionFile, MissingFileAndFailedSave) {
     AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
-    Model builtIn;
-    SetUpBuiltIn(builtIn);
+    Model m = BuiltInModel();
+    Model builtIn = BuiltInModel();
     EXPECT_FALSE(LoadConversions(m, dir.Ui));
     EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"Error loading conversion values"});
     for (int c = 1; c <= UnitClassCount; ++c) {
@@ -168,8 +163,7 @@ TEST(StationFile, BlankLineEndsTheListAndShortLinesLeaveFieldsBlank) {
 
 TEST(StationFile, ArbitraryBytesNeverBreakTheReaders) {
     AppFolder dir;
-    Model good;
-    SetUpBuiltIn(good);
+    Model good = BuiltInModel();
     good.Stations.Stations[1].StationName = "A";
     ASSERT_TRUE(SaveConversions(good, dir.Ui));
     ASSERT_EQ(SaveStations(good, dir.Ui), 0);
@@ -178,8 +172,7 @@ TEST(StationFile, ArbitraryBytesNeverBreakTheReaders) {
     for (int round = 0; round < 100; ++round) {
         dir.Write("Remotes.dat", karvane::testing::Mangled(stations, rng));
         dir.Write("Conversion.dat", karvane::testing::Mangled(units, rng));
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         LoadStations(m, dir.Ui);
         LoadConversions(m, dir.Ui);
         EXPECT_EQ(m.Stations.Stations.size(), 51u);

@@ -55,8 +55,11 @@ std::string EveryFieldBlock() {
                  "**End of Network Defaults**"});
 }
 
-// Every field of the settings and presets away from its built-in value.
-void SetEveryField(Model& m) { ASSERT_EQ(ReadBlockText(m, EveryFieldBlock()), 0); }
+// The built-in values, then every field of the settings and presets away from them.
+void SetEveryField(Model& m) {
+    SetUpBuiltIn(m);
+    ASSERT_EQ(ReadBlockText(m, EveryFieldBlock()), 0);
+}
 
 } // namespace
 
@@ -65,7 +68,6 @@ TEST(DefaultsBlock, SameBytesInNetworkFileAndDefaultsDat) {
         AppFolder dir;
         dir.Ui.Separator = sep;
         Model m;
-        SetUpBuiltIn(m);
         SetEveryField(m);
         ASSERT_TRUE(SaveDefaultsFile(m, dir.Ui));
         const std::string defaults = dir.Read("Defaults.dat");
@@ -84,7 +86,6 @@ TEST(DefaultsBlock, SameBytesInNetworkFileAndDefaultsDat) {
 
 TEST(DefaultsBlock, LayoutOfTheLines) {
     Model m;
-    SetUpBuiltIn(m);
     SetEveryField(m);
     const std::string text = DefaultsText(m, '.');
     EXPECT_EQ(text, EveryFieldBlock());
@@ -124,11 +125,9 @@ TEST(DefaultsBlock, LayoutOfTheLines) {
 
 TEST(DefaultsBlock, RoundTripUnderEitherSeparator) {
     Model a;
-    SetUpBuiltIn(a);
     SetEveryField(a);
     a.Preset.ResNames[20] = ""; // an empty resistance name comes back as "undefined"
-    Model b;
-    SetUpBuiltIn(b);
+    Model b = BuiltInModel();
     ASSERT_EQ(ReadBlockText(b, DefaultsText(a, '.')), 0);
     EXPECT_EQ(b.Preset.ResNames[20], "undefined");
     EXPECT_EQ(b.Preset.ResNames[CustomPreset], "Fix Res") << "row 50 is not in the file";
@@ -136,26 +135,22 @@ TEST(DefaultsBlock, RoundTripUnderEitherSeparator) {
     EXPECT_EQ(DefaultsText(b, '.'), DefaultsText(a, '.'));
 
     // Written under a decimal comma, read on a machine of full stops, and the other way round.
-    Model c;
-    SetUpBuiltIn(c);
+    Model c = BuiltInModel();
     ASSERT_EQ(ReadBlockText(c, DefaultsText(a, ','), '.'), 0);
     EXPECT_EQ(DefaultsText(c, '.'), DefaultsText(a, '.'));
-    Model d;
-    SetUpBuiltIn(d);
+    Model d = BuiltInModel();
     ASSERT_EQ(ReadBlockText(d, DefaultsText(a, '.'), ','), 0);
     EXPECT_EQ(DefaultsText(d, ','), DefaultsText(a, ','));
 }
 
 TEST(DefaultsBlock, TheBalancingMethodRidesBehindTheNinetyValuesOnlyWhenItIsNewton) {
     Model hardy;
-    SetUpBuiltIn(hardy);
     SetEveryField(hardy);
     ASSERT_EQ(hardy.Set.Solver, SolverHardyCross);
     const std::string plain = DefaultsText(hardy, '.');
     EXPECT_EQ(plain, EveryFieldBlock()) << "a block that does not use it is unchanged";
 
     Model newton;
-    SetUpBuiltIn(newton);
     SetEveryField(newton);
     newton.Set.Solver = SolverNewton;
     const std::string text = DefaultsText(newton, '.');
@@ -165,8 +160,7 @@ TEST(DefaultsBlock, TheBalancingMethodRidesBehindTheNinetyValuesOnlyWhenItIsNewt
     EXPECT_EQ(lines[7].substr(0, FileLines(plain)[7].size()), FileLines(plain)[7]) << "the 90 values stand as before";
 
     // Read back, and read by a reader that takes 90 values: the same settings either way.
-    Model back;
-    SetUpBuiltIn(back);
+    Model back = BuiltInModel();
     ASSERT_EQ(ReadBlockText(back, text), 0);
     EXPECT_EQ(back.Set.Solver, SolverNewton);
     EXPECT_EQ(DefaultsText(back, '.'), text);
@@ -174,8 +168,7 @@ TEST(DefaultsBlock, TheBalancingMethodRidesBehindTheNinetyValuesOnlyWhenItIsNewt
     EXPECT_EQ(DefaultsText(back, '.'), plain);
 
     // A block without it, or with a value this program does not know, reads as Hardy Cross.
-    Model old;
-    SetUpBuiltIn(old);
+    Model old = BuiltInModel();
     old.Set.Solver = SolverNewton;
     ASSERT_EQ(ReadBlockText(old, plain), 0);
     EXPECT_EQ(old.Set.Solver, SolverHardyCross);
@@ -188,7 +181,6 @@ TEST(DefaultsBlock, TheBalancingMethodRidesBehindTheNinetyValuesOnlyWhenItIsNewt
 
 TEST(DefaultsBlock, ZeroRulesOfAShortSettingsLine) {
     Model source;
-    SetUpBuiltIn(source);
     SetEveryField(source);
     auto lines = FileLines(DefaultsText(source, '.'));
     auto f = Tabs(lines[7]);
@@ -197,7 +189,6 @@ TEST(DefaultsBlock, ZeroRulesOfAShortSettingsLine) {
     lines[7] = shortLine;
 
     Model m;
-    SetUpBuiltIn(m);
     SetEveryField(m);
     ASSERT_EQ(ReadBlockText(m, Join(lines)), 0);
     // Field 20 still on the line; behind it 0, or for the values that 0 cannot mean their
@@ -217,14 +208,12 @@ TEST(DefaultsBlock, ZeroRulesOfAShortSettingsLine) {
 }
 
 TEST(DefaultsBlock, DensityZeroAndBulkheadRules) {
-    Model source;
-    SetUpBuiltIn(source);
+    Model source = BuiltInModel();
     source.Set.Density = 0;
     source.Preset.ResPreset[1] = 250000;
     auto lines = FileLines(DefaultsText(source, '.'));
 
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     ASSERT_EQ(ReadBlockText(m, Join(lines)), 0);
     EXPECT_EQ(m.Set.Density, 0.0f) << "a density of 0 is kept from version 2.8";
     EXPECT_EQ(m.Preset.ResPreset[1], 1e9f);
@@ -243,12 +232,10 @@ TEST(DefaultsBlock, DensityZeroAndBulkheadRules) {
 
 TEST(DefaultsBlock, EndOfTextInsideTheBlockKeepsWhatWasRead) {
     Model source;
-    SetUpBuiltIn(source);
     SetEveryField(source);
     auto lines = FileLines(DefaultsText(source, '.'));
 
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     lines.resize(5); // up to the resistance values
     EXPECT_EQ(ReadBlockText(m, Join(lines)), err::PastEndOfFile);
     EXPECT_EQ(m.Preset.WallNames[3], "Wall 3");
@@ -273,7 +260,6 @@ TEST(DefaultsBlock, EndOfTextInsideTheBlockKeepsWhatWasRead) {
 TEST(DefaultsFile, MissingOrBrokenFileSaysSoAndKeepsTheValues) {
     AppFolder dir;
     Model m;
-    SetUpBuiltIn(m);
     SetEveryField(m);
     const std::string before = DefaultsText(m, '.');
     EXPECT_FALSE(LoadDefaultsFile(m, dir.Ui));
@@ -300,8 +286,7 @@ TEST(DefaultsFile, ArbitraryBytesNeverBreakTheReader) {
     AppFolder dir;
     for (int round = 0; round < 300; ++round) {
         dir.Write("Defaults.dat", karvane::testing::Mangled(round % 2 ? valid : old, rng));
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         LoadDefaultsFile(m, dir.Ui);
         EXPECT_GE(m.Fans.size(), static_cast<std::size_t>(m.Set.MaxFans) + 1);
         EXPECT_GE(m.Set.MaxFans, 1);
@@ -313,7 +298,6 @@ TEST(DefaultsFile, ArbitraryBytesNeverBreakTheReader) {
 TEST(DefaultsFile, SaveWritesTheThreeFilesAndAFailedSaveKeepsTheOldOnes) {
     AppFolder dir;
     Model m;
-    SetUpBuiltIn(m);
     SetEveryField(m);
     ASSERT_TRUE(SaveDefaultsFile(m, dir.Ui));
     EXPECT_EQ(dir.Read("Defaults.dat"), DefaultsText(m, '.'));
@@ -325,8 +309,7 @@ TEST(DefaultsFile, SaveWritesTheThreeFilesAndAFailedSaveKeepsTheOldOnes) {
     const std::string old = dir.Read("Defaults.dat");
     ui::ScriptedUserInterface elsewhere;
     elsewhere.App = dir.File("no such folder");
-    Model changed;
-    SetUpBuiltIn(changed);
+    Model changed = BuiltInModel();
     EXPECT_FALSE(SaveDefaultsFile(changed, elsewhere));
     EXPECT_EQ(elsewhere.Texts("Message"), std::vector<std::string>{"ERROR 76: That path doesn't exist."});
     EXPECT_EQ(dir.Read("Defaults.dat"), old);
@@ -342,12 +325,10 @@ TEST(DefaultsFile, SaveWritesTheThreeFilesAndAFailedSaveKeepsTheOldOnes) {
 TEST(DefaultsFile, CommandsAskAndMarkTheDefaults) {
     AppFolder dir;
     Model m;
-    SetUpBuiltIn(m);
     SetEveryField(m);
     ASSERT_TRUE(SaveDefaultsFile(m, dir.Ui));
 
-    Model n;
-    SetUpBuiltIn(n);
+    Model n = BuiltInModel();
     n.DefaultsSaved = No0;
     dir.Ui.Answers = {ui::Answer::Cancel};
     ReloadDefaultsCommand(n, dir.Ui);
@@ -372,8 +353,7 @@ TEST(DefaultsFile, CommandsAskAndMarkTheDefaults) {
 }
 
 TEST(BuiltInSettings, StartWithoutFilesGivesTheBuiltInValues) {
-    Model fresh;
-    SetUpBuiltIn(fresh);
+    Model fresh = BuiltInModel();
 
     AppFolder dir;
     Model m;
@@ -397,7 +377,6 @@ TEST(BuiltInSettings, StartWithoutFilesGivesTheBuiltInValues) {
 TEST(BuiltInSettings, DefaultsFileOverBuiltInValuesWithTheFixUps) {
     AppFolder dir;
     Model saved;
-    SetUpBuiltIn(saved);
     SetEveryField(saved);
     saved.Set.SpinSpeed = 0;
     saved.Set.TiltSpeed = 0;

@@ -34,8 +34,7 @@ const std::string Headings = "Fan Number\tFan Name\tFan Effective Diameter\r\n"
 
 TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     m.FanStamp = 7;
     SetCurve(m.Fans[1], "Main surface fan", 3.2f, 3000, 25);
     SetCurve(m.Fans[3], "Booster, No. 2", 1.6f, 1500, 6.5f);
@@ -52,8 +51,7 @@ TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     // but for a stamp one higher: every field came to its place, the free rows stayed free.
     const std::string text = dir.Read("fansdata.dat");
     ExpectGolden("fansdata.dat", text);
-    Model n;
-    SetUpBuiltIn(n);
+    Model n = BuiltInModel();
     n.Fans[2].FanName = "to be blanked";
     n.Fans[2].FanPStatic[1] = 99;
     n.FansSaved = No0;
@@ -72,8 +70,7 @@ TEST(FanFile, RoundTripKeepsNumbersFreeRowsAndTotalOnlyFans) {
     ASSERT_TRUE(SaveFanDatabase(n, dir.Ui));
     EXPECT_NE(dir.Read("fansdata.dat").find("\tBooster, No. 2\t 1,6 \r\n"), std::string::npos);
     dir.Ui.Separator = '.';
-    Model o;
-    SetUpBuiltIn(o);
+    Model o = BuiltInModel();
     ASSERT_TRUE(LoadFanDatabase(o, dir.Ui));
     EXPECT_EQ(o.Fans[3].FanDiam, 1.6f);
     EXPECT_EQ(o.Fans[3].FanQ[3], m.Fans[3].FanQ[3]);
@@ -87,8 +84,7 @@ TEST(FanFile, FirstVersionHasStaticPressureOnly) {
     text += "Second\r\n";
     for (int p = 1; p <= 10; ++p) text += "500,1\r\n";
     dir.Write("fansdata.dat", text);
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     SetCurve(m.Fans[3], "stays", 1, 1000, 5);
     m.FanStamp = 4;
     ASSERT_TRUE(LoadFanDatabase(m, dir.Ui));
@@ -119,8 +115,7 @@ TEST(FanFile, FanNumbersOutsideTheTableEndTheLoad) {
     for (const std::string bad : {" 251 ", " 0 ", "-3 ", "abc", " 1E+12 "}) {
         dir.Write("fansdata.dat", "2.6 KARVANE\t 3 \r\n" + Headings + fan(" 2 ") + fan(bad) + fan(" 4 "));
         dir.Ui.Transcript.clear();
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         m.FileName = "/mine/north.sim";
         EXPECT_FALSE(LoadFanDatabase(m, dir.Ui)) << bad;
         EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"ERROR 9 occurred while loading fans."});
@@ -133,8 +128,7 @@ TEST(FanFile, FanNumbersOutsideTheTableEndTheLoad) {
     std::string wide = "2.6 KARVANE\t 3 \r\nFan Number\tFan Name\tFan Effective Diameter\t 300 \r\n" +
                        Headings.substr(Headings.find("Point")) + fan(" 280 ");
     dir.Write("fansdata.dat", wide);
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     ASSERT_TRUE(LoadFanDatabase(m, dir.Ui));
     EXPECT_EQ(m.Set.MaxFans, 300);
     EXPECT_EQ(m.Fans[280].FanPTotal[10], 120.0f);
@@ -142,8 +136,7 @@ TEST(FanFile, FanNumbersOutsideTheTableEndTheLoad) {
 
 TEST(FanFile, MissingFileAndFailedSave) {
     AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     m.FileName = "/mine/north.sim";
     EXPECT_FALSE(LoadFanDatabase(m, dir.Ui));
     EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"ERROR 53: That file doesn't exist."});
@@ -170,8 +163,7 @@ TEST(FanFile, MissingFileAndFailedSave) {
 
 TEST(FanFile, ReloadAsksFirst) {
     AppFolder dir;
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     SetCurve(m.Fans[1], "A", 1, 1000, 5);
     ASSERT_TRUE(SaveFanDatabase(m, dir.Ui));
     m.Fans[1].FanName = "edited";
@@ -189,8 +181,7 @@ TEST(FanFile, ReloadAsksFirst) {
 
 TEST(FanFile, ArbitraryBytesNeverBreakTheReader) {
     AppFolder dir;
-    Model good;
-    SetUpBuiltIn(good);
+    Model good = BuiltInModel();
     SetCurve(good.Fans[1], "A", 1, 1000, 5);
     SetCurve(good.Fans[9], "B", 2, 2000, 8);
     ASSERT_TRUE(SaveFanDatabase(good, dir.Ui));
@@ -200,8 +191,7 @@ TEST(FanFile, ArbitraryBytesNeverBreakTheReader) {
         std::string text = karvane::testing::Mangled(valid, rng);
         if (round % 7 == 0 && !text.empty()) text[0] = "01"[rng() % 2];
         dir.Write("fansdata.dat", text);
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         LoadFanDatabase(m, dir.Ui);
         EXPECT_GE(m.Fans.size(), static_cast<std::size_t>(m.Set.MaxFans) + 1);
     }

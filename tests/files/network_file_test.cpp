@@ -39,8 +39,7 @@ TEST(NetworkFile, WriteReadWriteGivesTheSameBytes) {
         const std::string first = NetworkText(model, sep);
         EXPECT_TRUE(first.starts_with(sep == '.' ? "3.1 KARVANE3\t" : "3,1 KARVANE3\t"));
 
-        Model loaded;
-        SetUpBuiltIn(loaded);
+        Model loaded = BuiltInModel();
         loaded.FanStamp = model.FanStamp; // the stamp is the program's fan file's, not the network's
         dir.Ui.Separator = sep == '.' ? ',' : '.';
         dir.Write("in.sim", first);
@@ -75,8 +74,7 @@ TEST(NetworkFile, ExactSections) {
 
 TEST(NetworkFile, EmptyNetworkHasOneBlankAirwayLine) {
     AppFolder dir;
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     SetNewNetworkLevels(model);
     SettleAsLoaded(model, dir.Ui);
     model.Airways[1].BranchName = "left over"; // not a row of the network
@@ -88,8 +86,7 @@ TEST(NetworkFile, EmptyNetworkHasOneBlankAirwayLine) {
               "\t\t\t\t\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0\t0"
               "\t0\t0\t0\t0");
 
-    Model loaded;
-    SetUpBuiltIn(loaded);
+    Model loaded = BuiltInModel();
     loaded.AirwayCount = 3;
     EXPECT_TRUE(LoadText(loaded, dir, text));
     EXPECT_EQ(loaded.AirwayCount, 0);
@@ -196,8 +193,7 @@ TEST(NetworkFile, FailedSaveKeepsTheOldFileAndBlanksTheName) {
 
 TEST(NetworkFile, RowTextAndParse) {
     ui::ScriptedUserInterface ui;
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     model.AirwayCount = 1;
     Airway& a = model.Airways[1];
     a = MakeAirway("  A  ", "B\tC", " Name ", 1, 2, 3, 4, 5, 6);
@@ -253,8 +249,7 @@ TEST(NetworkFile, RowTextAndParse) {
 
 TEST(NetworkFile, OldPresetIndicesBecomeCustom) {
     ui::ScriptedUserInterface ui;
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     auto types = [&](double version) {
         ParseAirwayRow(model, ui, "a\tb\tc\t\t\t0\t0\t0\t1\t1\t1\t1\t1\t1\t10\t6\t10", 1, version, '.');
         const Airway& a = model.Airways[1];
@@ -273,8 +268,7 @@ TEST(NetworkFile, OldPresetIndicesBecomeCustom) {
 
 TEST(NetworkFile, RowBeyondTheTable) {
     ui::ScriptedUserInterface ui;
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     model.AirwayCount = 10;
     ParseAirwayRow(model, ui, "a\tb", MaxAirways + 1, 3.1, '.');
     EXPECT_EQ(

@@ -197,8 +197,7 @@ TEST(NetworkLoad, MasterFileCautionAndRecentFiles) {
     Model source;
     BuildFullNetwork(source, dir.Ui);
     dir.Write("Master.SmM", NetworkText(source, '.'));
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     model.MasterFile = true;
     model.FileName = dir.File("Master.SmM");
     EXPECT_TRUE(LoadNetwork(model, dir.Ui));
@@ -271,8 +270,7 @@ TEST(NetworkLoad, CutInsideLinesAndNoiseNeverBreakTheLoad) {
     AppFolder dir;
     dir.Ui.DefaultAnswer = ui::Answer::No;
     auto loadBytes = [&](const std::string& bytes) {
-        Model model;
-        SetUpBuiltIn(model);
+        Model model = BuiltInModel();
         dir.Write("x.sim", bytes);
         model.FileName = dir.File("x.sim");
         LoadNetwork(model, dir.Ui);
@@ -322,8 +320,7 @@ TEST(NetworkLoad, ErrorQuestionTriesTheStepAgain) {
         AppFolder dir;
         dir.Ui.DefaultAnswer = ui::Answer::Yes;
         dir.Write("cut.sim", cut);
-        Model model;
-        SetUpBuiltIn(model);
+        Model model = BuiltInModel();
         model.FileName = dir.File("cut.sim");
         LoadOptions options;
         options.MaxRetries = retries;
@@ -342,8 +339,7 @@ TEST(NetworkLoad, ErrorQuestionTriesTheStepAgain) {
 
 TEST(NetworkLoad, CapacityOfTheAirwayTable) {
     AppFolder dir;
-    Model big;
-    SetUpBuiltIn(big);
+    Model big = BuiltInModel();
     SetNewNetworkLevels(big);
     const std::int32_t rows = MaxAirways - 1; // 29999: one more than a load takes
     for (std::int32_t i = 1; i <= rows; ++i) {
@@ -359,8 +355,7 @@ TEST(NetworkLoad, CapacityOfTheAirwayTable) {
     // 29998 rows read whole, without a word.
     const std::size_t lastLine = text.rfind("\r\n", text.size() - 3);
     dir.Write("fits.sim", text.substr(0, lastLine + 2));
-    Model fits;
-    SetUpBuiltIn(fits);
+    Model fits = BuiltInModel();
     fits.FileName = dir.File("fits.sim");
     EXPECT_TRUE(LoadNetwork(fits, dir.Ui));
     EXPECT_EQ(fits.AirwayCount, MaxAirways - 2);
@@ -368,8 +363,7 @@ TEST(NetworkLoad, CapacityOfTheAirwayTable) {
 
     // One row more: the message, and the rows read so far stay.
     dir.Write("big.sim", text);
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     model.FileName = dir.File("big.sim");
     LoadReport report;
     LoadOptions options;
@@ -388,8 +382,7 @@ TEST(NetworkLoad, OpenDialog) {
     dir.Write("good.sim", NetworkText(source, '.'));
     dir.Write("bad.sim", "not a network\r\n");
 
-    Model model;
-    SetUpBuiltIn(model);
+    Model model = BuiltInModel();
     model.FileName = dir.File("mine.sim");
     EXPECT_FALSE(OpenNetworkDialog(model, dir.Ui)); // cancelled
     EXPECT_EQ(model.FileName, dir.File("mine.sim"));
@@ -415,8 +408,7 @@ namespace {
 // A second network to merge: one level in common with the first, its own fan, a fan airway
 // and a fixed pressure airway, and header, settings, views and layers of its own.
 std::string SecondNetwork(AppFolder& dir) {
-    Model b;
-    SetUpBuiltIn(b);
+    Model b = BuiltInModel();
     SetNewNetworkLevels(b);
     b.Levels[3] = {"B level", 200, 180};
     b.FileComment = "B comment";

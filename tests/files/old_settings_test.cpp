@@ -38,8 +38,7 @@ TEST(OldDefaultsFile, EveryVersionAsWrittenNow) {
     for (const Case& c : {Case{"defaults_v09.dat", true, 251}, Case{"defaults_v23.dat", false, 301},
                           Case{"defaults_v24.dat", true, 251}, Case{"defaults_v26.dat", true, 401}}) {
         AppFolder dir;
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         m.Preset.ResNames[11] = "kept";
         m.DefaultsSaved = Yes255;
         ASSERT_TRUE(LoadFixture(m, dir, c.File)) << c.File;
@@ -56,8 +55,7 @@ TEST(OldDefaultsFile, TruncatedFileSaysSoAndKeepsWhatWasRead) {
     std::string text = AppFolder::ReadFile(std::string(KARVANE_TEST_DATA) + "/defaults_v23.dat");
     text.resize(text.find("\"MY SURFACE\""));
     dir.Write("Defaults.dat", text);
-    Model n;
-    SetUpBuiltIn(n);
+    Model n = BuiltInModel();
     EXPECT_FALSE(LoadDefaultsFile(n, dir.Ui));
     EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{"Error re-loading defaults"});
     EXPECT_EQ(n.Preset.ShockNames[6], "Extreme");
@@ -73,8 +71,7 @@ TEST(OldNetworkSettings, RowFormOfVersions15To20) {
     for (int i = 0; i <= 6; ++i) text += std::to_string(i) + ",\"Shock " + std::to_string(i) + "\",5\r\n";
     text += "Saved Views\r\n";
 
-    Model m;
-    SetUpBuiltIn(m);
+    Model m = BuiltInModel();
     m.Preset.ResNames[30] = "Old";
     m.Preset.ResPreset[30] = 30;
     TextFileReader in;
@@ -130,8 +127,7 @@ TEST(OldNetworkSettings, LineFormOfVersions21To27) {
         const std::string text =
             CrLf({join("Wall ", 11, ""), join("", 11, "0.012"), res, join("", 50, "2.5"), join("Shock ", 7, ""),
                   join("", 7, "20"), settingsLine(fs), "**End of Network Defaults**", "Saved Views"});
-        Model m;
-        SetUpBuiltIn(m);
+        Model m = BuiltInModel();
         m.Set.DisplayOptions = 3;
         TextFileReader in;
         in.OpenText(text);

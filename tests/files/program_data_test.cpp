@@ -17,6 +17,7 @@
 using namespace karvane;
 using namespace karvane::files;
 using karvane::testing::AppFolder;
+using karvane::testing::BuiltInModel;
 using karvane::testing::SetUpBuiltIn;
 
 namespace {
@@ -127,8 +128,7 @@ TEST(ProgramData, ShippedFilesLoadCleanly) {
     ui.App = Examples;
     Model m;
     LoadBuiltInSettings(m, ui);
-    Model builtIn;
-    SetUpBuiltIn(builtIn);
+    Model builtIn = BuiltInModel();
     ASSERT_TRUE(LoadConversions(m, ui));
     ASSERT_TRUE(LoadFanDatabase(m, ui));
     EXPECT_TRUE(ui.Transcript.empty());
@@ -143,8 +143,7 @@ TEST(ProgramData, ShippedFilesLoadCleanly) {
     }
 
     // The library fans come back as they were made.
-    Model library;
-    SetUpBuiltIn(library);
+    Model library = BuiltInModel();
     FillLibrary(library);
     for (std::size_t n = 1; n < m.Fans.size(); ++n) {
         const FanRecord& fan = m.Fans[n];
