@@ -158,23 +158,24 @@ inline void BuildFullNetwork(Model& model, ui::UserInterface& ui) {
     SettleAsLoaded(model, ui);
 }
 
-inline std::string NetworkText(Model& model, char sep) {
+// The text a writer makes, through a file of its own.
+template <class Write>
+std::string WrittenText(Write write) {
     AppFolder dir;
     files::TextFileWriter out;
-    EXPECT_EQ(out.Open(dir.File("net.sim")), 0);
-    files::WriteNetwork(out, model, sep);
+    EXPECT_EQ(out.Open(dir.File("out.txt")), 0);
+    write(out);
     EXPECT_EQ(out.Commit(), 0);
-    return dir.Read("net.sim");
+    return dir.Read("out.txt");
+}
+
+inline std::string NetworkText(Model& model, char sep) {
+    return WrittenText([&](files::TextFileWriter& out) { files::WriteNetwork(out, model, sep); });
 }
 
 // The defaults block as Defaults.dat and the network file hold it.
 inline std::string DefaultsText(const Model& model, char sep = '.') {
-    AppFolder dir;
-    files::TextFileWriter out;
-    EXPECT_EQ(out.Open(dir.File("block.txt")), 0);
-    files::WriteDefaultsBlock(out, model, sep);
-    EXPECT_EQ(out.Commit(), 0);
-    return dir.Read("block.txt");
+    return WrittenText([&](files::TextFileWriter& out) { files::WriteDefaultsBlock(out, model, sep); });
 }
 
 inline std::vector<std::string> SplitText(const std::string& text, const std::string& by) {
