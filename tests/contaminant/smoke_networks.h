@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <cstdio>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -76,6 +78,11 @@ inline std::int32_t RowOf(const Model& model, std::int32_t airwayNo) {
 inline std::int16_t Level(const Model& model, std::int32_t airwayNo) {
     return model.Airways[RowOf(model, airwayNo)].Gas2;
 }
+inline std::vector<int> Levels(const Model& model, std::initializer_list<std::int32_t> airwayNos) {
+    std::vector<int> out;
+    for (const std::int32_t no : airwayNos) out.push_back(Level(model, no));
+    return out;
+}
 inline float TimeOf(const Model& model, std::int32_t airwayNo) {
     return model.Smoke.SpreadTime[RowOf(model, airwayNo)];
 }
@@ -107,6 +114,33 @@ public:
         return out;
     }
 };
+
+// What a spread left, as text for golden files: what the user was told and asked, the last text
+// of each progress box and how often it changed, the run's figures and legend, and every row with
+// its lasting number, flow, source, level and arrival time.
+inline std::string SpreadRecord(const Model& m, const SmokeUi& ui) {
+    std::string out;
+    for (const auto& t : ui.Transcript) out += t.Kind + " [" + t.Title + "] " + t.Text + "\n";
+    for (const char* box : {"TxtItt", "TxtErr", "TxtRate", "TxtSpread"}) {
+        const auto texts = ui.BoxTexts(box);
+        if (!texts.empty()) out += std::string(box) + " x" + std::to_string(texts.size()) + " " + texts.back() + "\n";
+    }
+    char buf[200];
+    std::snprintf(buf, sizeof buf, "gas %d stop %d settled %d slider %d/%d top %d legend",
+                  static_cast<int>(m.GasActive), static_cast<int>(m.StopFlag), m.Smoke.SpreadCount, m.Smoke.SpreadLimit,
+                  m.Smoke.SpreadMax, m.Smoke.MaxLevel);
+    out += buf;
+    for (const float t : m.Smoke.ContaminantThreshold) out += " " + std::to_string(static_cast<int>(t));
+    out += "\n";
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        std::snprintf(buf, sizeof buf, "%d: Q %.2f source %d %.1f level %d time %.1f\n", a.AirwayNo,
+                      static_cast<double>(a.Quantity), a.Has(bc::ContaminantSource) ? 1 : 0,
+                      static_cast<double>(a.Contaminant), a.Gas2, static_cast<double>(m.Smoke.SpreadTime[r]));
+        out += buf;
+    }
+    return out;
+}
 
 // Records what the spread asked of the windows around it, in order.
 struct WindowHooks : contaminant::SpreadHooks {

@@ -3,9 +3,12 @@
 #pragma once
 
 #include <cmath>
+#include <cstdio>
 #include <memory>
+#include <string>
 
 #include "display/display_list.h"
+#include "display/recording_surface.h"
 #include "display/view_state.h"
 #include "display/view_transform.h"
 #include "model/builtin_settings.h"
@@ -70,5 +73,35 @@ struct Scene {
         ApplyRotation(M, Ds);
     }
 };
+
+// A recorded drawing as text, one operation a line (kind, coordinates to the hundredth, colour,
+// then what differs from a thin solid line: width, style, symbol, font and text), for golden files.
+inline std::string DrawingText(const RecordingSurface& surface) {
+    static const char* const kinds[] = {"clear",  "line", "lineto",  "rect",    "fill", "circle",
+                                        "bitmap", "text", "refresh", "newpage", "end"};
+    std::string out;
+    char buf[160];
+    const auto num = [&](float v) {
+        std::snprintf(buf, sizeof buf, "%.2f", static_cast<double>(v));
+        const std::string text = buf;
+        return text == "-0.00" ? std::string("0.00") : text;
+    };
+    for (const RecordedOp& op : surface.Ops) {
+        out += kinds[static_cast<int>(op.Kind)];
+        for (float v : {op.X1, op.Y1, op.X2, op.Y2}) out += " " + num(v);
+        std::snprintf(buf, sizeof buf, " #%06x", static_cast<unsigned>(op.OpColour));
+        out += buf;
+        if (op.Width != 1) out += " w" + std::to_string(op.Width);
+        if (op.Style == LineStyle::Dotted) out += " dotted";
+        if (op.Mode == DrawMode::Invert) out += " invert";
+        if (op.Symbol >= 0) out += " symbol " + std::to_string(op.Symbol);
+        if (op.Kind == OpKind::Text) {
+            out += " size " + std::to_string(op.FontSize) + (op.Bold ? " bold" : "") + (op.Opaque ? " opaque" : "");
+            out += " \"" + op.Text + "\"";
+        }
+        out += '\n';
+    }
+    return out;
+}
 
 } // namespace karvane::display::testing

@@ -1,18 +1,19 @@
-// The print of a view on a recorded page: the scale on paper, the frame, exact clipping, text
-// that must fit, monochrome, legends, the title line and the figure's reset afterwards.
+// The print of a view on a recorded page: the scale on paper, the frame and exact clipping by
+// their closed forms, the figure's reset afterwards; text that must fit, monochrome, legends and
+// the title line against a golden file.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
+#include <functional>
 
 #include "display/drawn_list.h"
 #include "display/level_selector.h"
-#include "display/palette.h"
 #include "display/print_network.h"
 #include "display/recording_surface.h"
 #include "display/renderer.h"
 #include "display/svg_surface.h"
 #include "display_support.h"
+#include "support/golden.h"
 
 namespace karvane::display {
 namespace {
@@ -128,98 +129,57 @@ TEST(PrintNetwork, ClipsExactlyAtTheFrame) {
     }
 }
 
-TEST(PrintNetwork, AirwayCrossingTheFrameIsCutAndCarriesNoValue) {
-    PrintScene s;
-    // A long drive from inside out through the right side of the frame (x = 250).
-    const std::int32_t out = s.Add(100, 20, 490, 400, 20, 490);
-    s.Row(out).Quantity = 77;
-    s.Row(out).BranchName = "Outbye";
-    s.Refresh();
-    ASSERT_TRUE(s.Run());
-    bool found = false;
-    for (const RecordedOp& op : s.AirwayLines()) {
-        if (op.Y1 != 20 || op.Y2 != 20) continue;
-        found = true;
-        EXPECT_FLOAT_EQ(op.X1, 50);  // window x of world 100 with the centre at 50
-        EXPECT_FLOAT_EQ(op.X2, 200); // the frame's right side: ScaleLeft -200 + 400
+struct Print {
+    const char* Name;
+    std::function<void(PrintScene&)> Set; // changes the scene; the test then prints it
+    float Figure = 0;
+};
+
+const Print kPrints[] = {
+    {"a drive through the right side of the frame is cut and carries no value; the value inside on its own "
+     "background",
+     [](PrintScene& s) {
+         const std::int32_t out = s.Add(100, 20, 490, 400, 20, 490);
+         s.Row(out).Quantity = 77;
+         s.Row(out).BranchName = "Outbye";
+         s.Refresh();
+     }},
+    {"the title line holds the scale, the level and the value, in the margin over the frame", [](PrintScene&) {}, 2500},
+    {"monochrome: black lines, band widths, grey dotted, the legend and grid in colour",
+     [](PrintScene& s) {
+         s.Print.PrintInColour = 0;
+         s.Ds.GridOn = true;
+         s.Ds.View.DisplayOptions = static_cast<std::int16_t>(s.Ds.View.DisplayOptions & ~opt::ShowArrows);
+         s.M.GasActive = 1;
+         s.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
+         s.Row(s.Main).Gas2 = 100;
+         s.Row(s.Cross).Gas2 = 0;
+     }},
+    {"in colour the spread draws its bands",
+     [](PrintScene& s) {
+         s.M.GasActive = 1;
+         s.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
+         s.Row(s.Main).Gas2 = 50;
+     }},
+    {"the sourcing legend; a name near the right side of the frame is left out, not cut",
+     [](PrintScene& s) {
+         s.M.GasActive = 2;
+         const std::int32_t edge = s.Add(230, -60, 490, 248, -60, 490);
+         s.Row(edge).BranchName = "Edge";
+         s.Refresh();
+     }},
+};
+
+TEST(PrintNetwork, PagesPrintAsRecorded) {
+    std::string all;
+    for (const Print& print : kPrints) {
+        SCOPED_TRACE(print.Name);
+        PrintScene s;
+        print.Set(s);
+        ASSERT_TRUE(s.Run(print.Figure));
+        all += std::string("== ") + print.Name + "\n" + testing::DrawingText(s.Page);
     }
-    EXPECT_TRUE(found);
-    const auto texts = s.Page.Texts();
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "Outbye"), 0);
-    EXPECT_EQ(std::count(texts.begin(), texts.end(), "77.0"), 0);
-    // The airway inside keeps its value and name, the value on its own background.
-    const RecordedOp* value = s.Page.FindText("12.5");
-    ASSERT_NE(value, nullptr);
-    EXPECT_TRUE(value->Opaque);
-    EXPECT_NE(s.Page.FindText("Main drive"), nullptr);
-}
-
-TEST(PrintNetwork, TitleLineHoldsScaleLevelAndValue) {
-    PrintScene s;
-    ASSERT_TRUE(s.Run(2500));
-    const auto texts = s.Page.Texts();
-    const std::string want = "KARVANE  Ventilation plan   Scale 1:2500RL Name U/Ground   AirFlow Simulation  "
-                             "Airflow Quantity";
-    EXPECT_NE(std::find(texts.begin(), texts.end(), want), texts.end());
-    const RecordedOp* title = s.Page.FindText(want);
-    ASSERT_NE(title, nullptr);
-    EXPECT_EQ(title->FontSize, 10);
-    EXPECT_EQ(title->OpColour, 0);
-    EXPECT_LT(title->Y1, -150); // in the margin over the frame
-}
-
-TEST(PrintNetwork, MonochromeLinesAreBlackButLegendAndGridKeepColours) {
-    PrintScene s;
-    s.Print.PrintInColour = 0;
-    s.Ds.GridOn = true;
-    s.Ds.View.DisplayOptions = static_cast<std::int16_t>(s.Ds.View.DisplayOptions & ~opt::ShowArrows);
-    // A spread on show: the drive reached at the top level, the crosscut not reached.
-    s.M.GasActive = 1;
-    s.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
-    s.Row(s.Main).Gas2 = 100;
-    s.Row(s.Cross).Gas2 = 0;
-    ASSERT_TRUE(s.Run());
-    std::vector<RecordedOp> lines;
-    for (const RecordedOp& op : s.AirwayLines()) {
-        if (op.Kind == OpKind::Line && op.OpColour != s.M.Set.Colours[6]) lines.push_back(op);
-    }
-    ASSERT_GE(lines.size(), 2U);
-    lines.resize(2);
-    for (const RecordedOp& op : lines) EXPECT_EQ(op.OpColour, 0);
-    EXPECT_EQ(lines[0].Width, 9) << "band 6 draws 6 + 3 wide";
-    EXPECT_EQ(lines[1].Style, LineStyle::Dotted) << "a grey line stays dotted in black";
-    EXPECT_EQ(lines[0].Style, LineStyle::Solid);
-    const auto legend = s.Page.Of(OpKind::FilledRectangle);
-    ASSERT_EQ(legend.size(), 7U);
-    for (int k = 0; k <= 6; ++k) EXPECT_EQ(legend[static_cast<std::size_t>(k)].OpColour, PrintColours()[6 - k]);
-    EXPECT_NE(s.Page.FindText("100"), nullptr);
-    bool grid = false;
-    for (const RecordedOp& op : s.Page.Of(OpKind::Line))
-        grid = grid || (op.Width == 1 && op.OpColour == s.M.Set.Colours[6]);
-    EXPECT_TRUE(grid);
-    // In colour the same print draws the bands.
-    PrintScene c;
-    c.M.GasActive = 1;
-    c.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
-    c.Row(c.Main).Gas2 = 50;
-    ASSERT_TRUE(c.Run());
-    EXPECT_EQ(c.AirwayLines()[0].OpColour, PrintColours()[3]); // 40 reached last, from 5 down: 6 - 3
-}
-
-TEST(PrintNetwork, SourcingLegendAndTextThatDoesNotFit) {
-    PrintScene s;
-    s.M.GasActive = 2;
-    // A name near the right side of the frame is left out, not cut.
-    const std::int32_t edge = s.Add(230, -60, 490, 248, -60, 490);
-    s.Row(edge).BranchName = "Edge";
-    s.Refresh();
-    ASSERT_TRUE(s.Run());
-    const auto boxes = s.Page.Of(OpKind::FilledRectangle);
-    ASSERT_EQ(boxes.size(), 4U);
-    EXPECT_EQ(boxes[1].OpColour, PaletteColour(9));
-    for (const char* caption : {"unknown", "fresh", "potential source", "smoke"})
-        EXPECT_NE(s.Page.FindText(caption), nullptr) << caption;
-    EXPECT_EQ(s.Page.FindText("Edge"), nullptr);
+    karvane::testing::ExpectGolden("print_pages.txt", all);
 }
 
 TEST(PrintNetwork, FaultsGivePrintingError) {

@@ -113,32 +113,30 @@ TEST(ReadFanCurve, StraightLinesOnTheCurveAndFixedValuesOffIt) {
     const std::int32_t fixed = AddFan(*model, u, s, 1, -1);
     ASSERT_TRUE(BuildWorkingCurves(*model, ui));
 
-    FanReading r = ReadFanCurve(*model, 1, 20.0f, row, 0); // exactly point 1: on the curve
-    EXPECT_EQ(r.FanRange, FanOnCurve);
-    EXPECT_FLOAT_EQ(r.FanPressure, 1000.0f);
-    EXPECT_FLOAT_EQ(r.FanSlope, -10.0f);
-    r = ReadFanCurve(*model, 1, 45.0f, row, 0);
-    EXPECT_FLOAT_EQ(r.FanPressure, 750.0f);
-    // Beyond point 10 the line runs to point 11, whose static pressure is minus the total
-    // pressure at point 10: from (110, 100) to (120, -200).
-    r = ReadFanCurve(*model, 1, 115.0f, row, 0);
-    EXPECT_EQ(r.FanRange, FanOnCurve);
-    EXPECT_FLOAT_EQ(r.FanSlope, -30.0f);
-    EXPECT_FLOAT_EQ(r.FanPressure, -50.0f);
-    r = ReadFanCurve(*model, 1, 19.0f, row, 0);
-    EXPECT_EQ(r.FanRange, FanStall);
-    EXPECT_FLOAT_EQ(r.FanPressure, 1000.0f);
-    EXPECT_EQ(r.FanSlope, -50.0f);
-    r = ReadFanCurve(*model, 1, -5.0f, row, 0); // backwards through the fan: stall
-    EXPECT_EQ(r.FanRange, FanStall);
-    r = ReadFanCurve(*model, 1, model->Run.WorkFans[1].Q[11], row, 0);
-    EXPECT_EQ(r.FanRange, FanNegate);
-    EXPECT_EQ(r.FanPressure, 0.0f);
-    EXPECT_EQ(r.FanSlope, -50.0f);
-    r = ReadFanCurve(*model, -1, 30.0f, fixed, 321.0f);
-    EXPECT_EQ(r.FanRange, FanOnCurve);
-    EXPECT_EQ(r.FanPressure, 321.0f);
-    EXPECT_EQ(r.FanSlope, -1.0f);
+    struct Reading {
+        std::int16_t Fan;
+        float Q, Fixed;
+        int Range;
+        float Pressure, Slope;
+    };
+    const float freeDelivery = model->Run.WorkFans[1].Q[11];
+    const Reading readings[] = {
+        {1, 20, 0, FanOnCurve, 1000, -10}, // exactly point 1: on the curve
+        {1, 45, 0, FanOnCurve, 750, -10},
+        // Beyond point 10 the line runs to point 11, whose static pressure is minus the total
+        // pressure at point 10: from (110, 100) to (120, -200).
+        {1, 115, 0, FanOnCurve, -50, -30},
+        {1, 19, 0, FanStall, 1000, -50},
+        {1, -5, 0, FanStall, 1000, -50}, // backwards through the fan
+        {1, freeDelivery, 0, FanNegate, 0, -50},
+        {-1, 30, 321, FanOnCurve, 321, -1}, // a fixed pressure
+    };
+    for (const Reading& want : readings) {
+        const FanReading r = ReadFanCurve(*model, want.Fan, want.Q, want.Fan < 0 ? fixed : row, want.Fixed);
+        EXPECT_EQ(r.FanRange, want.Range) << want.Q;
+        EXPECT_FLOAT_EQ(r.FanPressure, want.Pressure) << want.Q;
+        EXPECT_FLOAT_EQ(r.FanSlope, want.Slope) << want.Q;
+    }
 
     // A combo curve reads halfway between the static and the total curve.
     model->Airways[row].CurveFraction = 50;

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
 #include <map>
 #include <memory>
 #include <string>
@@ -141,6 +142,35 @@ struct RecordingHooks : simulate::RunHooks {
     }
     void EndUndoStep() override { ++UndoSteps; }
 };
+
+// What a run left, as text for golden files: what the user was told and asked, the progress,
+// the run's state and error list, and every row with its lasting number, ends, flow, pressure,
+// preset, code bits and comment.
+inline std::string RunRecord(const Model& m, const WatchingUi& ui) {
+    std::string out;
+    for (const auto& t : ui.Transcript) out += t.Kind + " [" + t.Title + "] " + t.Text + "\n";
+    out += "progress";
+    for (const int p : ui.ProgressPercents) out += " " + std::to_string(p);
+    for (const auto& c : ui.ProgressCaptions) out += " | " + c;
+    out += "\npasses " + std::to_string(ui.Attempts.size()) + " windows " + std::to_string(ui.Opened) + "/" +
+           std::to_string(ui.Closed) + "\n";
+    char buf[240];
+    const auto tidy = [](float v, double least) { return std::fabs(v) < least ? 0.0 : static_cast<double>(v); };
+    std::snprintf(buf, sizeof buf, "fail %d valid %d mode %d stop %d turned %d list %d %s\n",
+                  static_cast<int>(m.SimFail), static_cast<int>(m.SimValid), static_cast<int>(m.SimMode),
+                  static_cast<int>(m.StopFlag), m.AirwaysTurned ? 1 : 0, m.Run.ErrorListOpen ? 1 : 0,
+                  m.Run.ErrorListCaption.c_str());
+    out += buf;
+    for (const auto& line : ErrorLines(m)) out += "error " + line + "\n";
+    for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
+        const Airway& a = m.Airways[r];
+        std::snprintf(buf, sizeof buf, "%d: %d,%d,%d > %d,%d,%d Q %.3f P %.2f res %d code %x %s\n", a.AirwayNo, a.X1,
+                      a.Y1, a.Z1, a.X2, a.Y2, a.Z2, tidy(a.Quantity, 5e-4), tidy(a.Pressure, 5e-3), a.ResType,
+                      static_cast<unsigned>(a.BranchCode), a.Comment.c_str());
+        out += buf;
+    }
+    return out;
+}
 
 // A generated mine of the given size and seed, to be run silently from still air to a fine
 // allowed error.

@@ -4,6 +4,7 @@
 
 #include "sim_networks.h"
 #include "simulate/troubleshoot.h"
+#include "support/golden.h"
 
 namespace karvane::simulate {
 namespace {
@@ -32,107 +33,38 @@ std::unique_ptr<Model> SeriesPair(bool fans, bool pair = true) {
     return m;
 }
 
-TEST(Troubleshoot, FindUnnecessaryBulkheads) {
+TEST(Troubleshoot, EachSearchAsRecorded) {
+    std::string record;
+    const auto search = [&record](Model& m, auto mode, const char* title, std::vector<ui::Answer> answers = {}) {
+        WatchingUi ui;
+        ui.Answers.assign(answers.begin(), answers.end());
+        RunTroubleshoot(m, ui, mode);
+        record += std::string("== ") + title + "\n" + RunRecord(m, ui);
+    };
+    // Unnecessary bulkheads: the pair in series, one enough to stop the air, and no balancing in
+    // this mode; a clean network has none.
     auto m = SeriesPair(false);
-    const float before = m->Airways[2].Quantity = 12.5f;
-    WatchingUi ui;
-    RunTroubleshoot(*m, ui, mode::FindBulkheads);
-    EXPECT_EQ(ui.Texts("Message"),
-              std::vector<std::string>{"CAUTION - Bulkheads are present which MAY restrict meshes formation."});
-    EXPECT_EQ(ui.Transcript[0].Title, "Possible meshing problems");
-    EXPECT_EQ(m->SimFail, 1);
-    EXPECT_EQ(m->SimMode, mode::FindBulkheads);
-    ASSERT_EQ(m->ErrorList.size(), 1u);
-    EXPECT_EQ(m->ErrorList[0].Text, "BBH not required");
-    EXPECT_EQ(AirwayNo(*m, m->ErrorList[0].AirwayNo).Comment, "Bad BBH");
-    EXPECT_TRUE(m->Run.ErrorListOpen);
+    m->Airways[2].Quantity = 12.5f;
+    search(*m, mode::FindBulkheads, "find unnecessary bulkheads");
     EXPECT_FALSE(m->RestrictionFlag);
-    EXPECT_EQ(AirwayNo(*m, 2).Quantity, before); // no balancing in this mode
-    EXPECT_EQ(ui.ProgressPercents.back(), 50);
-
-    auto clean = SeriesPair(false, false);
-    WatchingUi quiet;
-    RunTroubleshoot(*clean, quiet, mode::FindBulkheads);
-    EXPECT_EQ(quiet.Texts("Message"), std::vector<std::string>{"There are NO unnecessary bulkheads."});
-    EXPECT_EQ(quiet.Transcript[0].Title, ProgramName);
-    EXPECT_EQ(clean->SimFail, 0);
-    EXPECT_FALSE(clean->Run.ErrorListOpen);
-}
-
-TEST(Troubleshoot, RemoveUnnecessaryBulkheads) {
-    const std::string question = "WARNING - This will remove redundant bulkheads from the network.  Continue ?";
-    {
-        auto m = SeriesPair(false);
-        WatchingUi ui;
-        ui.Answers = {ui::Answer::Yes};
-        RunTroubleshoot(*m, ui, mode::RemoveBulkheads);
-        EXPECT_EQ(ui.Texts("Ask"), std::vector<std::string>{question});
-        EXPECT_EQ(ui.Transcript[0].Title, "Remove redundant bulkheads");
-        EXPECT_EQ(ui.Texts("Message"),
-                  std::vector<std::string>{"There were 1 unnecessary bulkheads removed from the network"});
-        ASSERT_EQ(m->ErrorList.size(), 1u);
-        const Airway& freed = AirwayNo(*m, m->ErrorList[0].AirwayNo);
-        EXPECT_EQ(freed.ResType, 0);
-        EXPECT_LT(freed.Resistance, 1.0f); // its plain resistance again
-        const std::int32_t other = m->ErrorList[0].AirwayNo == 4 ? 5 : 4;
-        EXPECT_EQ(AirwayNo(*m, other).ResType, 1);
-        EXPECT_FALSE(m->Run.ErrorListOpen); // closed in this mode whatever the result
-    }
-    {
-        auto m = SeriesPair(false);
-        WatchingUi ui;
-        ui.Answers = {ui::Answer::No};
-        RunTroubleshoot(*m, ui, mode::RemoveBulkheads);
-        EXPECT_TRUE(ui.Texts("Message").empty());
-        EXPECT_EQ(AirwayNo(*m, 4).ResType, 1);
-        EXPECT_EQ(AirwayNo(*m, 5).ResType, 1);
-        EXPECT_EQ(m->SimFail, 1);
-        EXPECT_FALSE(m->Run.ErrorListOpen);
-    }
-    auto clean = SeriesPair(false, false);
-    WatchingUi quiet;
-    RunTroubleshoot(*clean, quiet, mode::RemoveBulkheads);
-    EXPECT_EQ(quiet.Texts(), std::vector<std::string>{"There were NO unnecessary bulkheads removed."});
-    EXPECT_EQ(AirwayNo(*clean, 4).ResType, 1);
-}
-
-TEST(Troubleshoot, FindRestrictiveFans) {
-    auto m = SeriesPair(true);
-    WatchingUi ui;
-    RunTroubleshoot(*m, ui, mode::RestrictiveFans);
-    EXPECT_EQ(ui.Texts("Message"), std::vector<std::string>{"WARNING - Fans are present which restrict other fans."});
-    EXPECT_EQ(ui.Transcript[0].Title, "Possible meshing problems");
-    ASSERT_EQ(m->ErrorList.size(), 1u);
-    EXPECT_EQ(m->ErrorList[0].Text, "Fan restricted");
-    EXPECT_EQ(AirwayNo(*m, m->ErrorList[0].AirwayNo).Comment, "Bad Fan");
-
-    auto clean = SeriesPair(false, false); // the fixed pressure closes its own loop
-    WatchingUi quiet;
-    RunTroubleshoot(*clean, quiet, mode::RestrictiveFans);
-    EXPECT_EQ(quiet.Texts(), std::vector<std::string>{"There are NO fans that are being restricted by other fans."});
-}
-
-TEST(Troubleshoot, FindDuplicateAirwaysListsThemWithoutAQuestion) {
-    auto m = SeriesPair(false, false);
+    search(*SeriesPair(false, false), mode::FindBulkheads, "find unnecessary bulkheads, none");
+    // Removing them asks first; the error list is closed in this mode whatever the result.
+    search(*SeriesPair(false), mode::RemoveBulkheads, "remove unnecessary bulkheads", {ui::Answer::Yes});
+    search(*SeriesPair(false), mode::RemoveBulkheads, "remove unnecessary bulkheads, refused", {ui::Answer::No});
+    search(*SeriesPair(false, false), mode::RemoveBulkheads, "remove unnecessary bulkheads, none");
+    // Fans that restrict other fans; the fixed pressure closes its own loop.
+    search(*SeriesPair(true), mode::RestrictiveFans, "restrictive fans");
+    search(*SeriesPair(false, false), mode::RestrictiveFans, "restrictive fans, none");
+    // Duplicate airways are listed without a question; a clean network passes meshing, says
+    // nothing and stores no new flows.
+    m = SeriesPair(false, false);
     AddAirway(*m, Underground(100), Underground(200), 0.7f); // a second A-B
     m->Airways[2].Quantity = 3;
-    WatchingUi ui;
-    RunTroubleshoot(*m, ui, mode::DuplicateAirways);
-    EXPECT_TRUE(ui.Texts("Ask").empty());
-    EXPECT_EQ(m->SimFail, 1);
-    ASSERT_FALSE(m->ErrorList.empty());
-    EXPECT_EQ(m->ErrorList[0].Text, "Duplicate airway");
-    EXPECT_TRUE(m->Run.ErrorListOpen);
-
-    // A clean network passes meshing, says nothing and stores no new flows.
-    auto clean = SeriesPair(false, false);
-    clean->Airways[2].Quantity = 3;
-    WatchingUi quiet;
-    RunTroubleshoot(*clean, quiet, mode::DuplicateAirways);
-    EXPECT_TRUE(quiet.Transcript.empty());
-    EXPECT_EQ(clean->SimFail, 0);
-    EXPECT_EQ(quiet.ProgressPercents.back(), 50);
-    EXPECT_EQ(AirwayNo(*clean, 2).Quantity, 3.0f);
+    search(*m, mode::DuplicateAirways, "duplicate airways");
+    m = SeriesPair(false, false);
+    m->Airways[2].Quantity = 3;
+    search(*m, mode::DuplicateAirways, "duplicate airways, none");
+    karvane::testing::ExpectGolden("troubleshoot_searches.txt", record);
 }
 
 TEST(Troubleshoot, NonConvergingAirwaysAreMarkedInTheLastPassAndTheRunStillStores) {

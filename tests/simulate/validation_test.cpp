@@ -12,6 +12,7 @@
 
 #include "engineering/resistance.h"
 #include "simulate/validation.h"
+#include "support/golden.h"
 #include "ui/scripted_ui.h"
 
 namespace karvane::simulate {
@@ -261,6 +262,7 @@ class ValidationTest : public ::testing::Test {
 protected:
     Model model;
     ui::ScriptedUserInterface ui;
+    std::string record;
 
     void SetUp() override { PrepareModel(model); }
 
@@ -269,8 +271,12 @@ protected:
         return AddAirway(model, x1, y1, z1, x2, y2, z2, bits);
     }
 
-    // Intake shaft, two parallel drives, upcast shaft: a network that balances.
+    // A fresh network: intake shaft, two parallel drives, upcast shaft, which balances.
     void Loop() {
+        model.AirwayCount = 0;
+        model.ErrorList.clear();
+        model.SimFail = 0;
+        ui.Transcript.clear();
         Add(0, 0, 1000, 0, 0, 400);
         Add(0, 0, 400, 100, 0, 400);
         Add(0, 0, 400, 0, 100, 400);
@@ -278,28 +284,33 @@ protected:
         Add(100, 0, 400, 100, 0, 1000);
     }
 
-    bool Check() { return CheckNetwork(model, ui); }
+    // Checks the network with the given answers and adds to the record what the user was asked,
+    // the outcome, the error list and every row in key order with its nodes, flow, code bits and
+    // comment.
+    void Check(const char* title, std::vector<Answer> answers = {}) {
+        ui.Answers.assign(answers.begin(), answers.end());
+        const bool passed = CheckNetwork(model, ui);
+        record += std::string("== ") + title + (passed ? ": passes" : ": fails") + "\n";
+        for (const auto& t : ui.Transcript) record += t.Kind + " [" + t.Title + "] " + t.Text + "\n";
+        for (const auto& line : Lines(model)) record += "error " + line + "\n";
+        record += "nodes " + std::to_string(model.Run.NumNodes) + "\n";
+        for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
+            const Airway& a = model.Airways[row];
+            record += a.BranchName + " " + std::to_string(model.Run.EntryNodeNo[row]) + ">" +
+                      std::to_string(model.Run.ExitNodeNo[row]) + " Q " + std::to_string(a.Quantity) + " code " +
+                      std::to_string(a.BranchCode) + " " + a.Comment + "\n";
+        }
+    }
 };
 
-TEST_F(ValidationTest, CleanNetworkPassesWithNodesNumbered) {
+TEST_F(ValidationTest, ChecksAsRecorded) {
     Loop();
     std::vector<int> shown;
     EXPECT_TRUE(CheckNetwork(model, ui, [&](int p) { shown.push_back(p); }));
     EXPECT_EQ(shown, (std::vector<int>{10, 20, 30}));
-    EXPECT_TRUE(model.ErrorList.empty());
-    EXPECT_TRUE(ui.Transcript.empty());
-    // Keys descend: the surface, (0,100,400), (100,0,400), (0,0,400) twice.
-    EXPECT_EQ(Names(model), (std::vector<std::string>{"A1", "A4", "A5", "A3", "A2"}));
-    const auto& run = model.Run;
-    EXPECT_EQ(run.NumNodes, 4);
-    EXPECT_EQ(std::vector<int>(run.EntryNodeNo.begin() + 1, run.EntryNodeNo.begin() + 6),
-              (std::vector<int>{1, 2, 3, 4, 4}));
-    EXPECT_EQ(std::vector<int>(run.ExitNodeNo.begin() + 1, run.ExitNodeNo.begin() + 6),
-              (std::vector<int>{4, 3, 1, 2, 3}));
     EXPECT_GT(model.Airways[1].Resistance, 0.0f); // resistances worked out on the way
-}
+    Check("a clean network: keys descend, the surface first");
 
-TEST_F(ValidationTest, DeadEndsAndSurfaceFaults) {
     Loop();
     Add(100, 0, 400, 150, 0, 400);                    // 6: leads nowhere
     Add(20, 20, 300, 0, 0, 400);                      // 7: comes from nowhere
@@ -309,123 +320,48 @@ TEST_F(ValidationTest, DeadEndsAndSurfaceFaults) {
     model.Airways[6].Comment = "old reason";
     model.Airways[6].BranchCode |= bc::ErrorMark;
     model.Airways[3].BranchCode |= bc::ErrorMark;
-    EXPECT_FALSE(Check());
-    EXPECT_EQ(model.SimFail, 1);
+    Check("dead ends and surface faults; old reasons and marks cleared, the later fault's reason stands");
 
-    EXPECT_EQ(Lines(model), (std::vector<std::string>{
-                                "9\tNo exit from branch", // from the surface: first in key order
-                                "6\tNo exit from branch",
-                                "7\tNo entry into branch",
-                                "10\tNo entry into branch",
-                                "9\tAirway into surface entry",
-                                "10\tAirway into surface exit",
-                            }));
-    const auto comment = [&](std::int32_t no) {
-        for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
-            if (model.Airways[row].AirwayNo == no) return model.Airways[row].Comment;
-        }
-        return std::string("?");
-    };
-    EXPECT_EQ(comment(6), "No Exit");
-    EXPECT_EQ(comment(7), "No Entry");
-    EXPECT_EQ(comment(9), "Bad Entry"); // the later fault's reason stands
-    EXPECT_EQ(comment(10), "Bad Exit");
-    EXPECT_EQ(comment(8), "");
-    EXPECT_EQ(comment(3), "");
-    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
-        const bool faulty = !model.Airways[row].Comment.empty();
-        EXPECT_EQ(model.Airways[row].Has(bc::ErrorMark), faulty) << model.Airways[row].BranchName;
-    }
-}
-
-TEST_F(ValidationTest, NoAirwayFromTheSurface) {
+    Loop();
+    model.AirwayCount = 0;
     Add(0, 0, 400, 100, 0, 400);
     Add(100, 0, 400, 100, 0, 1000);
     Add(0, 0, 400, 0, 0, 1000);
-    EXPECT_FALSE(Check());
-    // Every row that ends at the surface finds no row starting there.
-    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tNo exit from branch", "3\tNo exit from branch",
-                                                      "3\tNo entry into branch", "1\tNo entry into branch"}));
-}
+    Check("no airway from the surface: every row that ends there finds no row starting there");
 
-TEST_F(ValidationTest, DuplicatesAnsweredNoAreListedTwice) {
     Loop();
     Add(0, 0, 400, 100, 0, 400); // 6: twin of 2
     Add(100, 0, 400, 0, 0, 400); // 7: 2 reversed: no duplicate
-    ui.Answers = {Answer::No};
-    EXPECT_FALSE(Check());
-    ASSERT_EQ(ui.Texts("Ask"), (std::vector<std::string>{"Duplicate branches exist - delete them ?"}));
-    EXPECT_EQ(ui.Transcript[0].Title, "Duplicate branches");
-    EXPECT_EQ(Lines(model), (std::vector<std::string>{"2\tDuplicate airway", "6\tDuplicate branch"}));
-    EXPECT_EQ(model.AirwayCount, 7);
-    // The marks of the duplicate check are cleared with every other old reason; the
-    // connection check's own mark stands.
-    for (std::int32_t row = 1; row <= model.AirwayCount; ++row) {
-        const Airway& a = model.Airways[row];
-        EXPECT_EQ(a.Comment, a.AirwayNo == 6 ? "Error-Duplic" : "");
-    }
-}
+    Check("duplicates kept are listed twice; the connection check's own mark stands", {Answer::No});
 
-TEST_F(ValidationTest, DuplicatesAnsweredYesGoLeavingOne) {
     Loop();
     Add(0, 0, 400, 100, 0, 400);
     Add(0, 0, 400, 100, 0, 400);
-    ui.Answers = {Answer::Yes};
-    EXPECT_TRUE(Check());
-    EXPECT_EQ(model.AirwayCount, 5);
-    // Of equal rows the last in key order stays: the sort keeps them in their old order.
-    EXPECT_EQ(Names(model), (std::vector<std::string>{"A1", "A4", "A5", "A3", "A7"}));
+    Check("duplicates deleted: of equal rows the last in key order stays", {Answer::Yes});
     EXPECT_EQ(model.Airways[6].BranchCode, 0);
-    EXPECT_TRUE(model.ErrorList.empty());
-}
 
-TEST_F(ValidationTest, ZeroLengthAirways) {
     Loop();
     Add(0, 100, 400, 0, 100, 400);
     Add(0, 0, 1000, 5, 5, 1200); // both ends on the surface: not a zero-length airway
-    ui.Answers = {Answer::No};
-    EXPECT_FALSE(Check());
-    EXPECT_EQ(ui.Texts("Ask"),
-              (std::vector<std::string>{"Branches with identical start/end points detected - delete them ?"}));
-    EXPECT_EQ(ui.Transcript[1].Title, "Zero length branches");
-    EXPECT_EQ(Lines(model), (std::vector<std::string>{"7\tboth ends on surface", "6\tSame start/end"}));
-
-    model.ErrorList.clear();
-    model.SimFail = 0;
-    model.AirwayCount = 0;
+    Check("zero-length airways kept", {Answer::No});
     Loop();
     Add(0, 100, 400, 0, 100, 400);
-    ui.Answers = {Answer::Yes};
-    EXPECT_TRUE(Check());
-    EXPECT_EQ(model.AirwayCount, 5);
-}
+    Check("zero-length airways deleted", {Answer::Yes});
 
-TEST_F(ValidationTest, DuplicateSearchAsksNothing) {
     Loop();
     Add(0, 0, 400, 100, 0, 400);
     Add(0, 100, 400, 0, 100, 400);
     model.SimMode = 4;
-    EXPECT_FALSE(Check());
-    EXPECT_TRUE(ui.Transcript.empty());
-    EXPECT_EQ(model.AirwayCount, 7);
-    EXPECT_EQ(Lines(model),
-              (std::vector<std::string>{"2\tDuplicate airway", "7\tSame start/end", "6\tDuplicate branch"}));
-}
+    Check("the duplicate search asks nothing");
+    model.SimMode = 0;
 
-TEST_F(ValidationTest, SentinelFlowsAreCleared) {
     Loop();
     model.Airways[1].Quantity = 9994.0f;
     model.Airways[2].Quantity = 9994.5f;
     model.Airways[3].Quantity = -9999.0f;
     model.Airways[4].Quantity = -12.5f;
-    EXPECT_TRUE(Check());
-    std::vector<float> q;
-    for (std::int32_t no = 1; no <= 4; ++no) {
-        for (std::int32_t row = 1; row <= 5; ++row) {
-            if (model.Airways[row].AirwayNo == no) q.push_back(model.Airways[row].Quantity);
-        }
-    }
-    EXPECT_EQ(q, (std::vector<float>{9994.0f, 0.0f, 0.0f, -12.5f}));
+    Check("sentinel flows are cleared");
+    karvane::testing::ExpectGolden("network_checks.txt", record);
 }
 
 TEST_F(ValidationTest, EmptyAndTinyNetworksDoNotBreak) {
@@ -436,7 +372,7 @@ TEST_F(ValidationTest, EmptyAndTinyNetworksDoNotBreak) {
     // A network emptied by its blank rows.
     Add(0, 0, 0, 0, 0, 0);
     model.Airways[1].BranchCode = 0;
-    EXPECT_TRUE(Check());
+    EXPECT_TRUE(CheckNetwork(model, ui));
     EXPECT_EQ(model.AirwayCount, 0);
 }
 
