@@ -8,6 +8,7 @@
 #include "display/data_types.h"
 #include "display_support.h"
 #include "engineering/resistance.h"
+#include "support/golden.h"
 
 namespace karvane::display {
 namespace {
@@ -41,7 +42,6 @@ struct Values : Scene {
         for (int p = 1; p <= 10; ++p) fan.FanQ[static_cast<std::size_t>(p)] = static_cast<float>(10 * p);
     }
     std::string Text(int type, bool withUnit = false) { return FormatAirwayValue(M, Ds, type, A, withUnit).Text; }
-    std::string Extra(int type) { return FormatAirwayValue(M, Ds, type, A, false).ExtraLine; }
 };
 
 TEST(FormatValue, UnitsFormatsAndLabels) {
@@ -57,105 +57,77 @@ TEST(FormatValue, UnitsFormatsAndLabels) {
     EXPECT_EQ(FormatValue(s.M, 1, uc::Velocity, true, false, '.'), "197 ft/min");
 }
 
-TEST(FormatAirwayValue, EveryDataType) {
+// Every data type of the airway in each of its states, against a golden file: a line of the
+// value, the value with its unit and the extra line where any of them is not empty. The plain
+// airway: Q 16 through 5 x 4 (0.8 m/s), a drop of 60 between its nodes, R 0.5, 16^3 x 0.5 /
+// 1000 = 2.048 kW costing 2.048 x 0.08 x 8760 / 0.8 = 1794.05 a year.
+TEST(FormatAirwayValue, EveryDataTypeAsRecorded) {
     Values s;
     Airway& a = s.Row(s.A);
-    EXPECT_EQ(s.Text(12), "16.0");
-    EXPECT_EQ(s.Text(12, true), "16.0 m3/s");
-    EXPECT_EQ(s.Text(13), "0.8");  // 16 / (5 x 4)
-    EXPECT_EQ(s.Text(22), "60.0"); // the drop between the nodes
-    const double rf = FrictionResistance(s.M, s.A);
-    EXPECT_EQ(s.Text(23), FormatValue(s.M, 256 * rf, uc::Pressure, false, false, '.'));
-    EXPECT_EQ(s.Text(24), ""); // no fan, no fixed flow
-    const double load = std::fabs(60 - 256 * rf) * 20 / 9.81;
-    EXPECT_EQ(s.Text(25), FormatValue(s.M, load, uc::Mass, false, false, '.'));
-    EXPECT_EQ(s.Text(32), "0.50000");
-    EXPECT_EQ(s.Text(33), "20.0");
-    EXPECT_EQ(s.Text(34), "0.01200");
-    EXPECT_EQ(s.Text(35), "5.0 x 4.0");
-    EXPECT_EQ(s.Text(35, true), "5.0 m x 4.0 m");
-    EXPECT_EQ(s.Text(36), "100");
-    EXPECT_EQ(s.Text(42), "2");     // 16^3 x 0.5 / 1000 = 2.048 kW
-    EXPECT_EQ(s.Text(44), "1,794"); // 2.048 x 0.08 x 8760 / 0.8 = 1794.05
+    std::string record;
+    const auto values = [&](const char* title) {
+        record += std::string("== ") + title + "\n";
+        for (int type = 10; type < 100; ++type) {
+            const AirwayValueText plain = FormatAirwayValue(s.M, s.Ds, type, s.A, false);
+            const std::string unit = s.Text(type, true);
+            if (plain.Text.empty() && unit.empty() && plain.ExtraLine.empty()) continue;
+            record += std::to_string(type) + "\t" + plain.Text + "\t" + unit + "\t" + plain.ExtraLine + "\n";
+        }
+    };
+    values("plain");
     s.M.Set.PowerCost = 0.8f;
-    EXPECT_EQ(s.Text(44), "17,940");
-    EXPECT_EQ(s.Text(43), ""); // no fan
-    EXPECT_EQ(s.Text(52), "1");
-    EXPECT_EQ(s.Text(53), "1,3");
-    EXPECT_EQ(s.Text(54), "Intake,East");
-    EXPECT_EQ(s.Text(55), "");
     a.Contaminant = 3.4f;
-    EXPECT_EQ(s.Text(55), "4");
+    values("power at ten times the price, a contaminant level");
     a.Gas2 = 2;
     s.M.GasActive = 1;
-    EXPECT_EQ(s.Text(55), "2");
-    EXPECT_EQ(s.Text(56), ""); // never reached
     s.M.Smoke.SpreadTime[static_cast<std::size_t>(s.A)] = 3600;
-    EXPECT_EQ(s.Text(56), "01:00:00");
-    EXPECT_EQ(s.Text(99), "");
-
-    // Other shapes.
     a.BranchCode = bc::Circular;
     a.Width = 3;
-    EXPECT_EQ(s.Text(35), "Diam 3.0");
+    values("a spread on show, reached after an hour; circular");
     a.BranchCode = bc::AreaEntry;
     a.Width = 20;
     a.Height = 18;
-    EXPECT_EQ(s.Text(35, true), "Area 20.0 m2  P 18.0 m");
-    EXPECT_EQ(s.Text(13), "0.8");
-
-    // The resistance preset's name as the extra line.
     a.ResType = 3;
-    EXPECT_EQ(s.Extra(32), "Wood Door");
-    EXPECT_EQ(s.Extra(12), ""); // only while the airway is in view with resistance symbols on
+    values("by area and perimeter; a resistance preset out of view");
     a.BranchCode |= bc::InView;
-    EXPECT_EQ(s.Extra(12), "Wood Door");
+    values("in view with resistance symbols on");
     s.Ds.View.DisplayOptions &= ~opt::ShowResistance;
-    EXPECT_EQ(s.Extra(12), "");
-}
+    values("in view with resistance symbols off");
 
-TEST(FormatAirwayValue, FansStallsAndDecorations) {
-    Values s;
-    Airway& a = s.Row(s.A);
-    a.FanNumber = 1;
-    a.NoOfFans = 1;
-    a.Quantity = 20;
-    a.Pressure = 1000;
-    EXPECT_EQ(s.Text(24), "Fan1:1000.0");
-    EXPECT_EQ(s.Text(24, true), "1000.0 Pa");
-    EXPECT_EQ(s.Text(22), "Fan1:200.0"); // Q squared x R with a fan
+    Values f;
+    Airway& fan = f.Row(f.A);
+    fan.FanNumber = 1;
+    fan.NoOfFans = 1;
+    fan.Quantity = 20;
+    fan.Pressure = 1000;
     // Input power at the default efficiency, with the velocity pressure of the fan outlet.
     const double v = std::pow(20 / (3.141592654 * 4 / 4), 2) * 1.2 / 2;
     const double drive = (v + 1000) * 20 / 1000;
-    EXPECT_EQ(s.Text(43), "Fan1:" + FormatValue(s.M, drive / 0.8, uc::Power, false, false, '.'));
-    EXPECT_EQ(s.Text(45), "Fan1:" + FormatValue(s.M, std::nearbyint(drive * 0.08 * 8760 / 0.8 * 1e4) / 1e4,
+    EXPECT_EQ(f.Text(43), "Fan1:" + FormatValue(f.M, drive / 0.8, uc::Power, false, false, '.'));
+    EXPECT_EQ(f.Text(45), "Fan1:" + FormatValue(f.M, std::nearbyint(drive * 0.08 * 8760 / 0.8 * 1e4) / 1e4,
                                                 uc::Currency, false, false, '.'));
-    EXPECT_EQ(s.Text(25), "Fan1:" + FormatValue(s.M, 20 * -1000.0 / 9.81, uc::Mass, false, false, '.'));
-
-    // A stalled fan: the stall pressure of the first curve point, times two fans in series.
+    EXPECT_EQ(f.Text(25), "Fan1:" + FormatValue(f.M, 20 * -1000.0 / 9.81, uc::Mass, false, false, '.'));
+    const double rf = FrictionResistance(s.M, s.A);
+    EXPECT_EQ(Values().Text(23), FormatValue(s.M, 256 * rf, uc::Pressure, false, false, '.'));
+    EXPECT_EQ(Values().Text(25), FormatValue(s.M, std::fabs(60 - 256 * rf) * 20 / 9.81, uc::Mass, false, false, '.'));
+    a = fan;
+    values("a fan of 2 m at 20 m3/s and 1000 Pa");
     a.Pressure = StalledFanPressure;
     a.NoOfFans = 2;
     a.BranchCode |= bc::FansInSeries;
-    EXPECT_EQ(s.Text(24), "2xFan1:-9999.0");
-    EXPECT_EQ(s.Extra(24), "Stall @5000.0");
-    EXPECT_EQ(s.Text(25), "2xFan1:N/A");
+    values("two fans in series stalled: the stall pressure of the first point times two");
     a.Pressure = NegatedFanPressure;
-    EXPECT_EQ(s.Extra(24), "Negate @200.0");
-    // With units (the pop-up) the fan number is left out.
-    EXPECT_EQ(s.Text(24, true), "9999.0 Pa");
-
-    // Fixed pressure, fixed flow and parallel airways, in that order from the inside out.
+    values("two fans in series negated");
     a.FanNumber = -1;
     a.Pressure = 300;
     a.BranchCode |= bc::FixedFlow;
     a.NoAirways = 2;
-    EXPECT_EQ(s.Text(12), "[2] FixQ FixP 20.0");
-    EXPECT_EQ(s.Text(13), "[2] FixQ FixP 0.5");
-    // A fixed flow airway without fan pushes with its own pressure.
+    values("fixed pressure, fixed flow and parallel airways, from the inside out");
     a.FanNumber = 0;
-    EXPECT_EQ(s.Text(43), "[2] FixQ " + FormatValue(s.M, 300.0 * 20 / 1000 / 0.8, uc::Power, false, false, '.'));
+    values("a fixed flow without fan pushes with its own pressure");
     a.Pressure = -5;
-    EXPECT_EQ(s.Text(43), "");
+    values("a fixed flow taking pressure out");
+    karvane::testing::ExpectGolden("airway_values.txt", record);
 }
 
 TEST(FormatNodeValue, PressuresAndCoordinatesAtTheEnds) {

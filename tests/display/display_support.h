@@ -44,18 +44,11 @@ struct Scene {
         const std::int32_t row = ++M.AirwayCount;
         Airway& a = M.Airways[static_cast<std::size_t>(row)];
         a = Airway{};
-        a.X1 = x1;
-        a.Y1 = y1;
-        a.Z1 = z1;
-        a.X2 = x2;
-        a.Y2 = y2;
-        a.Z2 = z2;
-        a.Width = 4;
-        a.Height = 4;
+        a.X1 = x1, a.Y1 = y1, a.Z1 = z1, a.X2 = x2, a.Y2 = y2, a.Z2 = z2;
+        a.Width = a.Height = 4;
         a.BranchCode = bc::Rectangular;
         a.NoAirways = 1;
-        a.PrimaryLayer = 1;
-        a.SecondLayer = 1;
+        a.PrimaryLayer = a.SecondLayer = 1;
         a.AirwayNo = row;
         const double dx = static_cast<double>(x2) - x1, dy = static_cast<double>(y2) - y1,
                      dz = static_cast<double>(z2) - z1;

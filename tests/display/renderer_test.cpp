@@ -171,11 +171,13 @@ TEST(Renderer, PanningLeavesTheLabelsOutAndABadGridSpacingIsAFaultOfTheGridAlone
     s.Ds.Panning = true;
     RedrawLinesOnly(s.M, s.Ds, s.Surface, s.Ui);
     EXPECT_TRUE(s.Surface.Texts().empty());
+    EXPECT_EQ(s.Surface.FindText("12.5"), nullptr);
     EXPECT_GT(s.Surface.Of(OpKind::Line).size(), 10u);
     s.Ds.Panning = false;
     s.M.Set.GridSpacing = 0;
     s.Redraw();
     EXPECT_EQ(s.Ui.Texts("Message"), std::vector<std::string>{"MAJOR Error Drawing Graphics Grid !"});
+    EXPECT_EQ(s.Surface.Texts().size(), 5u); // the network's own texts, without the grid's
     ASSERT_NE(s.Surface.FindText("12.5"), nullptr);
     EXPECT_EQ(s.Surface.FindText("12.5")->FontSize, 5); // 6 points x sqrt(1/200) x 100 / 8
     EXPECT_GT(s.Surface.TextHeight("F"), s.Surface.TextWidth("F"));

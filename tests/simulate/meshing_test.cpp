@@ -1,6 +1,6 @@
-// Meshing: the weight order and its ties, the forest and its tree checks, the mesh lists, the
-// full store, and the fast forest and mesh walks against the literal procedures on generated
-// networks.
+// Meshing: the mesh lists of a small network, the tree checks of every mode, the full store, and
+// the weight order with its ties, the forest and the mesh walks against the literal procedures
+// on generated networks with many equal weights.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -71,37 +71,6 @@ std::pair<int, int> Travel(const Model& model, std::int32_t e, bool first) {
     const std::int32_t a = std::abs(e);
     const int from = std::abs(model.Run.EntryNodeNo[a]), to = std::abs(model.Run.ExitNodeNo[a]);
     return (e > 0 || first) ? std::make_pair(from, to) : std::make_pair(to, from);
-}
-
-TEST(MeshOrder, DescendingWeightWithLaterRowsFirstAmongEqualsAndFullWeightForHeldAirways) {
-    auto model = NewModel();
-    SetGraph(*model, 3, {{1, 2}, {2, 3}, {1, 3}, {3, 1}, {2, 1}}, {2.0f, 1.0f, 2.0f, 5.0f, 1.0f});
-    model->Airways[4].FanNumber = 3;
-    model->Airways[5].Resistance = static_cast<float>(BlockedResValue);
-    model->Airways[5].Quantity = 7;
-    PrepareMeshOrder(*model);
-    EXPECT_EQ(model->Run.Work[4], FullWeight);
-    EXPECT_EQ(model->Run.Work[5], FullWeight);
-    EXPECT_EQ(model->Airways[5].Quantity, 0.0f); // a blocked airway carries nothing
-    // Rows 5 and 4 at FullWeight (later first), then 3 and 1 at 2, then 2.
-    const std::vector<std::int16_t> expected{5, 4, 3, 1, 2};
-    for (int p = 1; p <= 5; ++p) EXPECT_EQ(model->Run.SortOrder[p], expected[p - 1]) << p;
-}
-
-TEST(Forest, OppositeAirwaysBetweenTwoNodesTheLighterOrLowerRowGoesIntoTheTree) {
-    auto model = NewModel();
-    // Rows 1 and 2 join nodes 1 and 2 both ways; rows 3 and 4 are the only ways to node 3.
-    SetGraph(*model, 3, {{1, 2}, {2, 1}, {2, 3}, {3, 2}}, {0.1f, 0.1f, 3.0f, 2.0f});
-    PrepareMeshOrder(*model);
-    BuildForest(*model);
-    EXPECT_LT(model->Run.EntryNodeNo[3], 0); // heavier: chord
-    EXPECT_GT(model->Run.EntryNodeNo[4], 0);
-
-    SetGraph(*model, 3, {{1, 2}, {2, 1}, {2, 3}, {3, 2}}, {0.1f, 0.1f, 2.0f, 2.0f});
-    PrepareMeshOrder(*model);
-    BuildForest(*model);
-    EXPECT_GT(model->Run.EntryNodeNo[3], 0); // equal: the lower row is in the tree
-    EXPECT_LT(model->Run.EntryNodeNo[4], 0);
 }
 
 TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorterStretch) {

@@ -130,27 +130,5 @@ TEST(Run, TheStopButtonEndsTheRunWithFlowsAsTheyStood) {
     EXPECT_EQ(early->SimValid, 0);
 }
 
-TEST(Run, NeighbourListsNameTheRowsThatMeetEachEnd) {
-    auto m = LoopWithFixedFlow(100, false);
-    WatchingUi ui;
-    RunAirflow(*m, ui);
-    ASSERT_EQ(m->SimValid, -1);
-    auto names = [&](std::span<const std::int16_t> rows) {
-        std::vector<std::int32_t> v;
-        for (auto r : rows) v.push_back(m->Airways[r].AirwayNo);
-        return v;
-    };
-    const std::int32_t drive = RowOf(*m, 2), intake = RowOf(*m, 1), exhaust = RowOf(*m, 5);
-    EXPECT_EQ(names(Upstream(*m, drive)), std::vector<std::int32_t>{1});
-    std::vector<std::int32_t> down = names(Downstream(*m, drive));
-    EXPECT_EQ(down, std::vector<std::int32_t>{5});
-    // Surface ends meet: the exhaust ends where the intake starts.
-    EXPECT_EQ(names(Upstream(*m, intake)), std::vector<std::int32_t>{5});
-    EXPECT_EQ(names(Downstream(*m, exhaust)), std::vector<std::int32_t>{1});
-    EXPECT_TRUE(Upstream(*m, 0).empty());
-    InvalidateSimulation(*m);
-    EXPECT_EQ(Upstream(*m, drive).size(), 1u); // lists stand until the next run
-}
-
 } // namespace
 } // namespace karvane::simulate

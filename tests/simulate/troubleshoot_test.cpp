@@ -100,6 +100,8 @@ TEST(Troubleshoot, NonConvergingAirwaysAreMarkedInTheLastPassAndTheRunStillStore
     WatchingUi fine;
     RunTroubleshoot(*good, fine, mode::NonConverging);
     EXPECT_EQ(fine.Texts(), std::vector<std::string>{"There are NO major convergence problems"});
+    EXPECT_TRUE(fine.Said("There are NO major convergence problems"));
+    EXPECT_TRUE(fine.Texts("Ask").empty());
     EXPECT_EQ(good->SimFail, 0);
 }
 
