@@ -213,38 +213,22 @@ TEST(NetworkFile, RowTextAndParse) {
     a.ToNodeP = 10;
     a.AirwayNo = 55;
     ParseAirwayRow(model, ui, "P\tQ\tR\t\t\t10\t20\t30\t40\t50\t60\t2\t3\t2\t1\t2\t3\t0,01\t5\tnote", 1, 3.1, '.');
-    EXPECT_EQ(a.EntryNode, "P");
-    EXPECT_EQ(a.Z2, 60);
-    EXPECT_EQ(a.WallFactor, 0.01f);
-    EXPECT_EQ(a.Comment, "note");
-    EXPECT_EQ(a.Resistance, 0.0f);
-    EXPECT_EQ(a.AirwayNo, 0);
-    EXPECT_EQ(a.Pressure, 7.0f);
-    EXPECT_EQ(a.Contaminant, 8.0f);
-    EXPECT_EQ(a.PrimaryLayer, 3);
-    EXPECT_EQ(a.SecondLayer, 4);
-    EXPECT_EQ(a.FromNodeP, 9.0f);
-    EXPECT_EQ(a.ToNodeP, 10.0f);
+    EXPECT_EQ(AirwayRowText(model, 1, '.'),
+              "P\tQ\tR\t\t\t10\t20\t30\t40\t50\t60\t2\t3\t2\t1\t2\t3\t0.01\t5\tnote\t0\t0\t0\t0\t0\t7\t8\t3\t"
+              "4\t9\t10\t0\t0\t0\t0\t0\t0\t0\t0");
 
-    // Names and comments are cut at their widths; keys read as fixed point.
-    std::vector<std::string> parts(21);
-    parts[1] = std::string(50, 'n');
-    parts[4] = "12.5";
-    parts[5] = "x";
-    parts[20] = std::string(20, 'c');
-    std::string longRow = parts[1];
-    for (std::size_t k = 2; k <= 20; ++k) longRow += "\t" + parts[k];
-    ParseAirwayRow(model, ui, longRow, 1, 3.1, '.');
-    EXPECT_EQ(a.EntryNode.size(), 40u);
-    EXPECT_EQ(a.Comment.size(), 12u);
+    // Names and comments are cut at their widths, keys read as fixed point, numbers beyond their
+    // types held at the ends of the type.
+    ParseAirwayRow(model, ui,
+                   std::string(50, 'n') + "\t\t\t12.5\tx\t99999999999\t0\t0\t0\t0\t0\t1E+99\t0\t0\t70000\t\t\t\t\t" +
+                       std::string(20, 'c'),
+                   1, 3.1, '.');
+    EXPECT_EQ(AirwayRowText(model, 1, '.'),
+              std::string(40, 'n') +
+                  "\t\t\t\t\t2147483647\t0\t0\t0\t0\t0\t3.402823E+38\t0\t0\t32767\t0\t0\t0\t0\tcccccccccccc\t0\t0\t"
+                  "0\t0\t0\t7\t8\t3\t4\t9\t10\t0\t0\t0\t0\t0\t0\t0\t0");
     EXPECT_EQ(a.EntryKey, 125000);
     EXPECT_EQ(a.ExitKey, 0);
-
-    // Numbers beyond their types are held at the ends of the type.
-    ParseAirwayRow(model, ui, "a\tb\tc\t\t\t99999999999\t0\t0\t0\t0\t0\t1E+99\t0\t0\t70000", 1, 3.1, '.');
-    EXPECT_EQ(a.X1, 2147483647);
-    EXPECT_EQ(a.Height, std::numeric_limits<float>::max());
-    EXPECT_EQ(a.ResType, 32767);
 }
 
 TEST(NetworkFile, OldPresetIndicesBecomeCustom) {
