@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <random>
+#include <tuple>
 
 #include "bench/mine_generator.h"
 #include "exchange/simplify.h"
@@ -203,20 +204,13 @@ void ChainedMine(Model& m, std::int32_t airways, std::uint64_t seed) {
 
 void ExpectSameRows(const Model& a, const Model& b, const std::string& what) {
     ASSERT_EQ(a.AirwayCount, b.AirwayCount) << what;
-    for (std::int32_t r = 1; r <= a.AirwayCount; ++r) {
-        const Airway& x = a.Airways[static_cast<std::size_t>(r)];
-        const Airway& y = b.Airways[static_cast<std::size_t>(r)];
-        ASSERT_EQ(EndsOf(x), EndsOf(y)) << what << " row " << r;
-        ASSERT_EQ(x.EntryKey, y.EntryKey) << what << " row " << r;
-        ASSERT_EQ(x.ExitKey, y.ExitKey) << what << " row " << r;
-        ASSERT_EQ(x.BranchCode, y.BranchCode) << what << " row " << r;
-        ASSERT_EQ(x.Length, y.Length) << what << " row " << r;
-        ASSERT_EQ(x.Resistance, y.Resistance) << what << " row " << r;
-        ASSERT_EQ(x.ShockFactor, y.ShockFactor) << what << " row " << r;
-        ASSERT_EQ(x.ShockType, y.ShockType) << what << " row " << r;
-        ASSERT_EQ(x.AirwayNo, y.AirwayNo) << what << " row " << r;
-        ASSERT_EQ(x.UndoNo, y.UndoNo) << what << " row " << r;
-    }
+    auto fields = [](const Airway& x) {
+        return std::tuple(EndsOf(x), x.EntryKey, x.ExitKey, x.BranchCode, x.Length, x.Resistance, x.ShockFactor,
+                          x.ShockType, x.AirwayNo, x.UndoNo);
+    };
+    for (std::int32_t r = 1; r <= a.AirwayCount; ++r)
+        ASSERT_EQ(fields(a.Airways[static_cast<std::size_t>(r)]), fields(b.Airways[static_cast<std::size_t>(r)]))
+            << what << " row " << r;
 }
 
 } // namespace
