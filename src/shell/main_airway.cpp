@@ -12,7 +12,7 @@ dialogs::AirwayDialogs& MainWindow::airwayDialogs() {
             RebuildCurrentView();
             RedrawAllWindows();
         };
-        hooks.EditFinished = [this] { ShowSimIndicator(); };
+        hooks.EditFinished = [this] { lists_->ShowSimIndicator(); };
         hooks.PickFraction = [this] { return ds_->PickFraction; };
         airwayDialogs_ = new dialogs::AirwayDialogs(*model_, ui_, undo_, ui_.DecimalSeparator(), this, hooks);
     }

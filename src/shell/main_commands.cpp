@@ -102,7 +102,7 @@ void MainWindow::SetRunActive(bool active) {
     runActive_ = active;
     menuBar()->setEnabled(!active);
     toolBar_->setEnabled(!active);
-    listBar_->setEnabled(!active);
+    lists_->Bar()->setEnabled(!active);
     views_->WorkArea()->setEnabled(!active);
 }
 
@@ -138,7 +138,7 @@ void MainWindow::AfterRun() {
     RebuildCurrentView();
     RedrawAllWindows();
     runWindows_->ShowErrorList();
-    ShowSimIndicator();
+    lists_->ShowSimIndicator();
 }
 
 void MainWindow::GotoAirway(std::int32_t airwayNo) {
@@ -155,8 +155,8 @@ void MainWindow::ShowAirwayRow(std::int32_t row, float fraction) {
     views_->SyncCurrent();
     const edit::ShownAirway shown = edit::ShowAirway(*model_, *ds_, ui_, row, fraction);
     if (!shown.Shown) return;
-    if (shown.LevelAdded) FillLevelList();
-    ShowLevel();
+    if (shown.LevelAdded) lists_->FillLevelList();
+    lists_->ShowLevel();
     RedrawWindow();
     if (display::Surface* s = CurrentSurface()) edit::MarkShownAirway(*ds_, *s);
     SaveWindowState();
@@ -244,16 +244,14 @@ void MainWindow::SaveNamedView() {
     if (!views_->CurrentOpen()) return;
     const std::string name = forms::SaveNamedView(*model_, *ds_, ui_);
     if (name.empty()) return;
-    FillViewList();
-    listsLoading_ = true;
-    cmbView_->setCurrentIndex(cmbView_->findText(FromCp1252(name)));
-    listsLoading_ = false;
+    lists_->FillViewList();
+    lists_->ShowNamedView(name);
 }
 
 void MainWindow::DeleteNamedView() {
-    const int position = cmbView_->currentIndex();
+    const int position = lists_->NamedViewPosition();
     if (position < 0) return;
-    if (forms::DeleteNamedView(*model_, ui_, position, ToCp1252(cmbView_->itemText(position)))) FillViewList();
+    if (forms::DeleteNamedView(*model_, ui_, position, lists_->NamedViewAt(position))) lists_->FillViewList();
 }
 
 void MainWindow::ApplySettingsTimers() {
@@ -393,7 +391,7 @@ void MainWindow::ImportCommand(bool dxf) {
     display::ChooseLevelRow(*model_, *ds_, report.CurrentLevel);
     display::FitView(*model_, *ds_, ui_);
     display::ApplyRotation(*model_, *ds_);
-    FillLevelList();
+    lists_->FillLevelList();
     RefreshControls();
     RedrawAllWindows();
 }
@@ -423,7 +421,7 @@ void MainWindow::ActivateStations(bool input, bool on) {
     } else {
         timer->stop();
     }
-    ShowSimIndicator();
+    lists_->ShowSimIndicator();
 }
 
 void MainWindow::ShowStationDialog(bool input) {
@@ -463,7 +461,7 @@ void MainWindow::AfterLoad(const files::LoadReport& report) {
     display::ShowLoadedNetwork(*model_, *ds_, ui_, report.StartupViewRead, level);
     edit::ShareCurrentView(*model_, *ds_, views_->Table());
     if (fileNote_->isVisible()) fileNote_->SetNote(FromCp1252(model_->FileNote));
-    FillViewList();
+    lists_->FillViewList();
     ApplySettingsTimers();
     RefreshControls();
     views_->RefreshCaptions();
@@ -492,7 +490,7 @@ void MainWindow::AfterNewNetwork() {
     display::FitView(*model_, *ds_, ui_);
     edit::ShareCurrentView(*model_, *ds_, views_->Table());
     if (fileNote_->isVisible()) fileNote_->SetNote(QString());
-    FillViewList();
+    lists_->FillViewList();
     RefreshControls();
     RedrawAllWindows();
 }

@@ -18,7 +18,7 @@ void MainWindow::ShowLevelList() {
     dialog.exec();
     // The level list, the scroll bar and the view follow the saved levels.
     if (dialog.Form().Saved()) {
-        FillLevelList();
+        lists_->FillLevelList();
         AfterLevelChange();
     }
     RedrawAllWindows();

@@ -211,7 +211,7 @@ void MainWindow::BuildMenus() {
             a->setCheckable(true);
             dataGroup->addAction(a);
             dataTypeEntries_[type] = a;
-            connect(a, &QAction::triggered, this, [this, type] { OnDataTypeMenu(type); });
+            connect(a, &QAction::triggered, this, [this, type] { lists_->ChooseDataType(type); });
         }
     }
     view->addSeparator();

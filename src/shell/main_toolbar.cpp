@@ -1,51 +1,19 @@
-// The tool bar of the main window: the tool buttons in the order of their command values, the
-// rotation button, the data type lists with the unit, the level list and its scroll bar, the
-// list of named views, the three coordinate labels with the centre, and the simulation light.
+// The tool bar of the main window: the tool buttons in the order of their command values and
+// the rotation button, then the list bar below it; the tool state they show, and what follows
+// a change of the level or of the controls as a whole.
 #include <QAction>
 #include <QActionGroup>
-#include <QComboBox>
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollBar>
-#include <QStatusBar>
 #include <QToolBar>
 
-#include "display/data_types.h"
 #include "display/level_selector.h"
 #include "display/view_title.h"
 #include "edit/tool_table.h"
-#include "forms/view_names.h"
 #include "qt/icons.h"
-#include "qt/qt_surface.h"
-#include "qt/qt_text.h"
 #include "shell/main_window.h"
 #include "shell/run_windows.h"
-#include "simulate/run.h"
 
 namespace karvane::shell {
-
-namespace {
-
-QLabel* FieldLabel(const char* name, int width, QWidget* parent) {
-    auto* label = new QLabel(parent);
-    label->setObjectName(QString::fromLatin1(name));
-    label->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-    label->setMinimumWidth(width);
-    label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setContentsMargins(4, 0, 4, 0);
-    return label;
-}
-
-QLabel* Caption(const QString& text, QWidget* parent) {
-    auto* label = new QLabel(text, parent);
-    label->setContentsMargins(6, 0, 2, 0);
-    label->setStyleSheet(QStringLiteral("color: #44505e;"));
-    return label;
-}
-
-QString Hex(std::int32_t colour) { return QtSurface::ToQColor(colour).name(); }
-
-} // namespace
 
 QAction* MainWindow::toolButton(int value) const {
     const auto found = toolButtons_.find(value);
@@ -88,94 +56,6 @@ void MainWindow::BuildToolBars() {
     rotation_->OnPress = [this](int b, QPointF at) { views_->RotationPress(b, at); };
     rotation_->OnMove = [this](QPointF at) { views_->RotationMove(at); };
     rotation_->OnRelease = [this](int b, QPointF at) { views_->RotationRelease(b, at); };
-
-    addToolBarBreak();
-    listBar_ = addToolBar(QStringLiteral("Lists"));
-    listBar_->setObjectName(QStringLiteral("Lists"));
-    listBar_->setMovable(false);
-
-    listBar_->addWidget(Caption(QStringLiteral("Data"), listBar_));
-    cmbDataType_ = new QComboBox(listBar_);
-    cmbDataType_->setObjectName(QStringLiteral("CmbDataType"));
-    cmbDataType_->setMinimumWidth(112);
-    cmbDataType_->setToolTip(QStringLiteral("Kind of value shown on the airways"));
-    listBar_->addWidget(cmbDataType_);
-    cmbDataVal_ = new QComboBox(listBar_);
-    cmbDataVal_->setObjectName(QStringLiteral("CmbDataVal"));
-    cmbDataVal_->setMinimumWidth(130);
-    cmbDataVal_->setToolTip(QStringLiteral("Value shown on the airways"));
-    listBar_->addWidget(cmbDataVal_);
-    lblUnit_ = FieldLabel("LblUnit", 58, listBar_);
-    lblUnit_->setAlignment(Qt::AlignCenter);
-    lblUnit_->setToolTip(QStringLiteral("Unit of the values shown"));
-    listBar_->addWidget(lblUnit_);
-
-    listBar_->addSeparator();
-    listBar_->addWidget(Caption(QStringLiteral("Level"), listBar_));
-    cmbRL_ = new QComboBox(listBar_);
-    cmbRL_->setObjectName(QStringLiteral("CmbRL"));
-    cmbRL_->setMinimumWidth(130);
-    cmbRL_->setToolTip(QStringLiteral("Level shown (Up and Down keys step through the levels)"));
-    listBar_->addWidget(cmbRL_);
-    vsbRL_ = new QScrollBar(Qt::Vertical, listBar_);
-    vsbRL_->setObjectName(QStringLiteral("VsbRL"));
-    vsbRL_->setFixedSize(16, 26);
-    vsbRL_->setToolTip(QStringLiteral("Next or previous level"));
-    listBar_->addWidget(vsbRL_);
-
-    listBar_->addSeparator();
-    listBar_->addWidget(Caption(QStringLiteral("View"), listBar_));
-    cmbView_ = new QComboBox(listBar_);
-    cmbView_->setObjectName(QStringLiteral("CmbView"));
-    cmbView_->setMinimumWidth(150);
-    cmbView_->setToolTip(QStringLiteral("Named views"));
-    listBar_->addWidget(cmbView_);
-
-    listBar_->addSeparator();
-    listBar_->addWidget(Caption(QStringLiteral("X"), listBar_));
-    lblX_ = FieldLabel("LblX", 86, listBar_);
-    listBar_->addWidget(lblX_);
-    listBar_->addWidget(Caption(QStringLiteral("Y"), listBar_));
-    lblY_ = FieldLabel("LblY", 86, listBar_);
-    listBar_->addWidget(lblY_);
-    listBar_->addWidget(Caption(QStringLiteral("RL"), listBar_));
-    lblRL_ = FieldLabel("LblRL", 70, listBar_);
-    listBar_->addWidget(lblRL_);
-    auto* centre = new QWidget(listBar_);
-    auto* centreLayout = new QVBoxLayout(centre);
-    centreLayout->setContentsMargins(6, 0, 2, 0);
-    centreLayout->setSpacing(0);
-    lblCentreX_ = new QLabel(centre);
-    lblCentreX_->setObjectName(QStringLiteral("LblCentreX"));
-    lblCentreY_ = new QLabel(centre);
-    lblCentreY_->setObjectName(QStringLiteral("LblCentreY"));
-    for (QLabel* l : {lblCentreX_, lblCentreY_}) {
-        QFont f = l->font();
-        f.setPointSizeF(f.pointSizeF() * 0.8);
-        l->setFont(f);
-        l->setStyleSheet(QStringLiteral("color: #6a7684;"));
-        l->setToolTip(QStringLiteral("Centre of the view"));
-        centreLayout->addWidget(l);
-    }
-    listBar_->addWidget(centre);
-
-    auto* spacer = new QWidget(listBar_);
-    spacer->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    listBar_->addWidget(spacer);
-    lblSim_ = new QLabel(QStringLiteral("SIM"), listBar_);
-    lblSim_->setObjectName(QStringLiteral("LblSim"));
-    lblSim_->setAlignment(Qt::AlignCenter);
-    lblSim_->setFixedSize(44, 24);
-    lblSim_->setFrameStyle(QFrame::Panel | QFrame::Sunken);
-    lblSim_->setToolTip(QString::fromLatin1(simulate::SimIndicatorTip));
-    listBar_->addWidget(lblSim_);
-
-    connect(cmbDataType_, &QComboBox::activated, this, &MainWindow::OnDataGroupChosen);
-    connect(cmbDataVal_, &QComboBox::activated, this, &MainWindow::OnDataValueChosen);
-    connect(cmbRL_, &QComboBox::activated, this, &MainWindow::OnLevelChosen);
-    connect(vsbRL_, &QScrollBar::valueChanged, this, &MainWindow::OnLevelScrolled);
-    connect(vsbRL_, &QScrollBar::sliderReleased, this, [this] { OnLevelScrolled(vsbRL_->value()); });
-    connect(cmbView_, &QComboBox::activated, this, &MainWindow::OnViewChosen);
 }
 
 void MainWindow::ShowToolState(int value) {
@@ -191,105 +71,12 @@ void MainWindow::ShowToolState(int value) {
 
 void MainWindow::SetViewCursor(const std::string& name) { views_->SetCursor(ViewCursor(name)); }
 
-void MainWindow::FillDataTypeLists() {
-    listsLoading_ = true;
-    cmbDataType_->clear();
-    for (int g = 1; g <= display::DataGroupCount; ++g)
-        cmbDataType_->addItem(QString::fromStdString(std::string(display::DataGroupName(g))));
-    listsLoading_ = false;
-    ShowDataType();
-}
-
-void MainWindow::ShowDataType() {
-    listsLoading_ = true;
-    const int type = ds_->View.DataType;
-    const int group = display::DataGroupOf(type);
-    if (group >= 1 && group <= display::DataGroupCount) {
-        cmbDataType_->setCurrentIndex(group - 1);
-        cmbDataVal_->clear();
-        for (const std::string& name : display::DataValueNames(group))
-            cmbDataVal_->addItem(QString::fromStdString(name));
-        cmbDataVal_->setCurrentIndex(type % 10 - 2);
-    }
-    lblUnit_->setText(FromCp1252(display::DataUnitLabel(*model_, type)));
-    listsLoading_ = false;
-    UpdateMenuTicks();
-}
-
-void MainWindow::OnDataGroupChosen(int index) {
-    if (listsLoading_ || index < 0) return;
-    display::ChooseDataGroup(*model_, *ds_, index + 1);
-    ShowDataType();
-    OnDataValueChosen(cmbDataVal_->currentIndex());
-}
-
-void MainWindow::OnDataValueChosen(int index) {
-    if (listsLoading_ || index < 0) return;
-    const int group = cmbDataType_->currentIndex() + 1;
-    display::ChooseDataType(*model_, *ds_, group * 10 + index + 2);
-    ShowDataType();
-    views_->RefreshCaption();
-    views_->UpdateWindowMenu();
-    SaveWindowState();
-    RedrawWindow();
-}
-
-void MainWindow::OnDataTypeMenu(int dataType) {
-    display::ChooseDataType(*model_, *ds_, dataType);
-    ShowDataType();
-    OnDataValueChosen(cmbDataVal_->currentIndex());
-}
-
-void MainWindow::FillLevelList() {
-    listsLoading_ = true;
-    cmbRL_->clear();
-    const int count = display::LevelListCount(*model_);
-    for (int row = 1; row <= count; ++row)
-        cmbRL_->addItem(FromCp1252(TrimText(model_->Levels[static_cast<std::size_t>(row)].RLName)));
-    vsbRL_->setRange(1, std::max(1, count));
-    vsbRL_->setPageStep(1);
-    listsLoading_ = false;
-    ShowLevel();
-}
-
-void MainWindow::ShowLevel() {
-    listsLoading_ = true;
-    const display::ViewState& v = ds_->View;
-    if (v.LevelMode == display::lm::Single) {
-        cmbRL_->setCurrentIndex(v.CurrentLevel - 1);
-    } else {
-        cmbRL_->setCurrentIndex(-1);
-    }
-    const QSignalBlocker block(vsbRL_);
-    vsbRL_->setValue(v.CurrentLevel);
-    listsLoading_ = false;
-}
-
-void MainWindow::OnLevelChosen(int index) {
-    if (listsLoading_ || index < 0) return;
-    display::ChooseLevelRow(*model_, *ds_, index + 1);
-    AfterLevelChange();
-}
-
-void MainWindow::OnLevelScrolled(int value) {
-    if (listsLoading_) return;
-    if (vsbRL_->isSliderDown()) {
-        // While the thumb is dragged only the list follows.
-        listsLoading_ = true;
-        cmbRL_->setCurrentIndex(value - 1);
-        listsLoading_ = false;
-        return;
-    }
-    display::ChooseLevelRow(*model_, *ds_, value);
-    AfterLevelChange();
-}
-
 void MainWindow::StepLevel(int step) {
     if (display::StepLevel(*model_, *ds_, step)) AfterLevelChange();
 }
 
 void MainWindow::AfterLevelChange() {
-    ShowLevel();
+    lists_->ShowLevel();
     views_->RefreshCaption();
     views_->UpdateWindowMenu();
     RedrawWindow();
@@ -298,43 +85,12 @@ void MainWindow::AfterLevelChange() {
     ShowViewStatus();
 }
 
-void MainWindow::FillViewList() {
-    listsLoading_ = true;
-    cmbView_->clear();
-    for (const std::string& name : forms::NamedViewList(*model_)) cmbView_->addItem(FromCp1252(name));
-    cmbView_->setCurrentIndex(cmbView_->count() > 0 ? 0 : -1);
-    listsLoading_ = false;
-}
-
-void MainWindow::OnViewChosen(int index) {
-    if (listsLoading_ || index < 0 || views_->Table().CurWin < 0 || ds_->WindowFrozen) return;
-    views_->SyncCurrent();
-    if (!forms::ChooseNamedView(*model_, *ds_, ui_, ToCp1252(cmbView_->itemText(index)))) return;
-    ShowDataType();
-    ShowLevel();
-    views_->RefreshCaption();
-    views_->UpdateWindowMenu();
-    RedrawWindow();
-    SaveWindowState();
-    ShowViewStatus();
-}
-
-void MainWindow::ShowSimIndicator() {
-    const simulate::SimIndicator st = simulate::SimStatus(*model_);
-    lblSim_->setText(QString::fromLatin1(st.Caption));
-    lblSim_->setStyleSheet(
-        QStringLiteral("QLabel#LblSim { background: %1; color: black; font-weight: bold; }").arg(Hex(st.BackColour)));
-    const QString list = QStringLiteral("QComboBox { background: %1; }").arg(Hex(st.ListBackColour));
-    cmbDataType_->setStyleSheet(list);
-    cmbDataVal_->setStyleSheet(list);
-}
-
 void MainWindow::RefreshControls() {
     // The coordinate labels start at the middle of the view.
     if (views_->CurrentOpen() && ds_->View.Is3D == 0) display::ShowCursorCoordinates(*model_, *ds_, 0, 0);
-    ShowDataType();
-    FillLevelList();
-    ShowSimIndicator();
+    lists_->ShowDataType();
+    lists_->FillLevelList();
+    lists_->ShowSimIndicator();
     ShowToolState(dispatcher_->State().CommandValue);
     views_->RefreshCaption();
     views_->UpdateWindowMenu();

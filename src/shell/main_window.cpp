@@ -51,11 +51,11 @@ public:
     }
     void ShowContaminantDataTypes() override {
         display::ChooseDataType(*w_.model_, *w_.ds_, 55);
-        w_.ShowDataType();
+        w_.lists_->ShowDataType();
     }
     void RestoreDataTypes() override {
         if (w_.rememberedDataType_ != 0) display::ChooseDataType(*w_.model_, *w_.ds_, w_.rememberedDataType_);
-        w_.ShowDataType();
+        w_.lists_->ShowDataType();
     }
     void CloseSmokeWindow() override { w_.runWindows_->HideSmokeWindow(); }
     void ShowLegend() override { w_.runWindows_->ShowLegend(); }
@@ -66,18 +66,19 @@ private:
     MainWindow& w_;
 };
 
-class MainWindow::ViewRoads : public ViewWindowManager::Owner {
+class MainWindow::ViewRoads : public ViewWindowManager::Owner, public ListBar::Owner {
 public:
     explicit ViewRoads(MainWindow& w) : w_(w) {}
     bool Loading() const override { return w_.mainLoading_; }
     bool RunActive() const override { return w_.runActive_; }
     bool Ending() const override { return w_.ending_; }
     void ShowViewStatus() override { w_.ShowViewStatus(); }
-    void ShowSimIndicator() override { w_.ShowSimIndicator(); }
-    void ShowDataType() override { w_.ShowDataType(); }
-    void ShowLevel() override { w_.ShowLevel(); }
+    void ShowSimIndicator() override { w_.lists_->ShowSimIndicator(); }
+    void ShowDataType() override { w_.lists_->ShowDataType(); }
+    void ShowLevel() override { w_.lists_->ShowLevel(); }
     void UpdateMenuTicks() override { w_.UpdateMenuTicks(); }
     void ClearNetworkInLastWindow() override { w_.ClearNetworkInLastWindow(); }
+    void AfterLevelChange() override { w_.AfterLevelChange(); }
 
 private:
     MainWindow& w_;
@@ -91,7 +92,7 @@ public:
     void AfterRun() override { w_.AfterRun(); }
     void RedrawWindow() override { w_.RedrawWindow(); }
     void RedrawAllWindows() override { w_.RedrawAllWindows(); }
-    void ShowSimIndicator() override { w_.ShowSimIndicator(); }
+    void ShowSimIndicator() override { w_.lists_->ShowSimIndicator(); }
     void GotoAirway(std::int32_t airwayNo) override { w_.GotoAirway(airwayNo); }
     void RunToolCommand(int value) override { w_.RunToolCommand(value); }
     void RestoreDataTypes() override { w_.hooks_->RestoreDataTypes(); }
@@ -150,6 +151,7 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
 
     BuildMenus();
     BuildToolBars();
+    lists_ = std::make_unique<ListBar>(*this, *model_, *ds_, ui_, *views_, *viewRoads_);
     statusBar()->setObjectName(QStringLiteral("StatusBar"));
     toolLabel_ = new QLabel(this);
     toolLabel_->setObjectName(QStringLiteral("LblTool"));
@@ -168,7 +170,7 @@ MainWindow::MainWindow(ui::UserInterface& ui, QWidget* parent)
     connect(inputTimer_, &QTimer::timeout, this, [this] {
         if (!model_->Stations.InputActive) return;
         exchange::ReadStations(*model_, ui_, *monitor_, *stationHooks_);
-        ShowSimIndicator();
+        lists_->ShowSimIndicator();
     });
     outputTimer_ = new QTimer(this);
     outputTimer_->setObjectName(QStringLiteral("Timer2"));
@@ -237,7 +239,7 @@ void MainWindow::StartUp(const std::string& commandFile) {
         ds.DecimalSeparator = ui_.DecimalSeparator();
         ReadPrinterWidth();
         m.NetworkSaved = Yes255;
-        FillDataTypeLists();
+        lists_->FillDataTypeLists();
     });
     Passing([&] { files::LoadBuiltInSettings(m, ui_); });
     Passing([&] { files::LoadFanDatabase(m, ui_); });
@@ -246,8 +248,8 @@ void MainWindow::StartUp(const std::string& commandFile) {
         display::ResetViewOptions(m, ds);
         display::AdoptLoadedLevel(m, ds);
         ds.View.LevelMode = display::lm::Single;
-        FillLevelList();
-        FillViewList();
+        lists_->FillLevelList();
+        lists_->FillViewList();
     });
     Passing([&] {
         m.AirwayCount = 0;
@@ -325,11 +327,7 @@ void MainWindow::ShowViewStatus() {
         l.CentreX = files::PlainSingle(ds_->View.CentreX, ds_->DecimalSeparator);
         l.CentreY = files::PlainSingle(ds_->View.CentreY, ds_->DecimalSeparator);
     }
-    lblX_->setText(FromMessage(l.LabelX));
-    lblY_->setText(FromMessage(l.LabelY));
-    lblRL_->setText(FromMessage(l.LabelRL));
-    lblCentreX_->setText(FromMessage(l.CentreX));
-    lblCentreY_->setText(FromMessage(l.CentreY));
+    lists_->ShowLabels();
     UpdateCaption();
 }
 

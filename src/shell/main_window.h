@@ -26,6 +26,7 @@
 #include "forms/file_commands.h"
 #include "forms/spreadsheet_form.h"
 #include "model/model.h"
+#include "shell/list_bar.h"
 #include "shell/qt_user_interface.h"
 #include "shell/run_window_set.h"
 #include "shell/view_window.h"
@@ -34,11 +35,9 @@
 
 class QAction;
 class QActionGroup;
-class QComboBox;
 class QLabel;
 class QMdiArea;
 class QMenu;
-class QScrollBar;
 class QTimer;
 class QToolBar;
 
@@ -134,7 +133,7 @@ public:
     bool ViewWindowOpen() const override { return views_->CurrentLive(); }
     void PrepareCurrentView() override { views_->SyncCurrent(); }
     void RefreshMenuTicks() override { UpdateMenuTicks(); }
-    void RefreshViewList() override { FillViewList(); }
+    void RefreshViewList() override { lists_->FillViewList(); }
     void AfterLevelChange() override;
     void SettingsChanged() override { ApplySettingsTimers(); }
     void RunToolCommand(int value) override { dispatcher_->RunToolCommand(value); }
@@ -171,21 +170,7 @@ private:
     void BuildToolBars();
     void BuildRecentMenu();
     void UpdateMenuTicks();
-    void FillDataTypeLists();
-    void ShowDataType();
-    void FillLevelList();
-    void ShowLevel();
-    void FillViewList();
-    void ShowSimIndicator();
     void UpdateCaption();
-
-    // The tool bar's lists.
-    void OnDataGroupChosen(int index);
-    void OnDataValueChosen(int index);
-    void OnDataTypeMenu(int dataType);
-    void OnLevelChosen(int index);
-    void OnLevelScrolled(int value);
-    void OnViewChosen(int index);
 
     // Commands (main_commands.cpp).
     void AfterRun();
@@ -239,13 +224,12 @@ private:
     std::unique_ptr<display::DisplayState> ds_;
     std::unique_ptr<edit::ToolDispatcher> dispatcher_;
     std::unique_ptr<contaminant::SpreadHooks> hooks_;
-    std::unique_ptr<ViewWindowManager::Owner> viewRoads_;
+    std::unique_ptr<ViewRoads> viewRoads_;
     std::unique_ptr<ViewWindowManager> views_;
-    std::unique_ptr<RunWindowSet::Owner> runRoads_;
+    std::unique_ptr<RunRoads> runRoads_;
     std::unique_ptr<RunWindowSet> runWindows_;
     bool mainLoading_ = true;
     bool runActive_ = false;
-    bool listsLoading_ = false;
     bool ending_ = false;
     QString lastBitmapName_;
     bool fileNotePlaced_ = false;
@@ -255,23 +239,10 @@ private:
     std::map<int, QAction*> toolButtons_;
     QActionGroup* toolGroup_ = nullptr;
     QToolBar* toolBar_ = nullptr;
-    QToolBar* listBar_ = nullptr;
+    std::unique_ptr<ListBar> lists_;
     std::array<QAction*, RecentFileCount + 1> recent_{};
     std::map<int, QAction*> dataTypeEntries_;
     std::array<QAction*, 4> levelModes_{};
-
-    QComboBox* cmbDataType_ = nullptr;
-    QComboBox* cmbDataVal_ = nullptr;
-    QLabel* lblUnit_ = nullptr;
-    QComboBox* cmbRL_ = nullptr;
-    QScrollBar* vsbRL_ = nullptr;
-    QComboBox* cmbView_ = nullptr;
-    QLabel* lblX_ = nullptr;
-    QLabel* lblY_ = nullptr;
-    QLabel* lblRL_ = nullptr;
-    QLabel* lblCentreX_ = nullptr;
-    QLabel* lblCentreY_ = nullptr;
-    QLabel* lblSim_ = nullptr;
     RotationButton* rotation_ = nullptr;
 
     QTimer* autosave_ = nullptr;
