@@ -50,15 +50,11 @@ TEST(ConversionFile, TextAndRoundTrip) {
 }
 
 TEST(ConversionFile, FormatCorrection) {
-    EXPECT_EQ(CorrectedFormat("0,0"), "0.0");
-    EXPECT_EQ(CorrectedFormat("0,00000"), "0.00000");
-    EXPECT_EQ(CorrectedFormat("0.00"), "0.00");
-    EXPECT_EQ(CorrectedFormat("0"), "0");
-    EXPECT_EQ(CorrectedFormat(","), ",");
-    EXPECT_EQ(CorrectedFormat("0,000"), "0,000") << "thousands, not three decimals";
-    EXPECT_EQ(CorrectedFormat("#,##0"), "#,##0");
-    EXPECT_EQ(CorrectedFormat("hh:mm:ss"), "hh:mm:ss");
-    EXPECT_EQ(CorrectedFormat(""), "");
+    // A comma before decimals becomes a full stop; "0,000" is thousands, not three decimals.
+    const std::pair<const char*, const char*> cases[] = {
+        {"0,0", "0.0"},     {"0,00000", "0.00000"}, {"0.00", "0.00"},         {"0", "0"}, {",", ","},
+        {"0,000", "0,000"}, {"#,##0", "#,##0"},     {"hh:mm:ss", "hh:mm:ss"}, {"", ""}};
+    for (auto [written, corrected] : cases) EXPECT_EQ(CorrectedFormat(written), corrected) << written;
 
     AppFolder dir;
     std::string text = "Conversion Table : SI Units to British Units\r\na\tb\tc\td\te\tf\t\r\n";

@@ -19,27 +19,27 @@ TEST(NumberText, WrittenForms) {
         char Sep;
         const char* Text;
     };
-    for (const Single& c : std::vector<Single>{{1000000000.0f, '.', "1E+09"},
-                                               {0.00001f, '.', "0.00001"},
-                                               {1.8f, '.', "1.8"},
-                                               {-1.5f, '.', "-1.5"},
-                                               {-1.5f, ',', "-1,5"},
-                                               {42.0f, '.', "42"},
-                                               {0.0f, '.', "0"},
-                                               {-0.0f, '.', "0"},
-                                               {0.1f, '.', "0.1"},
-                                               {0.012f, '.', "0.012"},
-                                               {1234567.0f, '.', "1234567"},
-                                               {12345678.0f, '.', "1.234568E+07"},
-                                               {9999999.0f, '.', "9999999"},
-                                               {-9999999.0f, '.', "-9999999"},
-                                               {0.000001f, '.', "1E-06"},
-                                               {1.5e-7f, ',', "1,5E-07"},
-                                               {2.0f / 3.0f, '.', "0.6666667"}})
-        EXPECT_EQ(PlainSingle(c.Value, c.Sep), c.Text) << c.Text;
-    for (auto [value, text] : std::vector<std::pair<double, const char*>>{
-             {0.0, "0"}, {1.0, "1"}, {0.1, "0.1"}, {1e15, "1E+15"}, {123456789012345.0, "123456789012345"}})
-        EXPECT_EQ(PlainDouble(value, '.'), text);
+    const Single singles[] = {{1000000000.0f, '.', "1E+09"},
+                              {0.00001f, '.', "0.00001"},
+                              {1.8f, '.', "1.8"},
+                              {-1.5f, '.', "-1.5"},
+                              {-1.5f, ',', "-1,5"},
+                              {42.0f, '.', "42"},
+                              {0.0f, '.', "0"},
+                              {-0.0f, '.', "0"},
+                              {0.1f, '.', "0.1"},
+                              {0.012f, '.', "0.012"},
+                              {1234567.0f, '.', "1234567"},
+                              {12345678.0f, '.', "1.234568E+07"},
+                              {9999999.0f, '.', "9999999"},
+                              {-9999999.0f, '.', "-9999999"},
+                              {0.000001f, '.', "1E-06"},
+                              {1.5e-7f, ',', "1,5E-07"},
+                              {2.0f / 3.0f, '.', "0.6666667"}};
+    for (const Single& c : singles) EXPECT_EQ(PlainSingle(c.Value, c.Sep), c.Text) << c.Text;
+    const std::pair<double, const char*> doubles[] = {
+        {0.0, "0"}, {1.0, "1"}, {0.1, "0.1"}, {1e15, "1E+15"}, {123456789012345.0, "123456789012345"}};
+    for (auto [value, text] : doubles) EXPECT_EQ(PlainDouble(value, '.'), text);
     EXPECT_EQ(PlainDouble(50.0, ','), "50");
     EXPECT_EQ(PlainInt(-32768), "-32768");
     EXPECT_EQ(PaddedInt(42), " 42 ");
@@ -58,16 +58,15 @@ TEST(NumberText, FixedPoint) {
     EXPECT_EQ(PaddedFixed(5110000, '.'), " 511 ");
 
     // Cut, not rounded, at 4 decimals; held at the ends of the type.
-    for (auto [text, value] :
-         std::vector<std::pair<const char*, Fixed4>>{{"12.5", 125000},
-                                                     {" -0,0001 ", -1},
-                                                     {"1.23456", 12345},
-                                                     {"", 0},
-                                                     {"x", 0},
-                                                     {"1E+03", 10000000},
-                                                     {"99999999999999999999999", std::numeric_limits<Fixed4>::max()},
-                                                     {"-99999999999999999999999", std::numeric_limits<Fixed4>::min()}})
-        EXPECT_EQ(ParseFixed(text), value) << text;
+    const std::pair<const char*, Fixed4> fixed[] = {{"12.5", 125000},
+                                                    {" -0,0001 ", -1},
+                                                    {"1.23456", 12345},
+                                                    {"", 0},
+                                                    {"x", 0},
+                                                    {"1E+03", 10000000},
+                                                    {"99999999999999999999999", std::numeric_limits<Fixed4>::max()},
+                                                    {"-99999999999999999999999", std::numeric_limits<Fixed4>::min()}};
+    for (auto [text, value] : fixed) EXPECT_EQ(ParseFixed(text), value) << text;
     // Every fixed value reads back exactly from its text.
     for (Fixed4 v : {Fixed4{0}, Fixed4{1}, Fixed4{-1}, Fixed4{9999}, Fixed4{-123456789}, Fixed4{90000000000000000}})
         EXPECT_EQ(ParseFixed(PlainFixed(v, ',')), v) << v;
@@ -75,27 +74,16 @@ TEST(NumberText, FixedPoint) {
 
 TEST(NumberText, ParseEitherSeparator) {
     const double max = std::numeric_limits<double>::max();
-    for (auto [text, value] : std::vector<std::pair<const char*, double>>{{"1,5", 1.5},
-                                                                          {" 1.5 ", 1.5},
-                                                                          {"-1,5 ", -1.5},
-                                                                          {"\t42\t", 42.0},
-                                                                          {"1E+09", 1e9},
-                                                                          {"1,5E-07", 1.5e-7},
-                                                                          {".5", 0.5},
-                                                                          {"12abc", 12.0},
-                                                                          {"3E", 3.0},
-                                                                          {"abc", 0.0},
-                                                                          {"", 0.0},
-                                                                          {"-", 0.0},
-                                                                          {"1e999999", max},
-                                                                          {"-1e999999", -max},
-                                                                          {"1e-999999", 0.0}})
-        EXPECT_DOUBLE_EQ(ParseNumber(text), value) << text;
+    const std::pair<const char*, double> numbers[] = {
+        {"1,5", 1.5},        {" 1.5 ", 1.5}, {"-1,5 ", -1.5},   {"\t42\t", 42.0},    {"1E+09", 1e9},
+        {"1,5E-07", 1.5e-7}, {".5", 0.5},    {"12abc", 12.0},   {"3E", 3.0},         {"abc", 0.0},
+        {"", 0.0},           {"-", 0.0},     {"1e999999", max}, {"-1e999999", -max}, {"1e-999999", 0.0}};
+    for (auto [text, value] : numbers) EXPECT_DOUBLE_EQ(ParseNumber(text), value) << text;
     EXPECT_TRUE(IsNumber(" -3 "));
     EXPECT_FALSE(IsNumber("True"));
-    for (auto [text, value] : std::vector<std::pair<const char*, bool>>{
-             {"True", true}, {" true ", true}, {"-1", true}, {"False", false}, {"", false}})
-        EXPECT_EQ(ParseBool(text), value) << text;
+    const std::pair<const char*, bool> bools[] = {
+        {"True", true}, {" true ", true}, {"-1", true}, {"False", false}, {"", false}};
+    for (auto [text, value] : bools) EXPECT_EQ(ParseBool(text), value) << text;
 }
 
 // A Single written in plain form, read back and written again gives the same text: the second
