@@ -43,27 +43,15 @@ TEST(Robustness, DamagedNetworksAndViewsDrawAndPickWithoutFault) {
             const auto row = s.Add(coord(), coord(), coord(), coord(), coord(), coord());
             Airway& a = s.Row(row);
             a.BranchCode = static_cast<std::int32_t>(rng());
-            a.Quantity = special();
-            a.Resistance = special();
-            a.Length = special();
-            a.Width = special();
-            a.Height = special();
-            a.Pressure = special();
-            a.IconLoc = special();
-            a.FromNodeP = special();
-            a.ToNodeP = special();
-            a.PrimaryLayer = static_cast<std::int16_t>(rng());
-            a.SecondLayer = static_cast<std::int16_t>(rng());
-            a.ResType = static_cast<std::int16_t>(rng());
-            a.WallType = static_cast<std::int16_t>(rng());
-            a.ShockType = static_cast<std::int16_t>(rng());
-            a.FanNumber = static_cast<std::int16_t>(rng());
-            a.NoOfFans = static_cast<std::int16_t>(rng());
+            for (float* f : {&a.Quantity, &a.Resistance, &a.Length, &a.Width, &a.Height, &a.Pressure, &a.IconLoc,
+                             &a.FromNodeP, &a.ToNodeP})
+                *f = special();
+            for (std::int16_t* f :
+                 {&a.PrimaryLayer, &a.SecondLayer, &a.ResType, &a.WallType, &a.ShockType, &a.FanNumber, &a.NoOfFans})
+                *f = static_cast<std::int16_t>(rng());
             a.NoAirways = static_cast<std::int16_t>(rng() % 3);
-            a.Gas1 = static_cast<std::int16_t>(rng());
-            a.Gas2 = static_cast<std::int16_t>(rng());
-            a.RemoteStation = static_cast<std::int16_t>(rng());
-            a.CurveFraction = static_cast<std::int16_t>(rng());
+            for (std::int16_t* f : {&a.Gas1, &a.Gas2, &a.RemoteStation, &a.CurveFraction})
+                *f = static_cast<std::int16_t>(rng());
         }
         s.M.FloatingTexts[1] = {true, "Far", coord(), coord(), coord()};
         s.M.GasActive = static_cast<std::int16_t>(rng() % 3);
