@@ -21,27 +21,6 @@ void BuildPair(PickRig& r) {
     r.S.Add(0, 500, 500, 1000, 500, 500);
 }
 
-TEST(DeleteTool, ANodeBetweenTwoAirwaysIsJoinedAndOneUndoStepHoldsIt) {
-    PickRig r;
-    BuildPair(r);
-    r.Draw();
-    const std::int16_t step = r.Undo.CurrentStep;
-    r.Click(cmd::Delete, 500, 0);
-    ASSERT_EQ(r.S.M.AirwayCount, 2);
-    const Airway& joined = r.S.Row(1);
-    EXPECT_EQ(joined.BranchName, "WEST DRIVE");
-    EXPECT_EQ(joined.X1, 0);
-    EXPECT_EQ(joined.X2, 1000);
-    EXPECT_EQ(joined.ExitKey, EndKey(r.S.M, 1000, 0, 500, false));
-    EXPECT_FLOAT_EQ(joined.Width, 4); // a keeps its own size over the whole length
-    EXPECT_FLOAT_EQ(joined.Length, 1000);
-    EXPECT_EQ(r.S.Row(2).Y1, 500);
-    EXPECT_EQ(r.Undo.CurrentStep, step + 1);
-    // Both rows as they were, then the joined row: one step.
-    EXPECT_EQ(r.LogEntries(), (std::vector<std::pair<int, int>>{{step, 2}, {step, 2}, {step, 1}}));
-    EXPECT_TRUE(r.S.Ui.Transcript.empty());
-}
-
 TEST(DeleteTool, ANodeOfThreeIsRefusedAndTheEdgeOfTheNetworkDeletesTheAirway) {
     PickRig r;
     BuildPair(r);

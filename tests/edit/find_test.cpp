@@ -93,32 +93,6 @@ TEST(Find, EachKindFindsItsAirways) {
     EXPECT_EQ(r.S.Ui.Transcript.back().Title, "Locate Branch");
 }
 
-TEST(Find, AnAirwayOnNoLevelGetsTheGlobalLevelOnceWithItsLayersOn) {
-    PickRig r;
-    BuildNamed(r);
-    r.S.Add(0, 0, 2000, 400, 0, 2000);
-    r.S.Row(6).BranchName = "HIGH";
-    r.S.Row(6).PrimaryLayer = 3;
-    r.S.M.PrimaryLayers[3].LayerOn = 0;
-    r.Draw();
-    r.ShowForReal = true;
-    r.S.Ui.Inputs.push_back("high");
-    EXPECT_EQ(Finder(r.S.M, r.S.Ds, r.S.Ui, r, find::BranchName), 6);
-    EXPECT_EQ(r.S.Ui.Texts("Message"),
-              (std::vector<std::string>{"Could not find a valid defined display level the airway was on!\nKarvane will "
-                                        "create a new global level range and add it to your level list"}));
-    EXPECT_EQ(r.S.M.Levels[4].RLName, "Global Level");
-    EXPECT_EQ(r.S.M.Levels[4].RLMin, 500);
-    EXPECT_EQ(r.S.M.Levels[4].RLMax, 2000);
-    EXPECT_EQ(r.S.Ds.View.CurrentLevel, 4);
-    EXPECT_EQ(r.S.Ds.View.RotCentre, (std::array<std::int32_t, 3>{200, 0, 2000}));
-    EXPECT_NE(r.S.M.PrimaryLayers[3].LayerOn, 0);
-    // The second time it lies in the new level.
-    FindNext(r.S.M, r.S.Ds, r.S.Ui, r);
-    EXPECT_EQ(r.S.Ui.Texts("Message").size(), 1u);
-    EXPECT_TRUE(r.S.M.Levels[5].RLName.empty());
-}
-
 TEST(Find, WithEveryLevelRowTakenNoGlobalLevelIsAdded) {
     PickRig r;
     BuildNamed(r);

@@ -104,30 +104,6 @@ TEST(AttributeTool, CopyThenPasteWithEveryLineAndNeverTheSurfaceBits) {
     EXPECT_EQ(r.Undo.CurrentStep, step + 1);
 }
 
-TEST(AttributeTool, TheMaskLeavesAttributesAloneAndAFencePastesInOneStep) {
-    PickRig r;
-    BuildThree(r);
-    r.S.M.Set.AttributeMask = attr::Shape | attr::Wall | attr::Shock | attr::Length | attr::Air | attr::Primary |
-                              attr::Secondary | attr::Display;
-    r.Click(cmd::Attributes, 500, 0, button::Right);
-    EXPECT_EQ(r.S.Ui.Texts("Message").back(), "The following attributes for branch 1 were copied for future pasting\n"
-                                              "Resistance Type: Steel Door");
-    const std::size_t messages = r.S.Ui.Texts("Message").size();
-    const std::int16_t step = r.Undo.CurrentStep;
-    r.Drag(cmd::Attributes, -50, 400, 1050, 1050);
-    EXPECT_EQ(r.S.Ui.Texts("Ask"), (std::vector<std::string>{"Are you sure you want to paste the copied attributes to "
-                                                             "all airways within the fence?"}));
-    EXPECT_EQ(r.S.Ui.Transcript.back().Title, "Fence Paste");
-    EXPECT_EQ(r.S.Ui.Texts("Message").size(), messages); // a fence paste says nothing more
-    EXPECT_TRUE(r.S.Ui.Texts("Notice").empty());
-    for (std::int32_t row : {2, 3}) {
-        EXPECT_EQ(r.S.Row(row).ResType, 2);
-        EXPECT_FLOAT_EQ(r.S.Row(row).Width, 4);
-        EXPECT_FALSE(r.S.Row(row).Has(bc::FixedLength));
-    }
-    EXPECT_EQ(r.LogEntries(), (std::vector<std::pair<int, int>>{{step, 2}, {step, 1}, {step, 2}, {step, 1}}));
-}
-
 TEST(AttributeTool, AnEmptyStoreAndAnEmptyMaskHaveTheirOwnWords) {
     PickRig r;
     BuildThree(r);

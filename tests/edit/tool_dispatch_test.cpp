@@ -59,15 +59,6 @@ TEST(ToolCommands, ValuesAndKeysSelectToolsOrReachTheirCommands) {
     EXPECT_EQ(r.Host.LevelSteps, 1);
 }
 
-TEST(ToolCommands, EscapeClearsTheSelectionInAllWindows) {
-    Rig r;
-    r.S.Row(2).BranchCode |= bc::Selected;
-    r.S.Row(4).BranchCode |= bc::Selected;
-    EXPECT_TRUE(r.D.OnKeyDown(key::Escape));
-    for (std::int32_t row = 1; row <= r.S.M.AirwayCount; ++row) EXPECT_FALSE(r.S.Row(row).Has(bc::Selected));
-    EXPECT_EQ(r.Host.Count("RedrawAll"), 1);
-}
-
 TEST(ToolCommands, FitAndGridAndTheTwoDThreeDButton) {
     Rig r;
     r.View().ScaleWidth = 50;

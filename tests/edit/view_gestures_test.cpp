@@ -78,25 +78,6 @@ TEST(PowerZoom, KeepsTheWorldPointUnderThePointer) {
     EXPECT_NEAR(v.CentreX + curX, worldX, 6.0);
 }
 
-TEST(Pan, ThePictureFollowsThePointerWhateverTheAxisSigns) {
-    for (int sign : {1, -1}) {
-        Scene s;
-        s.M.SgnX = static_cast<std::int16_t>(sign);
-        s.M.SgnY = static_cast<std::int16_t>(sign);
-        BuildSquare(s);
-        auto& v = s.Ds.View;
-        const float startX = v.CentreX, startY = v.CentreY;
-        // A world point under the press, in window coordinates.
-        const float pressX = 100, pressY = 50;
-        const double worldX = startX + sign * static_cast<double>(pressX),
-                     worldY = startY + sign * static_cast<double>(pressY);
-        PanView(s.M, s.Ds, startX, startY, pressX, pressY, 160, 20);
-        // The same world point now lies under the pointer.
-        EXPECT_NEAR(v.CentreX + sign * 160.0, worldX, 1e-3) << "sign " << sign;
-        EXPECT_NEAR(v.CentreY + sign * 20.0, worldY, 1e-3) << "sign " << sign;
-    }
-}
-
 TEST(MouseRotation, WidthAndHeightOfTheBoxTurnHalfAndQuarterTurns) {
     Scene s;
     s.M.Set.FullRotation = -1;
@@ -144,32 +125,6 @@ TEST(RotationButton, TurnsByTheDistanceFromItsRestPoint) {
     EXPECT_EQ(s.Ds.TiltStep, 0);
 }
 
-TEST(PlanAnd3D, TogglingBackToPlanShowsPlanPositionsAgain) {
-    Scene s;
-    BuildSquare(s);
-    auto& v = s.Ds.View;
-    display::BuildDrawnList(s.M, s.Ds);
-    TogglePlan3D(s.M, s.Ds);
-    ASSERT_EQ(v.Is3D, 1);
-    v.Tilt = 0.8f;
-    v.Spin = 0.6f;
-    display::ApplyRotation(s.M, s.Ds);
-    display::BuildDrawnList(s.M, s.Ds);
-    TogglePlan3D(s.M, s.Ds);
-    ASSERT_EQ(v.Is3D, 0);
-    EXPECT_FLOAT_EQ(v.CentreX, static_cast<float>(v.RotCentre[0]));
-    display::BuildDrawnList(s.M, s.Ds);
-    // Airway 1 runs from (0, 0) to (1000, 0) in plan; its window ends are its plan positions.
-    bool found = false;
-    for (const display::DrawnAirway& d : s.Ds.Drawn) {
-        if (d.Airway != 1) continue;
-        found = true;
-        EXPECT_FLOAT_EQ(d.X2 - d.X1, 1000);
-        EXPECT_FLOAT_EQ(d.Y2 - d.Y1, 0);
-    }
-    EXPECT_TRUE(found);
-}
-
 TEST(Recentring, AZoomInALongSectionMovesTheCentreInTheSectionPlane) {
     Scene s;
     BuildSquare(s);
@@ -188,18 +143,6 @@ TEST(Recentring, AZoomInALongSectionMovesTheCentreInTheSectionPlane) {
     EXPECT_EQ(v.RotCentre[0], 600);
     EXPECT_EQ(v.RotCentre[1], 500);
     EXPECT_EQ(v.RotCentre[2], 360);
-}
-
-TEST(CentreTool, CentresOnAPointThatBecomesTheRotationCentre) {
-    Scene s;
-    BuildSquare(s);
-    auto& v = s.Ds.View;
-    const float width = v.ScaleWidth;
-    CentreOnPoint(s.M, s.Ds, {1000, 250, 500});
-    EXPECT_FLOAT_EQ(v.CentreX, 1000);
-    EXPECT_FLOAT_EQ(v.CentreY, 250);
-    EXPECT_FLOAT_EQ(v.ScaleWidth, width);
-    EXPECT_EQ(v.RotCentre[2], 500);
 }
 
 } // namespace

@@ -351,24 +351,6 @@ TEST(AirEdit, CustomValuesAndBadEntries) {
     EXPECT_TRUE(s.Ui.Said("Number of fans must be from 0 to 10"));
 }
 
-TEST(AirEdit, PresetListsLeaveOutEmptyAndUndefinedRowsAndKeepTheirIndices) {
-    EditScene s;
-    s.M.Preset.ResNames[12] = "Undefined";
-    s.M.Preset.ResNames[14] = "Regulator A";
-    s.M.Preset.ResPreset[14] = 4.5f;
-    const std::int32_t row = s.Add(0, 0, 0, 100, 0, 0);
-    s.Row(row).ResType = 14;
-    s.Form.Open(row, AirEditSingle);
-    const auto& f = s.Form.Fields();
-    for (const ListRow& r : f.ResCombo) EXPECT_NE(r.Data, 12);
-    ASSERT_GE(f.ResIndex, 0);
-    EXPECT_EQ(f.ResCombo[static_cast<std::size_t>(f.ResIndex)].Text, "Regulator A");
-    EXPECT_EQ(f.ResCombo[static_cast<std::size_t>(f.ResIndex)].Data, 14);
-    EXPECT_EQ(f.FanCombo2[0].Text, "None");
-    EXPECT_EQ(f.FanCombo2[1].Text, "  1: Main fan");
-    EXPECT_EQ(f.FanCombo2[2].Data, 3);
-}
-
 TEST(AirEdit, OrificeAddsTheRegulatorToTheResistanceOnOk) {
     EditScene s;
     const std::int32_t row = s.Add(0, 0, 0, 100, 0, 0); // 4 x 4 m

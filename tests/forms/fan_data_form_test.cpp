@@ -21,44 +21,6 @@ struct FanScene : FormScene {
     FanRecord& Fan(int n = 1) { return M.Fans[static_cast<std::size_t>(n)]; }
 };
 
-TEST(FanDataForm, PointsInAnyOrderComeBackSortedAndTheCurveIsCompleted) {
-    FanScene s;
-    EXPECT_EQ(s.F.TxtFanName, "-none-");
-    EXPECT_TRUE(s.F.ChkStatic); // both curve columns blank: the static one is shown
-    EXPECT_FALSE(s.F.ChkTotal);
-    const char* rows[3][3] = {{"1200", "40", "70"}, {"2500", "10", "60"}, {"1800", "25", "80"}};
-    for (int p = 1; p <= 3; ++p) {
-        SetFanCell(s.M, s.F, p, fancol::Static, rows[p - 1][0], s.Ui);
-        SetFanCell(s.M, s.F, p, fancol::Flow, rows[p - 1][1], s.Ui);
-        SetFanCell(s.M, s.F, p, fancol::Eff, rows[p - 1][2], s.Ui);
-    }
-    const FanRecord& f = s.Fan();
-    EXPECT_EQ(f.FanName, "Fan #1");
-    EXPECT_EQ(s.F.TxtFanName, "Fan #1");
-    EXPECT_EQ(f.FanPStatic[1], 2500);
-    EXPECT_EQ(f.FanPStatic[2], 1800);
-    EXPECT_EQ(f.FanPStatic[3], 1200);
-    EXPECT_EQ(f.FanQ[1], 10);
-    EXPECT_EQ(f.FanEff[3], 70);
-    for (int p = 4; p <= 10; ++p) {
-        EXPECT_EQ(f.FanPStatic[p], 1200);
-        EXPECT_EQ(f.FanQ[p], 40);
-    }
-    EXPECT_TRUE(s.F.Modified);
-    EXPECT_DOUBLE_EQ(s.F.PressureScale, 2.5);
-    EXPECT_DOUBLE_EQ(s.F.FlowScale, 0.04);
-
-    // With the static column blank the sort is on total pressure.
-    FanScene t;
-    SetFanCell(t.M, t.F, 1, fancol::Total, "900", t.Ui);
-    SetFanCell(t.M, t.F, 1, fancol::Flow, "50", t.Ui);
-    SetFanCell(t.M, t.F, 2, fancol::Total, "1900", t.Ui);
-    SetFanCell(t.M, t.F, 2, fancol::Flow, "20", t.Ui);
-    EXPECT_EQ(t.Fan().FanPTotal[1], 1900);
-    EXPECT_EQ(t.Fan().FanQ[10], 50);
-    EXPECT_TRUE(t.Ui.Transcript.empty());
-}
-
 TEST(FanDataForm, FillingSetsTheBlankFlagsAndTheColumns) {
     FanScene s;
     FanRecord& f = s.Fan(3);

@@ -62,24 +62,5 @@ TEST(GridEdit, ClipboardTextReadsBackCellForCell) {
     EXPECT_EQ(ClipboardColumns(ReadClipboardTable("a\tb\r\nc\td\te\r\n")), 3);
 }
 
-TEST(GridEdit, PasteDropsCellsOutsideAndRepeatsToFillTheSelection) {
-    const CellTable clip{{"a", "b", "c"}};
-    // From column 3 of a table whose last column is 4: "c" falls outside.
-    auto writes = PasteWrites(clip, {2, 3}, 2, Table);
-    ASSERT_EQ(writes.size(), 2u);
-    EXPECT_EQ(writes[0].Cell, (GridCell{2, 3}));
-    EXPECT_EQ(writes[1].Text, "b");
-    // A selection down to row 5 takes the one-row text four times.
-    writes = PasteWrites(clip, {2, 1}, 5, Table);
-    ASSERT_EQ(writes.size(), 12u);
-    EXPECT_EQ(writes.back().Cell, (GridCell{5, 3}));
-    // Two rows into a selection of three: pasted twice, the fourth row too, nothing past row 10.
-    writes = PasteWrites({{"1"}, {"2"}}, {9, 1}, 10, Table);
-    ASSERT_EQ(writes.size(), 2u);
-    writes = PasteWrites({{"1"}, {"2"}}, {2, 1}, 4, Table);
-    ASSERT_EQ(writes.size(), 4u);
-    EXPECT_EQ(writes[3].Cell, (GridCell{5, 1}));
-}
-
 } // namespace
 } // namespace karvane::forms

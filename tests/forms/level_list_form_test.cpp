@@ -98,30 +98,5 @@ TEST(LevelListForm, DeletingWholeRowsClosesTheGapAndCancelAsks) {
     EXPECT_EQ(CopyLevelTable(f, 5, 1, 6, 3), "A\t10\t5\r\nB\t4\t2\r\n");
 }
 
-TEST(LevelListForm, TheLevelInUseFiltersTheViewAfterAnEdit) {
-    LevelScene s;
-    const std::int32_t upper = s.Add(0, 0, 850, 100, 0, 850);
-    const std::int32_t lower = s.Add(0, 0, 650, 100, 0, 650);
-    BuildNodeKeys(s.M, s.Ui);
-    s.Ds.View.LevelMode = display::lm::Single;
-    s.Ds.View.CurrentLevel = 2;
-    LevelListForm form(s.M, s.Ds, s.Ui);
-    // Level 2 now spans the lower airway's height instead.
-    form.SetCell(2, rlcol::High, "660");
-    form.SetCell(2, rlcol::Low, "640");
-    form.SetCell(3, rlcol::High, "500");
-    form.SetCell(3, rlcol::Low, "400");
-    form.PressButton("RLOK");
-    EXPECT_EQ(s.Ds.View.CurrentRLMax, 660);
-    EXPECT_EQ(s.Ds.View.CurRL, 650);
-    bool sawUpper = false, sawLower = false;
-    for (std::int32_t row : s.Ds.DisplayList) {
-        sawUpper = sawUpper || row == upper;
-        sawLower = sawLower || row == lower;
-    }
-    EXPECT_TRUE(sawLower);
-    EXPECT_FALSE(sawUpper);
-}
-
 } // namespace
 } // namespace karvane::forms

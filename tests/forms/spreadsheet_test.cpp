@@ -468,12 +468,6 @@ TEST(SpreadSheet, LeavingWithEditsAsksAndTheHostOpensTheCards) {
     EXPECT_FALSE(s.F().Command("mnuNothing"));
 }
 
-} // namespace
-} // namespace karvane::forms
-
-namespace karvane::forms {
-namespace {
-
 struct PrintingHost : RecordingSheetHost {
     SpreadSheetForm* Form = nullptr;
     display::RecordingSurface Page{1123, 794};

@@ -29,44 +29,6 @@ std::vector<std::int32_t> RowsBetween(Model& m, std::array<std::int32_t, 3> a, s
     return rows;
 }
 
-TEST(ConstructScript, FromANodeIntoEmptySpaceALevelAirwayWithTheSizeOfItsNeighbour) {
-    ScriptRig r;
-    r.Row(4).Width = 6;
-    r.Row(4).Height = 3;
-    r.Row(1).Width = 6;
-    r.Row(1).Height = 3;
-    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\ndrag 0,0 -400,0\n"), "");
-    ASSERT_EQ(r.S.M.AirwayCount, 6);
-    const Airway& a = r.Row(6);
-    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{0, 0, 500, -400, 0, 500}));
-    EXPECT_FLOAT_EQ(a.Width, 6);
-    EXPECT_FLOAT_EQ(a.Height, 3);
-    EXPECT_FLOAT_EQ(a.Length, 400);
-    EXPECT_EQ(a.AirwayNo, 6);
-}
-
-TEST(ConstructScript, ADrawFromAirwayToAirwaySplitsBoth) {
-    ScriptRig r;
-    r.Row(1).BranchName = "South";
-    r.Row(3).BranchName = "North";
-    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\ndrag 500,0 500,1000\n"), "");
-    ASSERT_EQ(r.S.M.AirwayCount, 8);
-    int south = 0, north = 0;
-    for (std::int32_t row = 1; row <= 8; ++row) {
-        south += r.Row(row).BranchName == "South";
-        north += r.Row(row).BranchName == "North";
-    }
-    EXPECT_EQ(south, 2);
-    EXPECT_EQ(north, 2);
-    EXPECT_EQ(RowsBetween(r.S.M, {500, 0, 500}, {500, 1000, 500}).size(), 1u);
-    EXPECT_EQ(RowsBetween(r.S.M, {0, 0, 500}, {500, 0, 500}).size(), 1u);
-    EXPECT_EQ(RowsBetween(r.S.M, {500, 0, 500}, {1000, 0, 500}).size(), 1u);
-    // One undo takes the draw and both splits back.
-    ASSERT_EQ(r.Script("key Backspace\n"), "");
-    EXPECT_EQ(r.S.M.AirwayCount, 5);
-    EXPECT_EQ(RowsBetween(r.S.M, {0, 0, 500}, {1000, 0, 500}).size(), 1u);
-}
-
 TEST(ConstructScript, ARaiseTakesTheRaiseDefaults) {
     ScriptRig r;
     // From free space on U/Ground, the level stepped down to Deep during the drag.
@@ -84,13 +46,6 @@ TEST(ConstructScript, ARaiseTakesTheRaiseDefaults) {
     EXPECT_TRUE(a.Has(bc::Circular));
 }
 
-TEST(ConstructScript, ALevelAirwayAtTheSurfaceIsRefused) {
-    ScriptRig r;
-    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel SURFACE\ntool draw\ndrag 3000,3000 3500,3000\n"), "");
-    EXPECT_EQ(r.S.M.AirwayCount, 5);
-    EXPECT_TRUE(r.S.Ui.Said("Cannot construct an airway within the surface RL."));
-}
-
 TEST(ConstructScript, MovingASharedNodeMovesBothEndsAndOneUndoRestoresThem) {
     ScriptRig r;
     ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool move\ndrag 1000,0 1100,-100\n"), "");
@@ -99,18 +54,6 @@ TEST(ConstructScript, MovingASharedNodeMovesBothEndsAndOneUndoRestoresThem) {
     ASSERT_EQ(r.Script("key Backspace\n"), "");
     EXPECT_EQ(RowsBetween(r.S.M, {0, 0, 500}, {1000, 0, 500}).size(), 1u);
     EXPECT_EQ(RowsBetween(r.S.M, {1000, 0, 500}, {1000, 1000, 500}).size(), 1u);
-}
-
-TEST(ConstructScript, UndoTwiceThenANewEditLeavesNothingToRedo) {
-    ScriptRig r;
-    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\n"
-                       "drag 0,0 -400,0\ndrag 0,1000 -400,1000\n"
-                       "key Backspace\nmenu mnuUndo\n"
-                       "drag 1000,0 1400,0\nkey Tab\n"),
-              "");
-    EXPECT_EQ(r.S.Ui.Texts("Message"), std::vector<std::string>{"No more actions available to redo"});
-    EXPECT_EQ(r.S.M.AirwayCount, 6);
-    EXPECT_EQ(RowsBetween(r.S.M, {1000, 0, 500}, {1400, 0, 500}).size(), 1u);
 }
 
 TEST(ConstructScript, TheCoordinateEntryTakesTheQueuedPoint) {
@@ -123,21 +66,6 @@ TEST(ConstructScript, TheCoordinateEntryTakesTheQueuedPoint) {
     ASSERT_EQ(r.S.M.AirwayCount, 6);
     const Airway& a = r.Row(6);
     EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{0, 0, 500, 0, -700, 420}));
-}
-
-TEST(ConstructScript, ARefusedDrawLeavesTheNetworkAndTheLogAsTheyWere) {
-    ScriptRig r;
-    ASSERT_EQ(r.Script("box -1500,-1500 4500,4500\nlevel U/Ground\ntool draw\ndrag 0,0 -400,0\n"
-                       "level SURFACE\ndrag 3000,3000 3500,3000\n"),
-              "");
-    EXPECT_EQ(r.S.M.AirwayCount, 6);
-    EXPECT_EQ(r.Run->undo().CurrentStep, 2);
-    // The undo that follows takes back the last edit that was made, and nothing else.
-    ASSERT_EQ(r.Script("key Backspace\n"), "");
-    EXPECT_EQ(r.S.M.AirwayCount, 5);
-    ASSERT_EQ(r.Script("key Backspace\n"), "");
-    EXPECT_EQ(r.S.M.AirwayCount, 5);
-    EXPECT_TRUE(r.S.Ui.Said("No more actions to undo"));
 }
 
 // The network file's text with the airway rows in a fixed order and without the numbers a

@@ -39,25 +39,6 @@ TEST(PickScript, AJoinAndItsRefusalAndOneUndoForEach) {
     EXPECT_EQ(Ends(r.S.M), before);
 }
 
-TEST(PickScript, AFenceDeleteOfEverythingIsUndoneInOneStep) {
-    ScriptRig r;
-    ASSERT_EQ(r.Script("box -200,-200 1200,1200\n"), "");
-    const auto before = Ends(r.S.M);
-    EXPECT_EQ(r.Script("tool delete\nanswer yes\ndrag -150,-150 1150,1150\n"), "");
-    EXPECT_EQ(r.S.M.AirwayCount, 0);
-    EXPECT_EQ(r.S.Ui.Transcript.back().Title, "Fence Delete");
-    EXPECT_EQ(r.Script("menu mnuUndo\n"), "");
-    EXPECT_EQ(Ends(r.S.M), before);
-    // And the selection: a fence round the midpoint of the first airway, then Esc.
-    EXPECT_EQ(r.Script("tool select\ndrag 450,-50 550,50\n"), "");
-    EXPECT_EQ(
-        std::count_if(r.S.M.Airways.begin(), r.S.M.Airways.end(), [](const Airway& a) { return a.Has(bc::Selected); }),
-        1);
-    EXPECT_EQ(r.Script("tool delete\nkey Esc\n"), "");
-    EXPECT_TRUE(
-        std::none_of(r.S.M.Airways.begin(), r.S.M.Airways.end(), [](const Airway& a) { return a.Has(bc::Selected); }));
-}
-
 TEST(PickScript, TheFindMenuShowsTheAirwayAndTheLevelItChose) {
     ScriptRig r;
     ASSERT_EQ(r.Script("box -200,-200 1200,1200\n"), "");

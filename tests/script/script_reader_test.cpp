@@ -94,17 +94,4 @@ TEST(ScriptReader, RefusesWithTheLineAndTheReason) {
     for (const auto& c : cases) EXPECT_EQ(ReadScript(c.Text, commands::IsMenuCommand).Error, c.Error) << c.Text;
 }
 
-TEST(ScriptReader, NamesOfToolsAndKeys) {
-    EXPECT_EQ(ToolValueOf("Draw"), 4);
-    EXPECT_EQ(ToolValueOf("add-airway"), 4);
-    EXPECT_EQ(ToolValueOf("attributes-to-defaults"), 91);
-    EXPECT_EQ(ToolNameOf(15), "insert-node");
-    EXPECT_EQ(KeyCodeOf("esc"), 27);
-    EXPECT_EQ(KeyCodeOf("Backspace"), 8);
-    EXPECT_EQ(KeyCodeOf("F12"), 123);
-    // Empty scripts and comment-only scripts are read as no lines.
-    EXPECT_TRUE(ReadScript("").Script.Lines.empty());
-    EXPECT_TRUE(ReadScript("# only\n\n").Error.empty());
-}
-
 } // namespace

@@ -10,30 +10,6 @@ using karvane::script::testing::ScriptRig;
 
 namespace {
 
-TEST(SpreadSheetScript, ACellTypedAndSavedIsOneUndoStep) {
-    ScriptRig r;
-    for (std::int32_t row = 1; row <= r.S.M.AirwayCount; ++row) {
-        r.Row(row).AirwayNo = row;
-        r.Row(row).WallType = 5;
-        RecalcAirway(r.S.M, row);
-    }
-    const Airway before = r.Row(2);
-    // What the airway editor gives for the new width.
-    r.Row(2).Width = 2.5f;
-    RecalcAirway(r.S.M, 2);
-    const float expected = r.Row(2).Resistance;
-    r.Row(2) = before;
-    // Row 2 of the grid is airway 2 (sorted on No.); column 15 is Width.
-    EXPECT_EQ(r.Script("menu mnuPower\ncell 2 15 2.5\ncell 2 2 \"Return\"\nbutton SaveGrid\nclose\n"), "");
-    EXPECT_EQ(r.Row(2).Width, 2.5f);
-    EXPECT_EQ(TrimText(r.Row(2).BranchName), "Return");
-    EXPECT_NEAR(r.Row(2).Resistance, expected, 0.5e-5); // as the grid showed it, to its 5 decimals
-    EXPECT_EQ(r.Script("menu mnuUndo\n"), "");
-    EXPECT_EQ(r.Row(2).Width, before.Width);
-    EXPECT_EQ(r.Row(2).Resistance, before.Resistance);
-    EXPECT_EQ(TrimText(r.Row(2).BranchName), "");
-}
-
 TEST(SpreadSheetScript, BadLinesAreReportedAndARefusedSaveChangesNothing) {
     ScriptRig r;
     const Airway before = r.Row(1);
