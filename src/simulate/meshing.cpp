@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #include "model/node_keys.h"
-#include "simulate/troubleshoot.h"
+#include "simulate/run_modes.h"
 
 namespace karvane::simulate {
 

@@ -43,7 +43,7 @@
 
 #include "simulate/balancing.h"
 #include "simulate/fan_model.h"
-#include "simulate/troubleshoot.h"
+#include "simulate/run_modes.h"
 
 namespace karvane {
 

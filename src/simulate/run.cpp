@@ -13,7 +13,7 @@
 #include "simulate/meshing.h"
 #include "simulate/newton.h"
 #include "simulate/pressures.h"
-#include "simulate/troubleshoot.h"
+#include "simulate/run_modes.h"
 #include "simulate/validation.h"
 
 namespace karvane::simulate {
