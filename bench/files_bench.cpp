@@ -6,9 +6,10 @@
 #include <filesystem>
 #include <memory>
 
-#include "bench/mine_generator.h"
+#include "files/duplicates.h"
 #include "files/network_file.h"
 #include "files/network_load.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "simulate/validation.h"
@@ -88,7 +89,7 @@ void BM_KeysSortConnections(benchmark::State& state) {
         model->ErrorList.clear();
         state.ResumeTiming();
         BuildNodeKeys(*model, quiet);
-        simulate::SortAirways(*model, quiet);
+        files::SortAirways(*model, quiet);
         simulate::CheckConnections(*model);
     }
     state.counters["airways"] = static_cast<double>(count);

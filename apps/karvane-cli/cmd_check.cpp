@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "commands.h"
+#include "files/duplicates.h"
 #include "model/node_keys.h"
 #include "output.h"
 #include "session.h"
@@ -24,7 +25,7 @@ void AddCheckCommand(CommandLine& cl) {
             m.SimFail = 0;
             m.ErrorList.clear();
             BuildNodeKeys(m, s.ui());
-            simulate::SortAirways(m, s.ui());
+            files::SortAirways(m, s.ui());
             simulate::CheckConnections(m);
         }
         const bool faults = !m.ErrorList.empty();

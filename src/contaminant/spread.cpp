@@ -10,6 +10,7 @@
 
 #include "contaminant/colours.h"
 #include "engineering/resistance.h"
+#include "files/duplicates.h"
 #include "files/number_text.h"
 #include "model/node_keys.h"
 #include "model/number_format.h"
@@ -249,7 +250,7 @@ void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hook
     const std::int32_t before = CheckedAirwayCount(model);
     KeepKeys(model, before);
     BuildNodeKeys(model, ui);
-    simulate::SortAirways(model, ui);
+    files::SortAirways(model, ui);
     // The sort moves the rows that the last airflow run turned round: the neighbour lists must
     // then follow the rows as they now stand.
     if (!model.Run.NeighboursValid || KeysMoved(model, before)) simulate::BuildNeighbourLists(model);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "engineering/resistance.h"
+#include "files/duplicates.h"
 #include "files/number_text.h"
 #include "model/network_rows.h"
 #include "model/node_keys.h"
@@ -69,7 +70,7 @@ std::int32_t CmdSimp(Model& model, ui::UserInterface& ui, files::UndoLog& undo, 
     ui.SetBusy(true);
     // With fewer than two airways there is nothing to sort and nothing to merge; the sort's own
     // "No Data to sort" box would only puzzle here.
-    if (CheckedAirwayCount(model) >= 2) SortAirways(model, ui, RecalcAllAirways);
+    if (CheckedAirwayCount(model) >= 2) files::SortAirways(model, ui);
     BuildNodeKeys(model, ui);
     simulate::BuildNeighbourLists(model);
 

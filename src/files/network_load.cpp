@@ -12,6 +12,7 @@
 
 #include "engineering/resistance.h"
 #include "files/defaults_file.h"
+#include "files/duplicates.h"
 #include "files/network_file.h"
 #include "files/number_text.h"
 #include "files/recent_files.h"
@@ -686,7 +687,7 @@ void MergeNetwork(Model& model, ui::UserInterface& ui) {
         model.NetworkSaved = No0;
     }
     BuildNodeKeys(model, ui);
-    SortAirways(model, ui, RecalcAllAirways);
+    SortAirways(model, ui);
     ui.SetBusy(false);
 }
 

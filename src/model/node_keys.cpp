@@ -1,6 +1,5 @@
-// Node keys from coordinates, the sort of the airway table by keys, and the duplicate and
-// zero-length checks. The sort works on an index of keys and then moves each row once, so a
-// network of 30,000 airways sorts in n log n with no copy of the table. Marks and orders live
+// Node keys from coordinates and the sort of the airway table by keys. The sort works on an index of keys and then
+// moves each row once, so a network of 30,000 airways sorts in n log n with no copy of the table. Marks and orders live
 // in the scratch columns of the run state, allocated once, so that a run allocates nothing.
 #include "model/node_keys.h"
 
@@ -19,18 +18,19 @@ std::int64_t Wrapped(std::int32_t value, std::int64_t shift, std::int64_t period
     return v % period;
 }
 
-bool SameKeys(const Airway& a, const Airway& b) { return a.EntryKey == b.EntryKey && a.ExitKey == b.ExitKey; }
+} // namespace
 
-// One mark per row, 1..AirwayCount, all clear: the scratch column that the checks share
-// (none of them keeps its marks past its own pass).
+std::int32_t CheckedAirwayCount(const Model& model) {
+    const auto rows = static_cast<std::int32_t>(model.Airways.size()) - 1;
+    return std::clamp<std::int32_t>(model.AirwayCount, 0, std::min(rows, MaxAirways));
+}
+
 std::int32_t* ClearRowMarks(Model& model, std::int32_t n) {
     std::int32_t* marks = model.Run.ScratchB.data();
     std::fill_n(marks, n + 1, 0);
     return marks;
 }
 
-// Removes the marked rows 1..AirwayCount: the others close up in order, the freed rows at the
-// end are cleared, and AirwayCount falls.
 void RemoveMarkedRows(Model& model, const std::int32_t* marked) {
     const std::int32_t n = CheckedAirwayCount(model);
     std::int32_t write = 0;
@@ -41,57 +41,6 @@ void RemoveMarkedRows(Model& model, const std::int32_t* marked) {
     }
     for (std::int32_t row = write + 1; row <= n; ++row) model.Airways[row] = Airway{};
     model.AirwayCount = write;
-}
-
-// The answer to one of the deletion questions; the duplicate search asks nothing and keeps
-// every row.
-bool AgreesToDelete(const Model& model, ui::UserInterface& ui, const char* text, const char* title) {
-    if (model.SimMode == 4) return false;
-    return ui.Ask(text, title, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
-}
-
-// One kind of fault that the user may have deleted: the question, its title, and what each
-// row gets when the rows stay.
-struct DeletableFault {
-    const char* Question;
-    const char* Title;
-    const char* Line;
-    const char* Comment;
-};
-
-// Goes through rows 1..AirwayCount. At the first faulty row the user is asked once; on Yes
-// every faulty row is deleted after the pass, otherwise the run fails and each is reported.
-template <typename IsFaulty>
-void DeleteOrReport(Model& model, ui::UserInterface& ui, IsFaulty isFaulty, const DeletableFault& fault) {
-    const std::int32_t n = CheckedAirwayCount(model);
-    std::int32_t* doomed = nullptr;
-    bool asked = false;
-    bool remove = false;
-    for (std::int32_t row = 1; row <= n; ++row) {
-        if (!isFaulty(row, n)) continue;
-        if (!asked) {
-            asked = true;
-            remove = AgreesToDelete(model, ui, fault.Question, fault.Title);
-            if (remove) {
-                doomed = ClearRowMarks(model, n);
-            } else {
-                model.SimFail = 1;
-            }
-        }
-        if (remove) {
-            doomed[row] = 1;
-        } else {
-            ReportAirwayFault(model, row, fault.Line, fault.Comment);
-        }
-    }
-    if (remove) RemoveMarkedRows(model, doomed);
-}
-
-} // namespace
-
-std::int32_t CheckedAirwayCount(const Model& model) {
-    const auto rows = static_cast<std::int32_t>(model.Airways.size()) - 1;
-    return std::clamp<std::int32_t>(model.AirwayCount, 0, std::min(rows, MaxAirways));
 }
 
 Fixed4 NodeKey(std::int32_t x, std::int32_t y, std::int32_t z) {
@@ -223,39 +172,6 @@ void SortAirwayRows(Model& model) {
             to = from;
         }
     }
-}
-
-void CheckDuplicates(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh) {
-    // Duplicates stand next to each other in key order. Of each run of equal rows the last
-    // one stays.
-    DeleteOrReport(
-        model, ui,
-        [&](std::int32_t row, std::int32_t n) {
-            return row < n && SameKeys(model.Airways[row], model.Airways[row + 1]);
-        },
-        {"Duplicate branches exist - delete them ?", "Duplicate branches", "Duplicate airway", "Duplicate branch"});
-
-    // An airway whose two ends are one node has no length (the surface node excepted: an
-    // airway with both ends there was reported when the keys were built).
-    DeleteOrReport(model, ui,
-                   [&](std::int32_t row, std::int32_t) {
-                       const Airway& a = model.Airways[row];
-                       return a.EntryKey == a.ExitKey && a.EntryKey != SurfaceKey && a.EntryKey != 0;
-                   },
-                   {"Branches with identical start/end points detected - delete them ?", "Zero length branches",
-                    "Same start/end", "Same start/end"});
-
-    if (refresh) refresh(model);
-}
-
-void SortAirways(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh) {
-    if (CheckedAirwayCount(model) < 2) {
-        ui.Message("No Data to sort", ProgramName, ui::Icon::Information);
-        return;
-    }
-    SortAirwayRows(model);
-    CheckDuplicates(model, ui, refresh);
-    SortAirwayRows(model);
 }
 
 } // namespace karvane

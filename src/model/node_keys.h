@@ -1,6 +1,7 @@
 // Node keys: airway ends become nodes by packing their coordinates into one fixed-point key,
 // equal keys being the same node and every surface end sharing the one surface key. Also the
-// sort of the airway table by keys and the duplicate and zero-length checks that go with it.
+// sort of the airway table by keys (the duplicate and zero-length checks that go with it are in
+// files/duplicates.h).
 #pragma once
 
 #include <cstdint>
@@ -53,29 +54,13 @@ void BuildNodeKeys(Model& model, ui::UserInterface& ui);
 // both keys equal keep the order they had (the sort is stable). Nothing is reported.
 void SortAirwayRows(Model& model);
 
-// The refresh of every airway's resistance that ends the duplicate check. The model cannot
-// reach the resistance formulas itself, so its callers hand them in: pass RecalcAllAirways
-// (engineering/resistance.h), or nothing to leave resistances as they stand.
-using ResistanceRefresh = void (*)(Model&);
+// One mark per row, 1..AirwayCount, all clear: the scratch column (Run.ScratchB) that the sort
+// and the checks share; none of them keeps its marks past its own pass.
+std::int32_t* ClearRowMarks(Model& model, std::int32_t n);
 
-// The duplicate and zero-length checks over rows sorted by SortAirwayRows.
-//  1. Rows i and i + 1 (i from 1 to N - 1) with equal EntryKey and ExitKey: at the first such
-//     pair the user is asked "Duplicate branches exist - delete them ?" ("Duplicate branches",
-//     Yes/No). On Yes every row i of such a pair is deleted; on anything else SimFail becomes 1
-//     and every row i gets the line "Duplicate airway", Comment "Duplicate br" and bit 64.
-//  2. Rows whose EntryKey equals their ExitKey, neither being the surface key or 0: at the
-//     first one "Branches with identical start/end points detected - delete them ?" ("Zero
-//     length branches", Yes/No). On Yes they are deleted; otherwise SimFail becomes 1 and
-//     each gets the line "Same start/end", Comment "Same start/e" and bit 64.
-//  3. refresh(model), when given.
-// In SimMode 4 (the duplicate search) neither question is asked: both act as if answered No.
-// Deleted rows are removed after their pass; the rest keep their order.
-void CheckDuplicates(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh);
-
-// The sort of the checking stage: with fewer than 2 airways the information box "No Data to
-// sort" and nothing else; otherwise SortAirwayRows, CheckDuplicates, and the sort again. The
-// caller redraws afterwards.
-void SortAirways(Model& model, ui::UserInterface& ui, ResistanceRefresh refresh);
+// Removes the marked rows 1..AirwayCount: the others close up in order, the freed rows at the
+// end are cleared, and AirwayCount falls.
+void RemoveMarkedRows(Model& model, const std::int32_t* marked);
 
 // AirwayCount held within the table, so that a count out of range never reads past it.
 std::int32_t CheckedAirwayCount(const Model& model);

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "files/duplicates.h"
 #include "simulate/fan_model.h"
 #include "simulate/validation.h"
 
@@ -105,7 +106,7 @@ void FloodNodePressures(Model& model, const float* drop) {
 }
 
 void ResolveNodePressures(Model& model, ui::UserInterface& ui, const std::function<void(int)>& show) {
-    SortAirways(model, ui);
+    files::SortAirways(model, ui);
     const std::int32_t n = model.AirwayCount;
     float* drop = model.Run.Work.data();
     bool anySurface = false;

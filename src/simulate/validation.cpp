@@ -9,6 +9,7 @@
 #include <tuple>
 
 #include "engineering/resistance.h"
+#include "files/duplicates.h"
 
 namespace karvane::simulate {
 
@@ -78,10 +79,6 @@ void Fault(Model& model, std::int32_t row, const char* line, const char* comment
 }
 
 } // namespace
-
-void CheckDuplicates(Model& model, ui::UserInterface& ui) { karvane::CheckDuplicates(model, ui, RecalcAllAirways); }
-
-void SortAirways(Model& model, ui::UserInterface& ui) { karvane::SortAirways(model, ui, RecalcAllAirways); }
 
 void CheckConnections(Model& model) {
     const std::int32_t n = CheckedAirwayCount(model);
@@ -166,7 +163,7 @@ void CheckConnections(Model& model) {
 bool CheckNetwork(Model& model, ui::UserInterface& ui, const std::function<void(int percent)>& show) {
     BuildNodeKeys(model, ui);
     if (show) show(10);
-    SortAirways(model, ui);
+    files::SortAirways(model, ui);
     if (show) show(20);
     CheckConnections(model);
     if (show) show(30);

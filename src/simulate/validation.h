@@ -13,16 +13,7 @@
 
 namespace karvane::simulate {
 
-// The duplicate and zero-length checks of karvane::CheckDuplicates (model/node_keys.h) with
-// their two questions, ending with RecalcAllAirways so that the run works with resistances
-// fresh from the present dimensions.
-void CheckDuplicates(Model& model, ui::UserInterface& ui);
-
-// karvane::SortAirways with the resistance refresh: "No Data to sort" below 2 airways,
-// otherwise sort, CheckDuplicates, sort again. Rows must have fresh keys (BuildNodeKeys).
-void SortAirways(Model& model, ui::UserInterface& ui);
-
-// Node numbers and connection checks over rows sorted by SortAirways. In order:
+// Node numbers and connection checks over rows sorted by files::SortAirways. In order:
 //  1. every Comment blanked and every bit 64 cleared (marks of earlier checks go; their list
 //     lines stay);
 //  2. Run.EntryNodeNo: 1 for row 1, rising by 1 at each new EntryKey; Run.NumNodes the last;
@@ -39,7 +30,7 @@ void SortAirways(Model& model, ui::UserInterface& ui);
 // earlier one. Each fault sets SimFail to 1. Nothing is asked or shown.
 void CheckConnections(Model& model);
 
-// The whole checking stage for the run driver: BuildNodeKeys, show(10), SortAirways,
+// The whole checking stage for the run driver: BuildNodeKeys, show(10), files::SortAirways,
 // show(20), CheckConnections, show(30). The caller has set SimFail to 0, emptied ErrorList and
 // set the caption "Checking airways" first; show may be empty. Returns false when the stage
 // failed (SimFail 1): the driver then ends the run with the error list on show. A stop

@@ -7,9 +7,10 @@
 #include <random>
 #include <tuple>
 
-#include "bench/mine_generator.h"
 #include "exchange/simplify.h"
 #include "exchange_support.h"
+#include "files/duplicates.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/run.h"
 
@@ -76,7 +77,7 @@ Lists ScanNeighbours(const Model& m) {
 }
 
 std::int32_t LiteralSimplify(Model& m, ui::UserInterface& ui, files::UndoLog& undo, const SimplifyFields& f) {
-    if (m.AirwayCount >= 2) SortAirways(m, ui, RecalcAllAirways);
+    if (m.AirwayCount >= 2) files::SortAirways(m, ui);
     BuildNodeKeys(m, ui);
     Lists lists = ScanNeighbours(m);
     const double maxL = std::stoi(f.TxtL);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <string>
 
+#include "files/duplicates.h"
 #include "model/node_keys.h"
 #include "ui/scripted_ui.h"
 
@@ -186,7 +187,7 @@ TEST_F(NodeKeysTest, SortByDescendingKeysMovesWholeRows) {
 
     // Fewer than two airways: nothing to sort.
     model.AirwayCount = 1;
-    SortAirways(model, ui, nullptr);
+    files::SortAirways(model, ui);
     ASSERT_EQ(ui.Transcript.size(), 1u);
     EXPECT_EQ(ui.Transcript[0].Text, "No Data to sort");
     EXPECT_EQ(ui.Transcript[0].Title, "Karvane");

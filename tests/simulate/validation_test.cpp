@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "engineering/resistance.h"
+#include "files/duplicates.h"
 #include "simulate/validation.h"
 #include "support/golden.h"
 #include "ui/scripted_ui.h"
@@ -227,7 +228,7 @@ TEST(ValidationOracleTest, StageAgreesWithRowByRowChecksOnGeneratedNetworks) {
         const bool passed = CheckNetwork(*fast, fastUi);
         BuildNodeKeys(*slow, slowUi);
         OracleSort(*slow);
-        CheckDuplicates(*slow, slowUi);
+        files::CheckDuplicates(*slow, slowUi);
         OracleSort(*slow);
         OracleConnections(*slow);
 
@@ -336,7 +337,7 @@ TEST_F(ValidationTest, ChecksAsRecorded) {
 TEST_F(ValidationTest, EmptyAndTinyNetworksDoNotBreak) {
     CheckConnections(model);
     EXPECT_EQ(model.Run.NumNodes, 0);
-    SortAirways(model, ui);
+    files::SortAirways(model, ui);
     EXPECT_EQ(ui.Texts(), (std::vector<std::string>{"No Data to sort"}));
     // A network emptied by its blank rows.
     Add(0, 0, 0, 0, 0, 0);
