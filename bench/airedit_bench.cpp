@@ -6,10 +6,10 @@
 #include <filesystem>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "files/undo_log.h"
 #include "forms/air_edit.h"
 #include "forms/air_info.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/network_rows.h"
 #include "model/units.h"

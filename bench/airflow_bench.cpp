@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "bench/allocation_counter.h"
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/balancing.h"
 #include "simulate/fan_model.h"

@@ -7,9 +7,9 @@
 #include <map>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "contaminant/sourcing.h"
 #include "contaminant/spread.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/run.h"
 #include "ui/scripted_ui.h"

@@ -6,7 +6,6 @@
 #include <memory>
 #include <random>
 
-#include "bench/mine_generator.h"
 #include "display/display_list.h"
 #include "display/drawn_list.h"
 #include "display/mapped_surface.h"
@@ -14,6 +13,7 @@
 #include "display/renderer.h"
 #include "display/svg_surface.h"
 #include "display/view_transform.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "model/units.h"

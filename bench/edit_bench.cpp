@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "display/display_list.h"
 #include "display/drawn_list.h"
 #include "display/picking.h"
@@ -14,6 +13,7 @@
 #include "edit/find.h"
 #include "edit/pick_tools.h"
 #include "files/undo_log.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "model/units.h"

@@ -6,13 +6,13 @@
 #include <filesystem>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "display/view_state.h"
 #include "exchange/dxf_export.h"
 #include "exchange/import.h"
 #include "exchange/simplify.h"
 #include "exchange/text_export.h"
 #include "files/undo_log.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/network_rows.h"
 #include "model/node_keys.h"

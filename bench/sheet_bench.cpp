@@ -7,10 +7,10 @@
 #include <memory>
 #include <numeric>
 
-#include "bench/mine_generator.h"
 #include "display/view_state.h"
 #include "files/undo_log.h"
 #include "forms/spreadsheet_form.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/network_rows.h"
 #include "model/units.h"

@@ -11,7 +11,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "script/study.h"
 #include "simulate/run.h"

@@ -5,11 +5,11 @@
 
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "bench/quiet_host.h"
 #include "display/display_list.h"
 #include "display/view_transform.h"
 #include "edit/edit_tools.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "model/units.h"

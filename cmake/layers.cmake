@@ -34,3 +34,40 @@ function(karvane_layer_includes target)
     target_compile_options(${target} PRIVATE -fprofile-prefix-map=${dir}=${CMAKE_SOURCE_DIR}/src)
   endif()
 endfunction()
+
+# One test per layer that the rule holds: a probe preprocessed with the include path of the
+# layer's target finds a header of the layer itself and not one of the folder above it.
+# Each target is paired with the folder just above it.
+function(karvane_layer_tests)
+  set(pairs karvane_ui:model karvane_model:engineering karvane_engineering:files karvane_files:simulate
+    karvane_simulate:contaminant karvane_contaminant:display karvane_display:exchange karvane_exchange:edit
+    karvane_edit:forms karvane_forms:commands karvane_commands:script karvane_minegen:files)
+  if(TARGET karvane_qt)
+    list(APPEND pairs karvane_script:qt karvane_qt:dialogs karvane_dialogs:shell)
+  endif()
+  foreach(pair ${pairs})
+    string(REPLACE ":" ";" pair ${pair})
+    list(GET pair 0 target)
+    list(GET pair 1 above)
+    string(REGEX REPLACE "^karvane_" "" own ${target})
+    if(own STREQUAL "minegen")
+      set(own generate)
+    endif()
+    file(GLOB own_headers RELATIVE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/src/${own}/*.h)
+    file(GLOB above_headers RELATIVE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/src/${above}/*.h)
+    list(SORT own_headers)
+    list(SORT above_headers)
+    list(GET own_headers 0 own_header)
+    list(GET above_headers 0 above_header)
+    set(probe ${CMAKE_BINARY_DIR}/layers/probes/${target}.cpp)
+    file(CONFIGURE OUTPUT ${probe} CONTENT "#include \"${own_header}\"\n#include \"${above_header}\"\n")
+    add_test(NAME layer_rule_${own}
+      COMMAND ${CMAKE_CXX_COMPILER} -E -std=c++20
+        "-I$<JOIN:$<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>,;-I>" ${probe} -o ${probe}.i
+      COMMAND_EXPAND_LISTS)
+    # Only the header of the layer above may be missing.
+    string(REPLACE "." "\\." above_pattern ${above_header})
+    set_tests_properties(layer_rule_${own} PROPERTIES LABELS layers
+      PASS_REGULAR_EXPRESSION "${above_pattern}'?:? (No such file or directory|file not found)")
+  endforeach()
+endfunction()

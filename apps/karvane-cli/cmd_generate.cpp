@@ -3,8 +3,8 @@
 #include <iostream>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "commands.h"
+#include "generate/mine_generator.h"
 #include "session.h"
 #include "simulate/run.h"
 

@@ -11,11 +11,11 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "display/mapped_surface.h"
 #include "display/renderer.h"
 #include "edit/view_gestures.h"
 #include "files/network_file.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/units.h"
 #include "qt/qt_text.h"

@@ -8,7 +8,6 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "display/display_list.h"
 #include "display/drawn_list.h"
 #include "display/mapped_surface.h"
@@ -16,6 +15,7 @@
 #include "display/svg_surface.h"
 #include "display/view_title.h"
 #include "display/view_transform.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/node_keys.h"
 #include "model/units.h"

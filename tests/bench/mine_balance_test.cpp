@@ -6,11 +6,11 @@
 #include <cmath>
 #include <memory>
 
-#include "bench/mine_generator.h"
 #include "files/conversion_file.h"
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
 #include "files/network_load.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/units.h"
 #include "simulate/run.h"

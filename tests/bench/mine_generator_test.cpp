@@ -8,7 +8,7 @@
 #include <set>
 #include <tuple>
 
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 
 using namespace karvane;

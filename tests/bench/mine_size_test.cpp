@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "bench/allocation_counter.h"
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "simulate/run.h"
 #include "ui/scripted_ui.h"

@@ -7,8 +7,8 @@
 #include <memory>
 #include <random>
 
-#include "bench/mine_generator.h"
 #include "contaminant/sourcing.h"
+#include "generate/mine_generator.h"
 #include "literal_procedures.h"
 #include "simulate/run.h"
 #include "smoke_networks.h"

@@ -6,13 +6,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "bench/mine_generator.h"
 #include "display/drawn_list.h"
 #include "display/level_selector.h"
 #include "display/palette.h"
 #include "display/recording_surface.h"
 #include "display/renderer.h"
 #include "display_support.h"
+#include "generate/mine_generator.h"
 #include "support/golden.h"
 
 namespace karvane::display {

@@ -8,8 +8,8 @@
 #include <random>
 #include <sstream>
 
-#include "bench/mine_generator.h"
 #include "files/network_file.h"
+#include "generate/mine_generator.h"
 #include "model/node_keys.h"
 #include "script_support.h"
 

@@ -8,7 +8,7 @@
 #include <random>
 #include <set>
 
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "literal_procedures.h"
 #include "model/node_keys.h"
 #include "sim_networks.h"

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 #include "model/builtin_settings.h"
 #include "model/model.h"
 #include "model/node_keys.h"

@@ -2,7 +2,7 @@
 // south-west corner towards its north-east corner and leaves by the exhaust shafts, whose main
 // fans draw it up to the surface. Every airway is laid in the direction the air is expected to
 // take, so that every junction below the surface has an airway into it and one out of it.
-#include "bench/mine_generator.h"
+#include "generate/mine_generator.h"
 
 #include <algorithm>
 #include <array>
