@@ -133,7 +133,7 @@ TEST(MineGenerator, ReachesTheAskedSizeAndIsSound) {
     EXPECT_EQ(Generate(MaxAirways + 500, 1).model->AirwayCount, MaxAirways);
 }
 
-TEST(MineGenerator, LevelsAndShaftsFollowTheSpec) {
+TEST(MineGenerator, LevelsDoorsAndShaftsAsAsked) {
     auto m = std::make_unique<Model>();
     SetBuiltInSettings(*m);
     MineRequest request;

@@ -1,69 +1,25 @@
 // karvane-cli smoke and source on the demo mine with a source at an intake and report pins
 // stored in the file: the printed tables, the JSON, and the same results as the spread and the
 // sourcing give in the program itself.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <memory>
-#include <nlohmann/json.hpp>
-#include <sstream>
-#include <string>
 
+#include "cli_support.h"
 #include "contaminant/sourcing.h"
 #include "contaminant/spread.h"
-#include "files/conversion_file.h"
-#include "files/defaults_file.h"
-#include "files/fan_file.h"
-#include "files/network_file.h"
-#include "files/network_load.h"
-#include "model/units.h"
-#include "ui/scripted_ui.h"
-
-namespace fs = std::filesystem;
 
 namespace karvane {
 namespace {
 
-struct Result {
-    int code = -1;
-    std::string out, err;
-};
+using namespace cli_testing;
 
-std::string ReadAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-// The demo mine as the command line reads it, with the program's data files of the build.
-std::unique_ptr<Model> LoadDemo(ui::ScriptedUserInterface& ui, const std::string& path) {
-    auto m = std::make_unique<Model>();
-    ui.App = fs::path(KARVANE_CLI).parent_path().string();
-    SetBuiltInUnits(m->Units);
-    files::LoadConversions(*m, ui);
-    files::LoadBuiltInSettings(*m, ui);
-    files::LoadFanDatabase(*m, ui);
-    m->FileName = path;
-    EXPECT_TRUE(files::LoadNetwork(*m, ui));
-    return m;
-}
-
-class ContaminantCli : public ::testing::Test {
+class ContaminantCli : public CliTest {
 protected:
     void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("karvane_smoke_cli_" + std::to_string(::getpid()) + "_" +
-                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
+        CliTest::SetUp();
         // A source at the first intake from the surface, a smoke pin on an airway it feeds
         // later on, and a clear pin on another intake.
         ui::ScriptedUserInterface ui;
-        auto m = LoadDemo(ui, std::string(KARVANE_EXAMPLES) + "/demo-mine.sim");
+        auto m = LoadDemo(ui);
         std::int32_t intakes = 0;
         for (std::int32_t r = 1; r <= m->AirwayCount; ++r) {
             Airway& a = m->Airways[r];
@@ -78,23 +34,7 @@ protected:
         }
         ASSERT_GE(intakes, 1);
         m->Airways[m->AirwayCount / 2].Gas1 = contaminant::SmokePin;
-        file_ = (dir_ / "smoky.sim").string();
-        m->FileName = file_;
-        m->ViewWindowOpen = true;
-        ASSERT_TRUE(files::SaveNetwork(*m, ui, 0));
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-
-    Result Run(const std::string& args) {
-        Result r;
-        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
-        const std::string cmd =
-            std::string("'") + KARVANE_CLI + "' " + args + " >'" + out.string() + "' 2>'" + err.string() + "'";
-        const int status = std::system(cmd.c_str());
-        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = ReadAll(out);
-        r.err = ReadAll(err);
-        return r;
+        file_ = SaveVariant(*m, ui, "smoky.sim");
     }
 
     // Gas2 and SpreadTime by airway number as the program itself works them out.
@@ -111,7 +51,6 @@ protected:
         return out;
     }
 
-    fs::path dir_;
     std::string file_;
     std::int32_t sourceNo_ = 0;
 };
@@ -128,7 +67,7 @@ TEST_F(ContaminantCli, SmokePrintsTheContaminatedAirwaysWithTheirArrivalTimes) {
 
     const Result j = Run("smoke '" + file_ + "' --cumulative --json");
     ASSERT_EQ(j.code, 0) << j.err;
-    const auto doc = nlohmann::json::parse(j.out);
+    const auto doc = j.Json();
     EXPECT_EQ(doc["mode"], "cumulative");
     EXPECT_EQ(doc["gasActive"], 1);
     EXPECT_EQ(doc["legend"]["thresholds"].size(), 6u);
@@ -140,9 +79,6 @@ TEST_F(ContaminantCli, SmokePrintsTheContaminatedAirwaysWithTheirArrivalTimes) {
         const auto& [gas2, time] = expected.at(a["airwayNo"].get<std::int32_t>());
         EXPECT_EQ(a["gas2"].get<int>(), gas2);
         EXPECT_FLOAT_EQ(a["spreadTime"].get<float>(), time);
-        for (const char* key : {"quantity", "pressure", "fromNodeP", "toNodeP", "resistance", "length", "comment",
-                                "branchCode", "entryKey", "exitKey", "gas1"})
-            EXPECT_TRUE(a.contains(key)) << key;
         if (gas2 > 1) ++contaminated;
     }
     EXPECT_GT(contaminated, 3);
@@ -156,7 +92,7 @@ TEST_F(ContaminantCli, SourcePrintsEveryAirwaysState) {
 
     const Result j = Run("source '" + file_ + "' --json");
     ASSERT_EQ(j.code, 0) << j.err;
-    const auto doc = nlohmann::json::parse(j.out);
+    const auto doc = j.Json();
     EXPECT_EQ(doc["gasActive"], 2);
     const auto expected = InProcess(true, false);
     ASSERT_EQ(doc["airways"].size(), expected.size());

@@ -2,33 +2,17 @@
 // pdftocairo and pdftotext) — the scale on paper of a known airway, the title line, black lines
 // in monochrome, the SVG page agreeing with the PDF — and the refusals of bad input, which
 // never leave a file behind. Also render's PNG output.
-#include <gtest/gtest.h>
-
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <regex>
-#include <sstream>
-#include <string>
-#include <vector>
 
-namespace fs = std::filesystem;
+#include "cli_support.h"
+
+using namespace karvane::cli_testing;
 
 namespace {
 
 const std::string Network = std::string(KARVANE_TEST_DATA) + "/network_v29.sim";
-
-std::string Slurp(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
 
 bool HavePoppler() { return std::system("pdftocairo -v >/dev/null 2>&1") == 0; }
 
@@ -64,17 +48,13 @@ std::vector<Segment> Segments(const std::string& svg, double mmPerUnit) {
             e = std::stod(mx[5]);
             f = std::stod(mx[6]);
         }
-        // "M x y L x y ..." with or without blanks after the letters.
-        std::string path = d[1];
+        // "M x y L x y ..." with or without blanks after the letters; curves are symbols.
+        std::string path = d[1], ops;
         for (char& c : path) {
+            if (c == 'M' || c == 'L' || c == 'C' || c == 'Z') ops += c;
             if (c == 'M' || c == 'L') c = ' ';
         }
-        std::string pathLetters = d[1];
-        std::vector<char> ops;
-        for (char c : pathLetters) {
-            if (c == 'M' || c == 'L' || c == 'C' || c == 'Z') ops.push_back(c);
-        }
-        if (std::find(ops.begin(), ops.end(), 'C') != ops.end()) continue; // curves: symbols
+        if (ops.find('C') != std::string::npos) continue;
         std::istringstream in(path);
         std::vector<std::pair<double, double>> points;
         for (double x, y; in >> x >> y;) points.emplace_back((a * x + e) * mmPerUnit, (dd * y + f) * mmPerUnit);
@@ -87,43 +67,37 @@ std::vector<Segment> Segments(const std::string& svg, double mmPerUnit) {
     return out;
 }
 
-class PrintCli : public ::testing::Test {
+class PrintCli : public CliTest {
 protected:
     void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("karvane_print_" + std::to_string(::getpid()) + "_" +
-                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
+        CliTest::SetUp();
         // A build without Qt's GUI module has no print command and no PNG output.
-        if (Run("print --help") != 0) GTEST_SKIP() << "karvane-cli was built without Qt's GUI module";
+        if (Run("print --help").code != 0) GTEST_SKIP() << "karvane-cli was built without Qt's GUI module";
     }
-    void TearDown() override { fs::remove_all(dir_); }
 
-    int Run(const std::string& args) {
-        const std::string cmd = std::string("'") + KARVANE_CLI + "' " + args + " >'" + (dir_ / "out.txt").string() +
-                                "' 2>'" + (dir_ / "err.txt").string() + "'";
-        const int status = std::system(cmd.c_str());
-        err_ = Slurp(dir_ / "err.txt");
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    // The exit status of one command; its messages are kept in err_.
+    int Cli(const std::string& args) {
+        const Result r = Run(args);
+        err_ = r.err;
+        return r.code;
     }
     int Print(const std::string& out, const std::string& options) {
-        return Run("print '" + Network + "' '" + (dir_ / out).string() + "' " + options);
+        return Cli("print '" + Network + "' '" + (dir_ / out).string() + "' " + options);
     }
     // The page as SVG by poppler, its stroked segments in millimetres (PDF points are 1/72 inch).
     std::vector<Segment> PdfSegments(const std::string& pdf) {
         const fs::path svg = dir_ / (pdf + ".svg");
         const std::string cmd = "pdftocairo -svg '" + (dir_ / pdf).string() + "' '" + svg.string() + "'";
         EXPECT_EQ(std::system(cmd.c_str()), 0);
-        return Segments(Slurp(svg), 25.4 / 72);
+        return Segments(ReadAll(svg), 25.4 / 72);
     }
     std::string PdfText(const std::string& pdf) {
         const fs::path txt = dir_ / (pdf + ".txt");
         const std::string cmd = "pdftotext -raw '" + (dir_ / pdf).string() + "' '" + txt.string() + "'";
         EXPECT_EQ(std::system(cmd.c_str()), 0);
-        return Slurp(txt);
+        return ReadAll(txt);
     }
 
-    fs::path dir_;
     std::string err_;
 };
 
@@ -183,7 +157,7 @@ TEST_F(PrintCli, TitleLineMonochromeAndTheSvgPageAgree) {
     ASSERT_EQ(Print("plan.svg", "--level 'Main Level' --scale 10000 --paper A3 --landscape --mono --title 'Plan été'"),
               0)
         << err_;
-    const std::string svg = Slurp(dir_ / "plan.svg");
+    const std::string svg = ReadAll(dir_ / "plan.svg");
     EXPECT_NE(svg.find("width=\"420mm\" height=\"297mm\""), std::string::npos);
     const auto svgLines = AirwayLines(Segments(svg, 25.4 / 600), 1);
     const auto pdfAirways = AirwayLines(pdfLines, 72.0 / 600);
@@ -225,7 +199,7 @@ TEST_F(PrintCli, RefusesBadInputAndLeavesNoFile) {
         EXPECT_FALSE(fs::exists(dir_ / "bad.pdf")) << c.Options;
     }
     // A folder that does not exist, and a target that is a folder.
-    EXPECT_EQ(Run("print '" + Network + "' '" + (dir_ / "no" / "where.pdf").string() + "'"), 1);
+    EXPECT_EQ(Cli("print '" + Network + "' '" + (dir_ / "no" / "where.pdf").string() + "'"), 1);
     EXPECT_NE(err_.find("That path doesn't exist"), std::string::npos) << err_;
     fs::create_directories(dir_ / "folder.pdf");
     EXPECT_EQ(Print("folder.pdf", ""), 1);
@@ -235,16 +209,16 @@ TEST_F(PrintCli, RefusesBadInputAndLeavesNoFile) {
         keep << "earlier print";
     }
     EXPECT_EQ(Print("kept.pdf", "--scale 100"), 1);
-    EXPECT_EQ(Slurp(dir_ / "kept.pdf"), "earlier print");
+    EXPECT_EQ(ReadAll(dir_ / "kept.pdf"), "earlier print");
     ASSERT_EQ(Print("kept.pdf", ""), 0) << err_;
-    EXPECT_EQ(Slurp(dir_ / "kept.pdf").substr(0, 5), "%PDF-");
+    EXPECT_EQ(ReadAll(dir_ / "kept.pdf").substr(0, 5), "%PDF-");
     for (const auto& entry : fs::directory_iterator(dir_))
         EXPECT_EQ(entry.path().filename().string().find(".kept.pdf"), std::string::npos) << entry.path();
 }
 
 TEST_F(PrintCli, RenderWritesPngByItsExtension) {
-    ASSERT_EQ(Run("render '" + Network + "' '" + (dir_ / "view.png").string() + "' --size 320x240"), 0) << err_;
-    const std::string png = Slurp(dir_ / "view.png");
+    ASSERT_EQ(Cli("render '" + Network + "' '" + (dir_ / "view.png").string() + "' --size 320x240"), 0) << err_;
+    const std::string png = ReadAll(dir_ / "view.png");
     ASSERT_GT(png.size(), 100U);
     EXPECT_EQ(png.substr(1, 3), "PNG");
     // Width and height stand in the header, big-endian.

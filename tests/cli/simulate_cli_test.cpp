@@ -2,108 +2,20 @@
 // law read back from the printed airways, totals that agree with the rows), a saved result
 // that reads back to the same summary, a missing file, the troubleshooting modes with their
 // messages, and the convergence question answered Yes only a few times in batch.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <map>
-#include <memory>
-#include <nlohmann/json.hpp>
-#include <sstream>
-#include <string>
 
+#include "cli_support.h"
 #include "engineering/resistance.h"
-#include "files/conversion_file.h"
-#include "files/defaults_file.h"
-#include "files/fan_file.h"
-#include "files/network_file.h"
-#include "files/network_load.h"
 #include "files/number_text.h"
-#include "model/units.h"
-#include "ui/scripted_ui.h"
-
-namespace fs = std::filesystem;
-using nlohmann::json;
 
 namespace karvane {
 namespace {
 
-const std::string Demo = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
+using namespace cli_testing;
 
-struct Result {
-    int code = -1;
-    std::string out, err;
-    json Json() const { return json::parse(out); }
-};
-
-std::string ReadAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-// The texts of the messages in a result's JSON under one title.
-std::vector<std::string> TextsTitled(const json& doc, const std::string& title) {
-    std::vector<std::string> texts;
-    for (const auto& m : doc["messages"])
-        if (m["title"] == title) texts.push_back(m["text"].get<std::string>());
-    return texts;
-}
-
-bool HasMessage(const json& doc, const std::string& text) {
-    for (const auto& m : doc["messages"])
-        if (m["text"] == text) return true;
-    return false;
-}
-
-class SimulateCli : public ::testing::Test {
+class SimulateCli : public CliTest {
 protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("karvane_sim_cli_" + std::to_string(::getpid()) + "_" +
-                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-
-    std::string Q(const fs::path& p) const { return "'" + p.string() + "'"; }
-
-    Result Run(const std::string& args) {
-        Result r;
-        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
-        const std::string cmd = "'" + std::string(KARVANE_CLI) + "' " + args + " >" + Q(out) + " 2>" + Q(err);
-        const int status = std::system(cmd.c_str());
-        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = ReadAll(out);
-        r.err = ReadAll(err);
-        return r;
-    }
-
-    // The demo mine read in process as the command line reads it, for variants of it.
-    std::unique_ptr<Model> LoadDemo(ui::ScriptedUserInterface& ui) {
-        auto m = std::make_unique<Model>();
-        ui.App = fs::path(KARVANE_CLI).parent_path().string();
-        SetBuiltInUnits(m->Units);
-        files::LoadConversions(*m, ui);
-        files::LoadBuiltInSettings(*m, ui);
-        files::LoadFanDatabase(*m, ui);
-        m->FileName = Demo;
-        EXPECT_TRUE(files::LoadNetwork(*m, ui));
-        return m;
-    }
-
-    std::string SaveVariant(Model& m, ui::ScriptedUserInterface& ui, const std::string& name) {
-        const std::string path = (dir_ / name).string();
-        m.FileName = path;
-        m.ViewWindowOpen = true;
-        EXPECT_TRUE(files::SaveNetwork(m, ui, 0));
-        return path;
-    }
-
     // Appends an airway between two points, numbered after the last one.
     static std::int32_t AddAirway(Model& m, const Airway& like, std::int32_t x1, std::int32_t y1, std::int32_t z1,
                                   std::int32_t x2, std::int32_t y2, std::int32_t z2) {
@@ -156,12 +68,10 @@ protected:
         RecalcAllAirways(*m);
         return SaveVariant(*m, ui, "restricted.sim");
     }
-
-    fs::path dir_;
 };
 
 TEST_F(SimulateCli, TheDemoMineRunsCleanlyAndItsJsonHoldsTogether) {
-    const Result r = Run("simulate '" + Demo + "' --json");
+    const Result r = Run("simulate " + Demo + " --json");
     ASSERT_EQ(r.code, 0) << r.err;
     const json doc = r.Json();
     EXPECT_EQ(doc["simFail"], 0);
@@ -183,9 +93,6 @@ TEST_F(SimulateCli, TheDemoMineRunsCleanlyAndItsJsonHoldsTogether) {
     double intake = 0, length = 0, airPower = 0;
     std::int64_t lastNo = 0;
     for (const auto& a : airways) {
-        for (const char* key : {"airwayNo", "quantity", "pressure", "fromNodeP", "toNodeP", "resistance", "length",
-                                "comment", "branchCode", "entryKey", "exitKey"})
-            ASSERT_TRUE(a.contains(key)) << key;
         EXPECT_NE(a["airwayNo"].get<std::int64_t>(), lastNo);
         lastNo = a["airwayNo"].get<std::int64_t>();
         const std::string from = a["entryKey"], to = a["exitKey"];
@@ -219,21 +126,18 @@ TEST_F(SimulateCli, TheDemoMineRunsCleanlyAndItsJsonHoldsTogether) {
                 0.01 * totals["mineResistance"].get<double>());
 
     // The same run as text: the result, the summary figures and an empty error list.
-    const Result t = Run("simulate '" + Demo + "'");
+    const Result t = Run("simulate " + Demo);
     ASSERT_EQ(t.code, 0) << t.err;
     EXPECT_NE(t.out.find("Run: simulation\nResult: valid\nTotal Airflow: " +
                          std::to_string(totals["totalAirflow"].get<long long>()) + " m3/s\n"),
               std::string::npos)
         << t.out;
-    for (const char* label : {"Total Air Power: ", "Network Input Power: ", "Network Efficiency: ", "Mine Resistance: ",
-                              "Annual Power Cost: $", "Number of Airways: ", "Length of Airways: ", "Number of Fans: "})
-        EXPECT_NE(t.out.find(std::string("\n") + label), std::string::npos) << label;
     EXPECT_NE(t.out.find("\nErrors: 0\n"), std::string::npos) << t.out;
 }
 
 TEST_F(SimulateCli, ASavedResultReadsBackToTheSameSummary) {
     const fs::path out = dir_ / "balanced.sim";
-    const Result r = Run("--clock '2026-05-04 10:20:30' simulate '" + Demo + "' --out " + Q(out) + " --json");
+    const Result r = Run(Clock + "simulate " + Demo + " --out " + Q(out) + " --json");
     ASSERT_EQ(r.code, 0) << r.err;
     ASSERT_TRUE(fs::exists(out));
     const json run = r.Json();
@@ -271,7 +175,7 @@ TEST_F(SimulateCli, ASavedResultReadsBackToTheSameSummary) {
 
 TEST_F(SimulateCli, AMissingFileFailsWithItsMessage) {
     const fs::path missing = dir_ / "no-such-mine.sim";
-    for (const char* command : {"simulate", "summary"}) {
+    for (const char* command : {"info", "simulate", "summary"}) {
         Result r = Run(std::string(command) + " " + Q(missing));
         EXPECT_EQ(r.code, 1) << command;
         EXPECT_TRUE(r.out.empty()) << r.out;
@@ -289,7 +193,7 @@ TEST_F(SimulateCli, AMissingFileFailsWithItsMessage) {
     EXPECT_FALSE(fs::exists(dir_ / "out.sim"));
     // Options out of range are usage errors.
     for (const char* bad : {" --mode 5", " --max-iter 0", " --allow-err -1"})
-        EXPECT_EQ(Run("simulate '" + Demo + "'" + bad).code, 2) << bad;
+        EXPECT_EQ(Run("simulate " + Demo + bad).code, 2) << bad;
 }
 
 TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
@@ -302,7 +206,7 @@ TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
          {Clean{"1", "There are NO unnecessary bulkheads."}, Clean{"2", "There were NO unnecessary bulkheads removed."},
           Clean{"3", "There are NO fans that are being restricted by other fans."},
           Clean{"-1", "There are NO major convergence problems"}}) {
-        const Result r = Run("simulate '" + Demo + "' --mode " + c.mode + " --json");
+        const Result r = Run("simulate " + Demo + " --mode " + c.mode + " --json");
         ASSERT_EQ(r.code, 0) << c.mode << r.err;
         const json doc = r.Json();
         EXPECT_EQ(doc["mode"], std::stoi(c.mode));
@@ -310,7 +214,7 @@ TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
         EXPECT_TRUE(HasMessage(doc, c.text)) << c.mode << r.out.substr(0, 2000);
     }
     // Mode 4 on a clean network ends silently.
-    Result r = Run("simulate '" + Demo + "' --mode 4 --json");
+    Result r = Run("simulate " + Demo + " --mode 4 --json");
     ASSERT_EQ(r.code, 0);
     EXPECT_TRUE(r.Json()["messages"].empty()) << r.out.substr(0, 2000);
 
@@ -398,9 +302,9 @@ TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {
 }
 
 TEST_F(SimulateCli, NewtonGivesTheSameTotalsAndTheFileCarriesTheChoice) {
-    const Result h = Run("simulate '" + Demo + "' --json");
+    const Result h = Run("simulate " + Demo + " --json");
     const fs::path saved = dir_ / "newton.sim";
-    const Result n = Run("simulate '" + Demo + "' --solver newton --out " + Q(saved) + " --json");
+    const Result n = Run("simulate " + Demo + " --solver newton --out " + Q(saved) + " --json");
     ASSERT_EQ(n.code, 0) << n.err;
     const json hd = h.Json(), nd = n.Json();
     EXPECT_EQ(hd["solver"], "hardy-cross");
@@ -415,7 +319,7 @@ TEST_F(SimulateCli, NewtonGivesTheSameTotalsAndTheFileCarriesTheChoice) {
     // overrides the file, and takes only the two names.
     EXPECT_EQ(Run("simulate " + Q(saved) + " --json").Json()["solver"], "newton");
     EXPECT_EQ(Run("simulate " + Q(saved) + " --solver hardy-cross --json").Json()["solver"], "hardy-cross");
-    EXPECT_EQ(Run("simulate '" + Demo + "' --solver gauss").code, 2);
+    EXPECT_EQ(Run("simulate " + Demo + " --solver gauss").code, 2);
     EXPECT_EQ(Run("smoke " + Q(saved) + " --solver gauss").code, 2);
 }
 

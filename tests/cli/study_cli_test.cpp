@@ -1,61 +1,10 @@
 // karvane-cli study and study-merge over the demo mine: the same report bytes for one and two
 // workers, shards merged into the single run's report byte for byte, exit status 1 when a
 // scenario failed, and parts of different studies refused.
-#include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "cli_support.h"
 
-#include <filesystem>
-#include <fstream>
-#include <nlohmann/json.hpp>
-#include <sstream>
-#include <string>
-
-namespace fs = std::filesystem;
-
-namespace {
-
-struct Result {
-    int code = -1;
-    std::string out, err;
-};
-
-std::string ReadAll(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-class StudyCli : public ::testing::Test {
-protected:
-    void SetUp() override {
-        dir_ = fs::temp_directory_path() / ("karvane_study_cli_" + std::to_string(::getpid()) + "_" +
-                                            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(dir_);
-        fs::create_directories(dir_);
-    }
-    void TearDown() override { fs::remove_all(dir_); }
-
-    std::string Q(const fs::path& p) const { return "'" + p.string() + "'"; }
-    std::string Write(const std::string& name, const std::string& text) {
-        std::ofstream(dir_ / name, std::ios::binary) << text;
-        return Q(dir_ / name);
-    }
-    Result Run(const std::string& args) {
-        Result r;
-        const fs::path out = dir_ / "stdout.txt", err = dir_ / "stderr.txt";
-        const std::string cmd = "'" + std::string(KARVANE_CLI) + "' " + args + " >" + Q(out) + " 2>" + Q(err);
-        const int status = std::system(cmd.c_str());
-        r.code = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-        r.out = ReadAll(out);
-        r.err = ReadAll(err);
-        return r;
-    }
-    fs::path dir_;
-};
-
-const std::string Demo = "'" + std::string(KARVANE_EXAMPLES) + "/demo-mine.sim'";
+using namespace karvane::cli_testing;
+using StudyCli = CliTest;
 
 TEST_F(StudyCli, ReportIsTheSameForAnyWorkersAndForMergedShards) {
     const std::string study = Write("study.txt", "each-fan-off\neach-airway-blocked 1 2 3\n");
@@ -64,7 +13,7 @@ TEST_F(StudyCli, ReportIsTheSameForAnyWorkersAndForMergedShards) {
     const Result two = Run("study " + Demo + " " + study + " --json --jobs 2 --watch 1 2 --max-velocity 6");
     EXPECT_EQ(two.code, 0) << two.err;
     EXPECT_EQ(one.out, two.out);
-    const nlohmann::json report = nlohmann::json::parse(one.out);
+    const json report = json::parse(one.out);
     EXPECT_EQ(report["failed"], 0);
     ASSERT_GE(report["scenarios"].size(), 4u);
 
@@ -95,14 +44,14 @@ TEST_F(StudyCli, TheSolverIsSetOnTheBaseNetwork) {
     const Result nt = Run("study " + Demo + " " + study + " --json --jobs 2 --watch 12 --solver newton");
     ASSERT_EQ(hc.code, 0) << hc.err;
     ASSERT_EQ(nt.code, 0) << nt.err;
-    const nlohmann::json a = nlohmann::json::parse(hc.out), b = nlohmann::json::parse(nt.out);
+    const json a = json::parse(hc.out), b = json::parse(nt.out);
     EXPECT_EQ(a["study"]["solver"], "hardy-cross");
     EXPECT_EQ(b["study"]["solver"], "newton");
     EXPECT_NE(a["study"]["id"], b["study"]["id"]);
     // Both balance every scenario to about the same flows, in fewer passes for Newton.
     ASSERT_EQ(a["scenarios"].size(), b["scenarios"].size());
     for (std::size_t k = 0; k < a["scenarios"].size(); ++k) {
-        const nlohmann::json &x = a["scenarios"][k], &y = b["scenarios"][k];
+        const json &x = a["scenarios"][k], &y = b["scenarios"][k];
         EXPECT_TRUE(y["simValid"].get<bool>());
         EXPECT_LE(y["passes"].get<int>(), x["passes"].get<int>());
         EXPECT_NEAR(x["watched"][0]["quantity"].get<double>(), y["watched"][0]["quantity"].get<double>(), 0.05);
@@ -114,12 +63,10 @@ TEST_F(StudyCli, AFailedScenarioGivesExitStatusOne) {
     const std::string study = Write("study.txt", "scenario \"good\"\n\nscenario \"bad\"\nset 999999 TxtWidth=5\n");
     const Result r = Run("study " + Demo + " " + study + " --json --jobs 2");
     EXPECT_EQ(r.code, 1) << r.err;
-    const nlohmann::json report = nlohmann::json::parse(r.out);
+    const json report = json::parse(r.out);
     EXPECT_EQ(report["failed"], 1);
     ASSERT_EQ(report["scenarios"].size(), 2u);
     EXPECT_TRUE(report["scenarios"][0]["ran"].get<bool>());
     EXPECT_FALSE(report["scenarios"][1]["ran"].get<bool>());
     EXPECT_EQ(report["scenarios"][1]["failure"], "line 4: no airway numbered 999999");
 }
-
-} // namespace

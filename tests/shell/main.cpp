@@ -5,46 +5,29 @@
 
 #include "shell_tests.h"
 
+namespace {
+
+template <class Test>
+int Run(int argc, char** argv) {
+    Test test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+// Every test class in turn; the status tells whether any failed.
+template <class... Tests>
+int RunAll(int argc, char** argv) {
+    int status = 0;
+    ((status |= Run<Tests>(argc, argv)), ...);
+    return status;
+}
+
+} // namespace
+
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QStandardPaths::setTestModeEnabled(true);
     QApplication app(argc, argv);
-    int status = 0;
-    {
-        karvane::shell::testing::MainWindowTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::ViewWindowTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::SurfaceTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::GridEditorTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::AirwayDialogsTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::PrintTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::EditorDialogsTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::SpreadSheetWindowTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    {
-        karvane::shell::testing::StudyWindowTest test;
-        status |= QTest::qExec(&test, argc, argv);
-    }
-    return status;
+    using namespace karvane::shell::testing;
+    return RunAll<MainWindowTest, ViewWindowTest, SurfaceTest, GridEditorTest, AirwayDialogsTest, PrintTest,
+                  EditorDialogsTest, SpreadSheetWindowTest, StudyWindowTest>(argc, argv);
 }
