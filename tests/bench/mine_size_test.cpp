@@ -1,8 +1,7 @@
-// Generated mines balance: small ones with a booster settle from still air with every fan
-// inside its curve and settle again from their flows within the default iteration limit;
-// those at the generator's own defaults, at the sizes the benchmarks use, run cleanly within
-// the mesh store (20 x MaxAirways entries), hold their fixed flows, and a run again over their
-// balanced flows allocates nothing. Every heap allocation of this program is counted.
+// Generated mines at the generator's own defaults, at the sizes the benchmarks use: each one
+// runs cleanly within the mesh store (20 x MaxAirways entries), holds its fixed flows, and a
+// run again over its balanced flows allocates nothing. Every heap allocation of this program
+// is counted for the last check.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -23,57 +22,14 @@ using namespace karvane;
 struct DefaultMine {
     std::unique_ptr<Model> M = std::make_unique<Model>();
     minegen::MineLayout Layout;
-    explicit DefaultMine(std::int32_t airways, std::uint64_t seed = 1, int boosters = 0) {
+    explicit DefaultMine(std::int32_t airways) {
         SetBuiltInSettings(*M);
         minegen::MineRequest request;
         request.Airways = airways;
-        request.Seed = seed;
-        request.Boosters = boosters;
         Layout = minegen::GenerateMine(*M, request);
         M->ShowProgress = 0;
     }
 };
-
-TEST(MineGenerator, GeneratedMinesBalance) {
-    for (std::int32_t size : {150, 320, 2500}) {
-        SCOPED_TRACE(size);
-        DefaultMine mine(size, 4, 1);
-        Model& m = *mine.M;
-        ui::ScriptedUserInterface ui;
-        ui.DefaultAnswer = ui::Answer::No;
-        m.Set.MaxIter = 2000; // a grid of drives and crosscuts settles slowly from still air
-        simulate::RunAirflow(m, ui);
-        ASSERT_EQ(m.SimFail, 0);
-        EXPECT_NE(m.SimValid, 0);
-        EXPECT_TRUE(m.ErrorList.empty()) << m.ErrorList.front().Text;
-        ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Title << ": " << ui.Transcript.front().Text;
-
-        // The main fans draw the air up the exhaust shafts, well inside their curves.
-        int mainFans = 0, boosters = 0;
-        for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {
-            const Airway& w = m.Airways[r];
-            ASSERT_TRUE(std::isfinite(w.Quantity)) << r;
-            if (w.FanNumber == minegen::MainFanRow) {
-                ++mainFans;
-                EXPECT_GT(w.Quantity, 100.0f);
-                EXPECT_LT(w.Quantity, 380.0f);
-                EXPECT_GT(w.Pressure, 0.0f);
-            } else if (w.FanNumber == minegen::BoosterFanRow) {
-                ++boosters;
-                EXPECT_GT(w.Quantity, 20.0f);
-                EXPECT_LT(w.Quantity, 95.0f);
-                EXPECT_GT(w.Pressure, 0.0f);
-            }
-        }
-        EXPECT_EQ(mainFans, mine.Layout.ExhaustShafts);
-        EXPECT_EQ(boosters, 1);
-
-        m.Set.MaxIter = 50;
-        simulate::RunAirflow(m, ui);
-        EXPECT_EQ(m.SimFail, 0);
-        EXPECT_TRUE(ui.Transcript.empty());
-    }
-}
 
 TEST(DefaultMines, RunCleanlyWithinTheMeshStore) {
     for (std::int32_t size : {1000, 10000, 30000}) {

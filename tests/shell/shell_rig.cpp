@@ -48,19 +48,19 @@ void Send(QWidget* w, QEvent::Type type, Qt::MouseButton b, Qt::MouseButtons hel
 }
 } // namespace
 
-void ShellRig::Press(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
+void ShellRig::Press(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
     Send(v, QEvent::MouseButtonPress, b, b, at, m);
 }
 
-void ShellRig::Move(ViewWindow* v, Qt::MouseButtons held, QPointF at, Qt::KeyboardModifiers m) {
+void ShellRig::Move(QWidget* v, Qt::MouseButtons held, QPointF at, Qt::KeyboardModifiers m) {
     Send(v, QEvent::MouseMove, Qt::NoButton, held, at, m);
 }
 
-void ShellRig::Release(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
+void ShellRig::Release(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
     Send(v, QEvent::MouseButtonRelease, b, Qt::NoButton, at, m);
 }
 
-void ShellRig::Click(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
+void ShellRig::Click(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m) {
     Press(v, b, at, m);
     Release(v, b, at, m);
 }

@@ -36,11 +36,11 @@ struct ShellRig {
     // Opens the demo mine by the Open command.
     void OpenDemo();
 
-    // Mouse events on a view window at a pixel, as the platform sends them.
-    void Press(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
-    void Move(ViewWindow* v, Qt::MouseButtons held, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
-    void Release(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
-    void Click(ViewWindow* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
+    // Mouse events on a window at a pixel, as the platform sends them.
+    void Press(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
+    void Move(QWidget* v, Qt::MouseButtons held, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
+    void Release(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
+    void Click(QWidget* v, Qt::MouseButton b, QPointF at, Qt::KeyboardModifiers m = Qt::NoModifier);
     void Wheel(ViewWindow* v, int notches);
     void Key(QWidget* w, Qt::Key key);
     // The cursor coordinates of a pixel of the current view (window coordinates times the signs).
