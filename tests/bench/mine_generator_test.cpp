@@ -1,5 +1,6 @@
-// The synthetic mine: exact size, determinism, a level list the loader accepts, and a network
-// the validation stage passes (connected, every junction with air in and out, no duplicates).
+// The synthetic mine: exact size, a level list the loader accepts, a second mine in place of the
+// first, and a network the validation stage passes (connected, every junction with air in and
+// out, no duplicates).
 #include <gtest/gtest.h>
 
 #include <map>
@@ -176,23 +177,14 @@ TEST(MineGenerator, LevelsDoorsAndShaftsAsAsked) {
     }
 }
 
-TEST(MineGenerator, TheSeedDecidesTheMine) {
-    Mine ma = Generate(2000, 42), mb = Generate(2000, 42), mc = Generate(2000, 43);
-    Model *a = ma.model.get(), *b = mb.model.get(), *c = mc.model.get();
-    bool differs = false;
-    for (int r = 1; r <= a->AirwayCount; ++r) {
-        const Airway &x = a->Airways[r], &y = b->Airways[r], &z = c->Airways[r];
-        ASSERT_EQ(std::tie(x.X1, x.Y1, x.Z1, x.X2, x.Y2, x.Z2, x.BranchName, x.ResType, x.Resistance),
-                  std::tie(y.X1, y.Y1, y.Z1, y.X2, y.Y2, y.Z2, y.BranchName, y.ResType, y.Resistance));
-        differs =
-            differs || std::tie(x.X1, x.Y1, x.Z1, x.X2, x.Y2, x.Z2) != std::tie(z.X1, z.Y1, z.Z1, z.X2, z.Y2, z.Z2);
-    }
-    EXPECT_TRUE(differs);
-    // A second mine in the same model replaces the first entirely.
+// A second mine in the same model replaces the first entirely (the same seed giving the same
+// file is checked on the command line's generate).
+TEST(MineGenerator, ASecondMineReplacesTheFirst) {
+    Mine mine = Generate(2000, 42);
     MineRequest small;
     small.Airways = 100;
-    GenerateMine(*a, small);
-    EXPECT_EQ(a->AirwayCount, 100);
-    EXPECT_EQ(a->Airways[101].BranchCode, 0);
-    EXPECT_EQ(a->Airways[2000].BranchCode, 0);
+    GenerateMine(*mine.model, small);
+    EXPECT_EQ(mine.model->AirwayCount, 100);
+    EXPECT_EQ(mine.model->Airways[101].BranchCode, 0);
+    EXPECT_EQ(mine.model->Airways[2000].BranchCode, 0);
 }

@@ -253,26 +253,19 @@ TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
     const Result again = Run("simulate " + Q(cleared) + " --mode 1 --json");
     EXPECT_TRUE(HasMessage(again.Json(), "There are NO unnecessary bulkheads.")) << again.out.substr(0, 3000);
 
-    // Mode 4 lists a duplicate without asking about it.
-    {
-        ui::ScriptedUserInterface ui;
-        auto m = LoadDemo(ui);
-        const Airway& d = m->Airways[m->AirwayCount / 2];
-        const std::int32_t copy = AddAirway(*m, d, d.X1, d.Y1, d.Z1, d.X2, d.Y2, d.Z2);
-        const std::string dup = SaveVariant(*m, ui, "duplicate.sim");
-        r = Run("simulate '" + dup + "' --mode 4 --json");
-        doc = r.Json();
-        EXPECT_EQ(doc["simFail"], 1);
-        for (const auto& msg : doc["messages"]) EXPECT_NE(msg["kind"], "Ask") << msg.dump();
-        bool listed = false;
-        for (const auto& e : doc["errors"]) listed = listed || e["text"] == "Duplicate airway";
-        EXPECT_TRUE(listed) << doc["errors"].dump() << copy;
-        // An ordinary run asks, and fails on No.
-        r = Run("simulate '" + dup + "' --json");
-        EXPECT_EQ(r.code, 1);
-        EXPECT_EQ(TextsTitled(r.Json(), "Duplicate branches"),
-                  std::vector<std::string>{"Duplicate branches exist - delete them ?"});
-    }
+    // Mode 4 lists the duplicates of the demo mine merged behind itself without asking; an
+    // ordinary run asks, and fails on No.
+    const std::string dup = Q(dir_ / "twice.sim");
+    ASSERT_EQ(Run("merge " + Demo + " " + Demo + " " + dup).code, 0);
+    doc = Run("simulate " + dup + " --mode 4 --json").Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    for (const auto& msg : doc["messages"]) EXPECT_NE(msg["kind"], "Ask") << msg.dump();
+    ASSERT_FALSE(doc["errors"].empty());
+    EXPECT_EQ(doc["errors"][0]["text"], "Duplicate airway");
+    r = Run("simulate " + dup + " --json");
+    EXPECT_EQ(r.code, 1);
+    EXPECT_EQ(TextsTitled(r.Json(), "Duplicate branches"),
+              std::vector<std::string>{"Duplicate branches exist - delete them ?"});
 }
 
 TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {

@@ -55,7 +55,7 @@ class GridEditorTest : public QObject {
     Q_OBJECT
 private Q_SLOTS:
     void typingEditsTheCellAndEnterMovesDown();
-    void copiesAndPastesOverALargeModel();
+    void copiesAndPastesAtTheTableEnd();
 };
 
 // The airway editor, the information card, the shock calculator and the fan dialog.
