@@ -50,6 +50,8 @@ void EditorDialogsTest::theFanTableTakesTypedPointsIntoTheDatabase() {
     // OK fills the missing efficiencies and closes.
     dialog.findChild<QPushButton*>(QStringLiteral("ExitFan"))->click();
     QVERIFY(!dialog.isVisible());
+    QVERIFY(!rig.Ui.Said("Your fan curve contains 10 zero efficiency value(s)\r\nReplacing these with the default "
+                         "efficiency value!"));
     QCOMPARE(m.FansSaved, No0);
 }
 
