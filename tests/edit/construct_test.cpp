@@ -3,6 +3,8 @@
 // the log gives back the network as it was.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <functional>
 
 #include "construct_support.h"
@@ -18,6 +20,16 @@ struct Net : ConstructRig {
         const std::int32_t row = S.Add(x1, y1, z, x2, y2, z);
         S.M.Set.LastAirwayNo = row;
         return row;
+    }
+    // Level airways by their plan ends, then the view.
+    Net& Lines(std::initializer_list<std::array<std::int32_t, 4>> ends) {
+        for (const auto& e : ends) Add(e[0], e[1], e[2], e[3]);
+        Show();
+        return *this;
+    }
+    std::array<std::int32_t, 6> Ends(std::int32_t row) {
+        const Airway& a = S.Row(row);
+        return {a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2};
     }
 };
 
@@ -42,35 +54,27 @@ TEST(Draw, FromANodeIntoEmptySpaceGivesALevelAirwayOfTheSameSize) {
 
     ASSERT_EQ(n.S.M.AirwayCount, 2);
     const Airway& a = n.S.Row(2);
-    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{500, 500, 500, 500, 800, 500}));
-    EXPECT_EQ(a.EntryNode, "Junction");
-    EXPECT_EQ(a.ExitNode, "");
-    EXPECT_FLOAT_EQ(a.Height, 5);
-    EXPECT_FLOAT_EQ(a.Width, 3);
-    // Fixed flow is not inherited; 256 (both layers on) is.
-    EXPECT_EQ(a.BranchCode, bc::Rectangular | bc::InView | bc::FreshAir);
-    EXPECT_FLOAT_EQ(a.Length, 300);
-    EXPECT_EQ(a.AirwayNo, 2);
+    EXPECT_EQ(n.Ends(2), (std::array{500, 500, 500, 500, 800, 500}));
+    // Fixed flow is not inherited; fresh air is.
+    EXPECT_EQ(std::tie(a.EntryNode, a.ExitNode, a.Height, a.Width, a.BranchCode, a.Length, a.AirwayNo),
+              std::make_tuple("Junction", "", 5.0f, 3.0f, bc::Rectangular | bc::InView | bc::FreshAir, 300.0f, 2));
     EXPECT_EQ(n.S.M.Set.LastAirwayNo, 2);
     EXPECT_EQ(n.Actions(1), (std::vector<int>{files::undo::After}));
-    EXPECT_EQ(n.Undo.CurrentStep, 2);
-    EXPECT_EQ(n.S.M.NetworkSaved, No0);
+    EXPECT_EQ(std::tie(n.Undo.CurrentStep, n.S.M.NetworkSaved), std::make_tuple(std::int16_t{2}, No0));
     EXPECT_EQ(n.Calls, (std::vector<std::string>{"Quick"}));
     EXPECT_TRUE(n.S.Ui.Transcript.empty());
     // It is in view at once, and can be picked.
-    EXPECT_EQ(n.S.Ds.DisplayList.back(), 2);
-    EXPECT_EQ(a.ExitKey, EndKey(n.S.M, 500, 800, 500, false));
+    EXPECT_EQ(std::make_tuple(n.S.Ds.DisplayList.back(), a.ExitKey),
+              std::make_tuple(2, EndKey(n.S.M, 500, 800, 500, false)));
 }
 
 TEST(Draw, AStartAndEndOnAirwaysSplitsBothAndThePartsKeepNamesAndSizes) {
     Net n;
     n.Add(0, 200, 1000, 200);
     n.Add(0, 800, 1000, 800);
-    n.S.Row(1).BranchName = "North";
-    n.S.Row(1).Height = 5;
-    n.S.Row(1).Width = 6;
-    n.S.Row(1).PrimaryLayer = 3;
-    n.S.Row(1).ExitNode = "East";
+    Airway& north = n.S.Row(1);
+    std::tie(north.BranchName, north.Height, north.Width, north.PrimaryLayer, north.ExitNode) =
+        std::make_tuple("North", 5.0f, 6.0f, std::int16_t{3}, "East");
     n.S.Row(2).BranchName = "South";
     n.Show();
     const std::vector<std::string> before = n.Network();
@@ -78,46 +82,33 @@ TEST(Draw, AStartAndEndOnAirwaysSplitsBothAndThePartsKeepNamesAndSizes) {
     n.Drag(300, 200, 700, 800);
 
     ASSERT_EQ(n.S.M.AirwayCount, 5);
-    auto ends = [&n](std::int32_t row) {
-        const Airway& a = n.S.Row(row);
-        return std::array{a.X1, a.Y1, a.X2, a.Y2};
-    };
-    EXPECT_EQ(ends(1), (std::array{0, 200, 300, 200}));
-    EXPECT_EQ(ends(2), (std::array{0, 800, 700, 800}));
-    EXPECT_EQ(ends(3), (std::array{300, 200, 700, 800})); // the new airway
-    EXPECT_EQ(ends(4), (std::array{300, 200, 1000, 200}));
-    EXPECT_EQ(ends(5), (std::array{700, 800, 1000, 800}));
-    EXPECT_EQ(n.S.Row(4).BranchName, "North");
-    EXPECT_EQ(n.S.Row(5).BranchName, "South");
-    EXPECT_FLOAT_EQ(n.S.Row(4).Height, 5);
-    EXPECT_FLOAT_EQ(n.S.Row(4).Width, 6);
-    EXPECT_EQ(n.S.Row(4).ExitNode, "East");
-    EXPECT_EQ(n.S.Row(1).ExitNode, "");
+    // The halves first, then the new airway between them.
+    const std::vector<std::array<std::int32_t, 6>> ends{{0, 200, 500, 300, 200, 500},
+                                                        {0, 800, 500, 700, 800, 500},
+                                                        {300, 200, 500, 700, 800, 500},
+                                                        {300, 200, 500, 1000, 200, 500},
+                                                        {700, 800, 500, 1000, 800, 500}};
+    for (std::int32_t row = 1; row <= 5; ++row) EXPECT_EQ(n.Ends(row), ends[static_cast<std::size_t>(row - 1)]);
+    const Airway& half = n.S.Row(4);
+    EXPECT_EQ(std::tie(half.BranchName, half.Height, half.Width, half.ExitNode),
+              std::make_tuple("North", 5.0f, 6.0f, "East"));
+    EXPECT_EQ(std::tie(n.S.Row(5).BranchName, north.ExitNode), std::make_tuple("South", ""));
     // No node at the start: the defaults, and the layers of the airway split at the start.
     const Airway& a = n.S.Row(3);
-    EXPECT_FLOAT_EQ(a.Height, n.S.M.Set.DriveHeight);
-    EXPECT_EQ(a.BranchCode, bc::Rectangular | bc::InView);
-    EXPECT_EQ(a.PrimaryLayer, 3);
-    EXPECT_FLOAT_EQ(a.Length, 721);
-    EXPECT_EQ(a.AirwayNo, 5); // the halves were numbered first
+    EXPECT_EQ(std::tie(a.Height, a.BranchCode, a.PrimaryLayer, a.Length, a.AirwayNo),
+              std::make_tuple(n.S.M.Set.DriveHeight, bc::Rectangular | bc::InView, std::int16_t{3}, 721.0f, 5));
     EXPECT_NE(a.EntryKey, 0); // keys refreshed
-    EXPECT_EQ(a.EntryKey, n.S.Row(4).EntryKey);
-    EXPECT_EQ(n.Calls.back(), "RedrawAllWindows");
+    EXPECT_EQ(std::make_tuple(a.EntryKey, n.Calls.back()), std::make_tuple(half.EntryKey, "RedrawAllWindows"));
     EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 1, 2, 1, 1, 1}));
-
     n.UndoLastStep();
     EXPECT_EQ(n.Network(), before);
 }
 
 TEST(Draw, BothEndsOnOneAirwaySplitItIntoThreeInOrder) {
-    Net n;
-    n.Add(0, 200, 1000, 200);
-    n.Show();
     // The end lies beyond the start, then before it.
     for (auto [from, to] : {std::pair{300, 700}, std::pair{700, 300}}) {
         Net m;
-        m.Add(0, 200, 1000, 200);
-        m.Show();
+        m.Lines({{0, 200, 1000, 200}});
         m.Tool(cmd::Draw);
         m.Drag(from, 200, to, 200);
         ASSERT_EQ(m.S.M.AirwayCount, 4) << from;
@@ -138,8 +129,7 @@ TEST(Draw, ALevelChangeDuringTheDragGivesAClimbAndTheRaiseRuleDecidesItsSize) {
     for (const LevelCase& c :
          {LevelCase{50, 210, true}, LevelCase{173, 100, true}, LevelCase{174, 100, false}, LevelCase{400, 10, false}}) {
         Net n;
-        n.Add(0, 0, 10, 0);
-        n.Show();
+        n.Lines({{0, 0, 10, 0}});
         n.S.Ds.View.CurRL = 490;
         n.Tool(cmd::Draw);
         n.D.OnMouseDown(1, 0, n.Wx(200), n.Wy(200), 0);
@@ -151,8 +141,7 @@ TEST(Draw, ALevelChangeDuringTheDragGivesAClimbAndTheRaiseRuleDecidesItsSize) {
         n.D.OnMouseUp(1, 0, n.Wx(200 + c.Dx), n.Wy(200), 0);
         ASSERT_EQ(n.S.M.AirwayCount, 2) << c.Dx;
         const Airway& a = n.S.Row(2);
-        EXPECT_EQ(a.Z1, 490);
-        EXPECT_EQ(a.Z2, 490 - c.Dz);
+        EXPECT_EQ(std::tie(a.Z1, a.Z2), std::make_tuple(490, 490 - c.Dz));
         const Settings& set = n.S.M.Set;
         if (c.Raise) {
             EXPECT_EQ(a.BranchCode & ~bc::InView, bc::Circular) << c.Dx;
@@ -170,16 +159,14 @@ TEST(Draw, ALevelChangeDuringTheDragGivesAClimbAndTheRaiseRuleDecidesItsSize) {
 
 TEST(Draw, AreaAirwaysTakeTheAreaDefaults) {
     Net n;
-    n.Add(0, 0, 10, 0);
-    n.Show();
+    n.Lines({{0, 0, 10, 0}});
     n.S.M.Set.UseArea = 1;
     n.S.Ds.View.CurRL = 490;
     n.Tool(cmd::Draw);
     n.Drag(200, 200, 500, 200);
     const Airway& a = n.S.Row(2);
-    EXPECT_EQ(a.BranchCode & ~bc::InView, bc::AreaEntry);
-    EXPECT_FLOAT_EQ(a.Width, n.S.M.Set.DefaultArea);
-    EXPECT_FLOAT_EQ(a.Height, n.S.M.Set.DefaultPerimeter);
+    EXPECT_EQ(std::tie(a.BranchCode, a.Width, a.Height),
+              std::make_tuple(bc::AreaEntry | bc::InView, n.S.M.Set.DefaultArea, n.S.M.Set.DefaultPerimeter));
 }
 
 TEST(Draw, ALevelAirwayAtTheSurfaceIsRefusedAndNothingChanges) {
@@ -199,13 +186,11 @@ TEST(Draw, ALevelAirwayAtTheSurfaceIsRefusedAndNothingChanges) {
         n.Tool(cmd::Draw);
         n.Drag(200, 200, 500, 200);
         EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{c.Text}));
-        EXPECT_EQ(n.Rows(), before);
-        EXPECT_EQ(n.Undo.NextUndoRow, 1);
+        EXPECT_EQ(std::make_tuple(n.Rows(), n.Undo.NextUndoRow), std::make_tuple(before, 1));
     }
     // A sloping airway from the surface is accepted.
     Net n;
-    n.Add(0, 0, 10, 0);
-    n.Show();
+    n.Lines({{0, 0, 10, 0}});
     n.S.Ds.View.CurRL = 1000;
     n.Tool(cmd::Draw);
     n.D.OnMouseDown(1, 0, n.Wx(200), n.Wy(200), 0);
@@ -219,14 +204,11 @@ TEST(Draw, ALevelAirwayAtTheSurfaceIsRefusedAndNothingChanges) {
 
 TEST(Draw, AClickOrAReleaseOnTheStartNodeMakesNothing) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Show();
+    n.Lines({{100, 500, 500, 500}});
     n.Tool(cmd::Draw);
     n.Click(300, 300);
     n.Drag(500, 500, 510, 505); // back onto the same node
-    EXPECT_EQ(n.S.M.AirwayCount, 1);
-    EXPECT_EQ(n.Undo.NextUndoRow, 1);
-    EXPECT_EQ(n.Undo.CurrentStep, 1);
+    EXPECT_EQ(std::tie(n.S.M.AirwayCount, n.Undo.NextUndoRow, n.Undo.CurrentStep), std::make_tuple(1, 1, 1));
 }
 
 TEST(Draw, TheCapacityIsCheckedBeforeAnythingChanges) {
@@ -242,9 +224,7 @@ TEST(Draw, TheCapacityIsCheckedBeforeAnythingChanges) {
                                "Network size has exceeded maximum airways - increase airways in default settings"},
                           Case{MaxAirways - 3, true, ""}}) {
         Net n;
-        n.Add(0, 200, 1000, 200);
-        n.Add(0, 800, 1000, 800);
-        n.Show();
+        n.Lines({{0, 200, 1000, 200}, {0, 800, 1000, 800}});
         // Rows beyond the two are not in view; they only fill the table.
         for (std::int32_t row = 3; row <= c.Count; ++row) n.S.Row(row).BranchCode = bc::Rectangular;
         n.S.M.AirwayCount = c.Count;
@@ -259,17 +239,15 @@ TEST(Draw, TheCapacityIsCheckedBeforeAnythingChanges) {
             EXPECT_TRUE(n.S.Ui.Texts("Message").empty());
         } else {
             EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{c.Text}));
-            EXPECT_EQ(n.S.M.AirwayCount, c.Count);
-            EXPECT_EQ(n.Undo.NextUndoRow, 1);
-            EXPECT_EQ(n.S.Row(1).X2, 1000);
+            EXPECT_EQ(std::make_tuple(n.S.M.AirwayCount, n.Undo.NextUndoRow, n.S.Row(1).X2),
+                      std::make_tuple(c.Count, 1, 1000));
         }
     }
 }
 
 TEST(Draw, TheRightButtonTakesTypedPointsAndCancelDropsThePress) {
     Net n;
-    n.Add(0, 0, 10, 0);
-    n.Show();
+    n.Lines({{0, 0, 10, 0}});
     n.Tool(cmd::Draw);
     n.Drag(300, 300, 400, 300, button::Right); // cancelled at the press
     EXPECT_EQ(n.S.M.AirwayCount, 1);
@@ -280,17 +258,14 @@ TEST(Draw, TheRightButtonTakesTypedPointsAndCancelDropsThePress) {
     n.CoordsAnswers = {Point(100, 100, 490), Point(400, 120, 470)};
     n.Drag(300, 300, 400, 300, button::Right);
     ASSERT_EQ(n.S.M.AirwayCount, 2);
-    const Airway& a = n.S.Row(2);
-    EXPECT_EQ((std::array{a.X1, a.Y1, a.Z1, a.X2, a.Y2, a.Z2}), (std::array{100, 100, 490, 400, 120, 470}));
+    EXPECT_EQ(n.Ends(2), (std::array{100, 100, 490, 400, 120, 470}));
     EXPECT_EQ(n.Calls.back(), "RedrawAllWindows");
     EXPECT_FALSE(n.T.CoordinateDialogOpen());
 }
 
 TEST(Move, ThePressOnAnAirwaysMiddlePullsItsNearerEndAloneOffTheNode) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Add(500, 500, 900, 500);
-    n.Show();
+    n.Lines({{100, 500, 500, 500}, {500, 500, 900, 500}});
     n.Tool(cmd::Move);
     n.Drag(400, 500, 450, 300); // three quarters along: the To end
     EXPECT_EQ((std::array{n.S.Row(1).X1, n.S.Row(1).X2, n.S.Row(1).Y2}), (std::array{100, 450, 300}));
@@ -300,15 +275,11 @@ TEST(Move, ThePressOnAnAirwaysMiddlePullsItsNearerEndAloneOffTheNode) {
 TEST(Move, JoiningToANodeAsksFirst) {
     for (ui::Answer answer : {ui::Answer::Yes, ui::Answer::No}) {
         Net n;
-        n.Add(100, 500, 500, 500);
-        n.Add(500, 500, 900, 500);
-        n.Add(500, 800, 200, 800);
-        n.Show();
+        n.Lines({{100, 500, 500, 500}, {500, 500, 900, 500}, {500, 800, 200, 800}});
         n.S.Ui.Answers = {answer};
         n.Tool(cmd::Move);
         n.Drag(900, 500, 210, 790);
-        EXPECT_EQ(n.S.Ui.Texts("Ask"), (std::vector<std::string>{"Are you sure you want to join to this node?"}));
-        ASSERT_FALSE(n.S.Ui.Transcript.empty());
+        ASSERT_EQ(n.S.Ui.Texts("Ask"), (std::vector<std::string>{"Are you sure you want to join to this node?"}));
         EXPECT_EQ(n.S.Ui.Transcript[0].Title, "Join Nodes");
         const std::array<int, 2> to = answer == ui::Answer::Yes ? std::array{200, 800} : std::array{210, 790};
         EXPECT_EQ((std::array{n.S.Row(2).X2, n.S.Row(2).Y2}), to);
@@ -318,10 +289,7 @@ TEST(Move, JoiningToANodeAsksFirst) {
 TEST(Move, AFenceMovesTheEndsInsideItAndCanCopyThem) {
     for (bool copy : {false, true}) {
         Net n;
-        n.Add(100, 200, 200, 200);
-        n.Add(200, 200, 300, 200);
-        n.Add(800, 800, 900, 800);
-        n.Show();
+        n.Lines({{100, 200, 200, 200}, {200, 200, 300, 200}, {800, 800, 900, 800}});
         CoordsResult move;
         move.dY = 50;
         move.Copy = copy;
@@ -329,19 +297,14 @@ TEST(Move, AFenceMovesTheEndsInsideItAndCanCopyThem) {
         n.Tool(cmd::Move);
         n.Drag(50, 140, 250, 260);
         ASSERT_EQ(n.CoordsAsked.size(), 1u);
-        EXPECT_FALSE(n.CoordsAsked[0].Absolute);
-        EXPECT_TRUE(n.CoordsAsked[0].OfferCopy);
-        auto ends = [&n](std::int32_t row) {
-            const Airway& a = n.S.Row(row);
-            return std::array{a.X1, a.Y1, a.X2, a.Y2};
-        };
+        EXPECT_EQ(std::tie(n.CoordsAsked[0].Absolute, n.CoordsAsked[0].OfferCopy), std::make_tuple(false, true));
         const int moved = copy ? 4 : 1, halfMoved = copy ? 5 : 2;
         ASSERT_EQ(n.S.M.AirwayCount, copy ? 5 : 3);
-        EXPECT_EQ(ends(moved), (std::array{100, 250, 200, 250}));
-        EXPECT_EQ(ends(halfMoved), (std::array{200, 250, 300, 200}));
-        EXPECT_EQ(ends(3), (std::array{800, 800, 900, 800}));
+        EXPECT_EQ(n.Ends(moved), (std::array{100, 250, 500, 200, 250, 500}));
+        EXPECT_EQ(n.Ends(halfMoved), (std::array{200, 250, 500, 300, 200, 500}));
+        EXPECT_EQ(n.Ends(3), (std::array{800, 800, 500, 900, 800, 500}));
         if (copy) {
-            EXPECT_EQ(ends(1), (std::array{100, 200, 200, 200}));
+            EXPECT_EQ(n.Ends(1), (std::array{100, 200, 500, 200, 200, 500}));
             EXPECT_EQ(n.S.Row(5).AirwayNo, 5);
             EXPECT_EQ(n.Actions(1), (std::vector<int>{1, 1}));
         } else {
@@ -367,8 +330,7 @@ TEST(Move, SelectedAirwaysMoveTogetherOrAreCopied) {
         ASSERT_EQ(n.S.M.AirwayCount, copy ? 5 : 3);
         const std::int32_t first = copy ? 4 : 1;
         EXPECT_EQ((std::array{n.S.Row(first).X1, n.S.Row(first).Y1, n.S.Row(first).Z1}), (std::array{110, 400, 510}));
-        EXPECT_EQ(n.S.Row(first + 1).X2, 310);
-        EXPECT_EQ(n.S.Row(1).X1, copy ? 100 : 110);
+        EXPECT_EQ(std::make_tuple(n.S.Row(first + 1).X2, n.S.Row(1).X1), std::make_tuple(310, copy ? 100 : 110));
     }
 }
 
@@ -384,14 +346,9 @@ TEST(Move, AFloatingTextIsDragged) {
 
 TEST(Reverse, SwapsEndsKeysNamesPressuresAndTheSurfaceBits) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Add(100, 700, 500, 700);
+    n.Lines({{100, 500, 500, 500}, {100, 700, 500, 700}});
     Airway& a = n.S.Row(1);
-    a.EntryNode = "In";
-    a.ExitNode = "Out";
-    a.FromNodeP = 10;
-    a.ToNodeP = 20;
-    a.Quantity = 5;
+    std::tie(a.EntryNode, a.ExitNode, a.FromNodeP, a.ToNodeP, a.Quantity) = std::make_tuple("In", "Out", 10, 20, 5);
     a.BranchCode |= bc::EntryAtSurface;
     const Fixed4 entry = a.EntryKey, exit = a.ExitKey;
     n.Show();
@@ -400,14 +357,10 @@ TEST(Reverse, SwapsEndsKeysNamesPressuresAndTheSurfaceBits) {
     n.Click(300, 500);
     EXPECT_EQ((std::array{a.X1, a.X2}), (std::array{500, 100}));
     EXPECT_EQ((std::array{a.EntryKey, a.ExitKey}), (std::array{exit, entry}));
-    EXPECT_EQ(a.EntryNode, "Out");
-    EXPECT_EQ(a.ExitNode, "In");
-    EXPECT_FLOAT_EQ(a.FromNodeP, 20);
-    EXPECT_FLOAT_EQ(a.ToNodeP, 10);
-    EXPECT_FLOAT_EQ(a.Quantity, -5);
-    EXPECT_FALSE(a.Has(bc::EntryAtSurface));
-    EXPECT_TRUE(a.Has(bc::ExitAtSurface));
-    EXPECT_EQ(n.S.Row(2).X1, 100);
+    EXPECT_EQ(std::tie(a.EntryNode, a.ExitNode, a.FromNodeP, a.ToNodeP, a.Quantity),
+              std::make_tuple("Out", "In", 20.0f, 10.0f, -5.0f));
+    EXPECT_EQ(std::make_tuple(a.BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), n.S.Row(2).X1),
+              std::make_tuple(bc::ExitAtSurface, 100));
     n.UndoLastStep();
     EXPECT_EQ(n.Network(), before);
 
@@ -431,22 +384,20 @@ TEST(InsertNode, SplitsTheAirwayAtTheClick) {
     n.Click(200, 500);
     ASSERT_EQ(n.S.M.AirwayCount, 2);
     EXPECT_EQ((std::array{n.S.Row(1).X2, n.S.Row(2).X1, n.S.Row(2).X2}), (std::array{200, 200, 500}));
-    EXPECT_EQ(n.S.Row(1).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), bc::EntryAtSurface);
-    EXPECT_EQ(n.S.Row(2).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), bc::ExitAtSurface);
-    EXPECT_EQ(n.Undo.CurrentStep, 2);
+    EXPECT_EQ(std::make_tuple(n.S.Row(1).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface),
+                              n.S.Row(2).BranchCode & (bc::EntryAtSurface | bc::ExitAtSurface), n.Undo.CurrentStep),
+              std::make_tuple(bc::EntryAtSurface, bc::ExitAtSurface, 2));
 }
 
 TEST(EditTool, TheRightButtonTogglesABulkheadAndTheLeftOpensTheEditor) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Show();
+    n.Lines({{100, 500, 500, 500}});
     n.Tool(cmd::Edit);
     n.Click(200, 500, button::Right);
     EXPECT_EQ(n.S.Row(1).ResType, 1);
     EXPECT_NEAR(n.S.Row(1).IconLoc, 0.25 - 0.3, 1e-6);
     n.Click(200, 500, button::Right);
-    EXPECT_EQ(n.S.Row(1).ResType, 0);
-    EXPECT_EQ(n.Undo.CurrentStep, 3);
+    EXPECT_EQ(std::tie(n.S.Row(1).ResType, n.Undo.CurrentStep), std::make_tuple(std::int16_t{0}, std::int16_t{3}));
     n.Click(200, 500);
     n.S.M.Set.EditNoRightClick = 1;
     n.Click(200, 500, button::Right);
@@ -458,8 +409,7 @@ TEST(EditTool, TheRightButtonTogglesABulkheadAndTheLeftOpensTheEditor) {
 
 TEST(FanTool, RefusesFixedAirwaysPlacesAndRemovesFans) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Show();
+    n.Lines({{100, 500, 500, 500}});
     n.Tool(cmd::Fan);
     n.S.Row(1).FanNumber = -1;
     n.Click(200, 500);
@@ -475,18 +425,15 @@ TEST(FanTool, RefusesFixedAirwaysPlacesAndRemovesFans) {
     EXPECT_NEAR(n.S.Row(1).IconLoc, -0.05, 1e-6);
     n.S.Row(1).BranchCode |= bc::FixedDirection;
     n.Click(200, 500, button::Right);
-    EXPECT_EQ(n.S.Row(1).FanNumber, 0);
-    EXPECT_FALSE(n.S.Row(1).Has(bc::FixedDirection));
-    EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1}));
+    EXPECT_EQ(std::tie(n.S.Row(1).FanNumber, n.S.Row(1).BranchCode),
+              std::make_tuple(std::int16_t{0}, bc::Rectangular | bc::InView));
+    EXPECT_EQ(n.Actions(1), n.Actions(2));
     EXPECT_EQ(n.Actions(2), (std::vector<int>{2, 1}));
 }
 
 TEST(Names, NodesAirwaysSelectionsAndFloatingText) {
     Net n;
-    n.Add(100, 500, 500, 500);
-    n.Add(500, 500, 900, 500);
-    n.Add(100, 700, 500, 700);
-    n.Show();
+    n.Lines({{100, 500, 500, 500}, {500, 500, 900, 500}, {100, 700, 500, 700}});
     n.Tool(cmd::Names);
 
     // A node: every end of it takes the name; a comma is refused; the right button clears.
@@ -495,8 +442,7 @@ TEST(Names, NodesAirwaysSelectionsAndFloatingText) {
     EXPECT_EQ(n.S.Ui.Texts("Message"), (std::vector<std::string>{"Commas are not allowed!"}));
     EXPECT_EQ(n.S.Row(1).ExitNode, "");
     n.Click(500, 500);
-    EXPECT_EQ(n.S.Row(1).ExitNode, "Shaft bottom");
-    EXPECT_EQ(n.S.Row(2).EntryNode, "Shaft bottom");
+    EXPECT_EQ(std::tie(n.S.Row(1).ExitNode, n.S.Row(2).EntryNode), std::make_tuple("Shaft bottom", "Shaft bottom"));
     EXPECT_EQ(n.Actions(1), (std::vector<int>{2, 1, 2, 1}));
     n.Click(500, 500, button::Right);
     EXPECT_EQ(n.S.Row(2).EntryNode, "");
@@ -509,9 +455,8 @@ TEST(Names, NodesAirwaysSelectionsAndFloatingText) {
     n.S.Row(3).BranchCode |= bc::Selected;
     n.S.Ui.Inputs = {"Return"};
     n.Click(300, 700);
-    EXPECT_EQ(n.S.Row(1).BranchName, "Return");
-    EXPECT_EQ(n.S.Row(3).BranchName, "Return");
-    EXPECT_EQ(n.S.Row(2).BranchName, "");
+    EXPECT_EQ(std::tie(n.S.Row(1).BranchName, n.S.Row(2).BranchName, n.S.Row(3).BranchName),
+              std::make_tuple("Return", "", "Return"));
 
     // Floating text in empty space, then in a full table.
     n.S.Ui.Inputs = {"Refuge"};
@@ -522,10 +467,10 @@ TEST(Names, NodesAirwaysSelectionsAndFloatingText) {
     n.S.Ui.Inputs = {"More"};
     n.Click(300, 200);
     EXPECT_EQ(n.S.Ui.Texts("Message").back(), "Exceeded 100 text boxes - increase number in defaults");
-    const std::vector<std::string> prompts = n.S.Ui.Texts("Input");
-    EXPECT_EQ(prompts, (std::vector<std::string>{"Enter Name of Node", "Enter Name of Node", "Enter Name of Branch ",
-                                                 "Enter Name of Selected Branch(s) ", "Enter Floating Text",
-                                                 "Enter Floating Text"}));
+    EXPECT_EQ(
+        n.S.Ui.Texts("Input"),
+        (std::vector<std::string>{"Enter Name of Node", "Enter Name of Node", "Enter Name of Branch ",
+                                  "Enter Name of Selected Branch(s) ", "Enter Floating Text", "Enter Floating Text"}));
 }
 
 TEST(LayerInheritance, TogglesWithItsTwoMessages) {
@@ -554,8 +499,8 @@ TEST(Draw, LayersComeFromTheStartAirwayOnlyWithLayerInheritanceAndOffLayersWarn)
         n.Tool(cmd::Draw);
         n.Drag(500, 500, 500, 800);
         ASSERT_EQ(n.S.M.AirwayCount, 2);
-        EXPECT_EQ(n.S.Row(2).PrimaryLayer, inherit ? 4 : 2);
-        EXPECT_EQ(n.S.Row(2).SecondLayer, inherit ? 7 : 3);
+        EXPECT_EQ(std::make_tuple(n.S.Row(2).PrimaryLayer, n.S.Row(2).SecondLayer),
+                  std::make_tuple(inherit ? 4 : 2, inherit ? 7 : 3));
         const std::vector<std::string> warnings{"Primary layer is set to invisible - drawn airway may be invisible",
                                                 "Secondary layer is set to invisible - drawn airway may be invisible"};
         EXPECT_EQ(n.S.Ui.Texts("Message"), inherit ? std::vector<std::string>{} : warnings);
@@ -598,10 +543,7 @@ TEST(UndoRoad, EveryEditComesBackWholeAndGoesAgainByRedo) {
     };
     for (const Case& c : cases) {
         Net n;
-        n.Add(0, 200, 1000, 200);
-        n.Add(0, 800, 1000, 800);
-        n.Add(1000, 200, 1000, 800);
-        n.Show();
+        n.Lines({{0, 200, 1000, 200}, {0, 800, 1000, 800}, {1000, 200, 1000, 800}});
         const std::vector<std::string> before = n.Network();
         c.Edit(n);
         const std::vector<std::string> after = n.Network();
@@ -615,8 +557,7 @@ TEST(UndoRoad, EveryEditComesBackWholeAndGoesAgainByRedo) {
 
 TEST(UndoRoad, ARefusedEditLeavesTheLogAsItWasAndANewEditCutsTheRedoTail) {
     Net n;
-    n.Add(0, 200, 1000, 200);
-    n.Show();
+    n.Lines({{0, 200, 1000, 200}});
     const std::vector<std::string> original = n.Network();
     n.Tool(cmd::Draw);
     n.Drag(300, 400, 600, 400);
@@ -631,8 +572,7 @@ TEST(UndoRoad, ARefusedEditLeavesTheLogAsItWasAndANewEditCutsTheRedoTail) {
     n.S.M.AirwayCount = MaxAirways - 1;
     n.Drag(300, 700, 600, 700);
     n.S.M.AirwayCount = count;
-    EXPECT_EQ(n.Undo.CurrentStep, step);
-    EXPECT_EQ(n.Undo.NextUndoRow, next);
+    EXPECT_EQ(std::make_tuple(n.Undo.CurrentStep, n.Undo.NextUndoRow), std::make_tuple(step, next));
     // Undo twice gives the network of the start; a new edit leaves nothing to redo.
     n.Undo.Undo(n.S.M, n.S.Ui);
     n.Undo.Undo(n.S.M, n.S.Ui);
@@ -640,8 +580,8 @@ TEST(UndoRoad, ARefusedEditLeavesTheLogAsItWasAndANewEditCutsTheRedoTail) {
     n.Show();
     n.Drag(300, 300, 600, 300);
     EXPECT_FALSE(n.Undo.Redo(n.S.M, n.S.Ui));
-    EXPECT_EQ(n.S.Ui.Texts("Message").back(), "No more actions available to redo");
-    EXPECT_EQ(n.S.M.AirwayCount, 2);
+    EXPECT_EQ(std::make_tuple(n.S.Ui.Texts("Message").back(), n.S.M.AirwayCount),
+              std::make_tuple("No more actions available to redo", 2));
 }
 
 // A 3D view turned and tilted, or standing as a vertical section.

@@ -2,6 +2,8 @@
 // shape memo, the touched groups of a multiple selection, its undo entries, its messages.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <cmath>
 
 #include "engineering/resistance.h"
@@ -75,8 +77,7 @@ TEST(AirEdit, ResistanceThroughTheDialogIsTheFormulasForEveryShapeAndUnitSystem)
             area = w / areaUnit;
             perimeter = h / length;
         }
-        EXPECT_EQ(a.WallType, 5);
-        EXPECT_EQ(a.Length, 500.0f);
+        EXPECT_EQ(std::make_tuple(a.WallType, a.Length), std::make_tuple(5, 500.0f));
         const double expected = Atkinson(0.012, area, perimeter, 505, 1.1);
         EXPECT_NEAR(a.Resistance, expected, expected * 2e-6);
         if (c.Shape == 1) {
@@ -92,21 +93,15 @@ TEST(AirEdit, ChangeOfShapeKeepsTheMemoValues) {
     s.Row(row).Height = 4;
     s.Form.Open(row, AirEditSingle);
     auto& f = s.Form.Fields();
-    EXPECT_EQ(f.TxtWidth, "5.0");
-    EXPECT_EQ(f.LblWidth, "Width m");
+    EXPECT_EQ(std::tie(f.TxtWidth, f.LblWidth), std::make_tuple("5.0", "Width m"));
     s.Form.SetControl("TxtWidth", "6");
     s.Form.CmdShape(); // circular: the width box keeps its text, the height box is hidden
-    EXPECT_EQ(f.TxtWidth, "6");
-    EXPECT_FALSE(f.TxtHeightVisible);
-    EXPECT_EQ(f.LblWidth, "Diam m");
+    EXPECT_EQ(std::tie(f.TxtWidth, f.TxtHeightVisible, f.LblWidth), std::make_tuple("6", false, "Diam m"));
     s.Form.CmdShape(); // area and perimeter from the memo
-    EXPECT_EQ(f.TxtWidth, "20.0");
-    EXPECT_EQ(f.TxtHeight, "18.0");
-    EXPECT_EQ(f.LblWidth, "Area m2");
-    EXPECT_EQ(f.LblHeight, "Perim m");
+    EXPECT_EQ(std::tie(f.TxtWidth, f.TxtHeight, f.LblWidth, f.LblHeight),
+              std::make_tuple("20.0", "18.0", "Area m2", "Perim m"));
     s.Form.CmdShape(); // back to the memo's width and height, not the 6 typed
-    EXPECT_EQ(f.TxtWidth, "5.0");
-    EXPECT_EQ(f.TxtHeight, "4.0");
+    EXPECT_EQ(std::tie(f.TxtWidth, f.TxtHeight), std::make_tuple("5.0", "4.0"));
     EXPECT_EQ(s.Memory.ShapeIndex, ShapeRectangular);
 }
 
@@ -137,8 +132,7 @@ TEST(AirEdit, MultipleSelectionTouchingOnlyTheWallWritesOnlyTheWall) {
     s.Form.Ok();
     for (std::int32_t r : {a, b, c}) {
         Airway now = s.Row(r);
-        EXPECT_EQ(now.WallType, CustomPreset);
-        EXPECT_FLOAT_EQ(now.WallFactor, 0.02f);
+        EXPECT_EQ(std::make_tuple(now.WallType, now.WallFactor), std::make_tuple(CustomPreset, 0.02f));
         EXPECT_GT(now.Resistance, before[static_cast<std::size_t>(r)].Resistance);
         // Everything else as it was.
         now.WallType = before[static_cast<std::size_t>(r)].WallType;
@@ -169,9 +163,8 @@ TEST(AirEdit, MultipleSelectionSizesReachOnlyAirwaysOfTheDialogsShapeUnlessTheSh
         s.Form.SetControl("TxtWidth", "7");
         if (shapeTouched) s.Form.Click(AirBox::TxtMultiAir);
         s.Form.Ok();
-        EXPECT_EQ(s.Row(a).Width, 7.0f);
-        EXPECT_EQ(s.Row(b).Width, shapeTouched ? 7.0f : 3.0f);
-        EXPECT_EQ(s.Row(b).Has(bc::Rectangular), shapeTouched);
+        EXPECT_EQ(std::make_tuple(s.Row(a).Width, s.Row(b).Width, s.Row(b).Has(bc::Rectangular)),
+                  std::make_tuple(7.0f, shapeTouched ? 7.0f : 3.0f, shapeTouched));
     }
 }
 
@@ -229,15 +222,11 @@ TEST(AirEdit, FixedPressureWithFixedFlowBecomesTheResistanceOfThatPressureAtThat
     s.Form.SetControl("TxtPres", "500");
     s.Form.Ok();
     const Airway& a = s.Row(row);
-    EXPECT_EQ(a.ResType, CustomPreset);
-    EXPECT_FLOAT_EQ(a.Resistance, 1.25f);
-    EXPECT_EQ(a.FanNumber, 0);
-    EXPECT_FALSE(a.Has(bc::FixedFlow));
-    EXPECT_FLOAT_EQ(a.Pressure, 500.0f);
+    EXPECT_EQ(std::tie(a.ResType, a.Resistance, a.FanNumber, a.BranchCode, a.Pressure),
+              std::make_tuple(CustomPreset, 1.25f, std::int16_t{0}, bc::Rectangular, 500.0f));
     s.Form.Open(row, AirEditSingle);
-    EXPECT_FALSE(s.Form.Fields().CheckFix);
-    EXPECT_FALSE(s.Form.Fields().ChkPress);
-    EXPECT_TRUE(s.Form.Fields().ChkFixRes);
+    const auto& f = s.Form.Fields();
+    EXPECT_EQ(std::tie(f.CheckFix, f.ChkPress, f.ChkFixRes), std::make_tuple(false, false, true));
 }
 
 TEST(AirEdit, FanRules) {
@@ -254,12 +243,10 @@ TEST(AirEdit, FanRules) {
     EXPECT_EQ(s.Form.Fields().TxtCPart, "50");
     s.Form.SetControl("TxtCPart", "150");
     s.Form.Ok();
-    EXPECT_EQ(s.Row(fixedFlow).FanNumber, 3);
-    EXPECT_EQ(s.Row(fixedFlow).NoOfFans, 1);
-    EXPECT_FALSE(s.Row(fixedFlow).Has(bc::FixedFlow));
-    EXPECT_TRUE(s.Row(fixedFlow).Has(bc::FixedDirection));
-    EXPECT_TRUE(s.Row(fixedFlow).Has(bc::FansInSeries));
-    EXPECT_EQ(s.Row(fixedFlow).CurveFraction, 100);
+    const Airway& fan = s.Row(fixedFlow);
+    EXPECT_EQ(std::tie(fan.FanNumber, fan.NoOfFans, fan.BranchCode, fan.CurveFraction),
+              std::make_tuple(std::int16_t{3}, std::int16_t{1}, bc::Rectangular | bc::FixedDirection | bc::FansInSeries,
+                              std::int16_t{100}));
 
     // "None" leaves a fixed pressure marker alone.
     const std::int32_t fixedP = s.Add(100, 0, 0, 200, 0, 0);
@@ -268,8 +255,7 @@ TEST(AirEdit, FanRules) {
     s.Form.Open(fixedP, AirEditSingle);
     s.Form.SetControl("FanCombo2", "None");
     s.Form.Ok();
-    EXPECT_EQ(s.Row(fixedP).FanNumber, -1);
-    EXPECT_FLOAT_EQ(s.Row(fixedP).Pressure, 300.0f);
+    EXPECT_EQ(std::tie(s.Row(fixedP).FanNumber, s.Row(fixedP).Pressure), std::make_tuple(std::int16_t{-1}, 300.0f));
 
     // Fans are refused in an airway that stands for several in parallel.
     const std::int32_t multi = s.Add(200, 0, 0, 300, 0, 0);
@@ -278,8 +264,7 @@ TEST(AirEdit, FanRules) {
     s.Form.SetControl("FanCombo2", "Main fan");
     s.Form.Ok();
     EXPECT_TRUE(s.Ui.Said(FansInMultipleAirways));
-    EXPECT_EQ(s.Row(multi).FanNumber, 0);
-    EXPECT_EQ(s.Row(multi).NoOfFans, 0);
+    EXPECT_EQ(std::tie(s.Row(multi).FanNumber, s.Row(multi).NoOfFans), std::make_tuple(0, 0));
 
     // A fan beyond the database is reported and kept.
     const std::int32_t lost = s.Add(300, 0, 0, 400, 0, 0);
@@ -290,9 +275,8 @@ TEST(AirEdit, FanRules) {
     s.Form.Open(lost, AirEditSingle);
     EXPECT_TRUE(s.Ui.Said(FanNotDetected));
     s.Form.Ok();
-    EXPECT_EQ(s.Row(lost).FanNumber, 9);
-    EXPECT_EQ(s.Row(lost).NoOfFans, 2);
-    EXPECT_EQ(s.Row(lost).CurveFraction, 40);
+    EXPECT_EQ(std::tie(s.Row(lost).FanNumber, s.Row(lost).NoOfFans, s.Row(lost).CurveFraction),
+              std::make_tuple(9, 2, 40));
 }
 
 TEST(AirEdit, RenamingANodeRenamesItOnEveryAirwayThatMeetsThere) {
@@ -305,11 +289,8 @@ TEST(AirEdit, RenamingANodeRenamesItOnEveryAirwayThatMeetsThere) {
     s.Form.Open(a, AirEditSingle);
     s.Form.SetControl("LblTo", "Junction 4");
     s.Form.Ok();
-    EXPECT_EQ(s.Row(a).ExitNode, "Junction 4");
-    EXPECT_EQ(s.Row(b).EntryNode, "Junction 4");
-    EXPECT_EQ(s.Row(c).ExitNode, "Junction 4");
-    EXPECT_EQ(s.Row(d).EntryNode, "");
-    EXPECT_EQ(s.Row(d).ExitNode, "");
+    EXPECT_EQ(std::tie(s.Row(a).ExitNode, s.Row(b).EntryNode, s.Row(c).ExitNode, s.Row(d).EntryNode, s.Row(d).ExitNode),
+              std::make_tuple("Junction 4", "Junction 4", "Junction 4", "", ""));
 }
 
 TEST(AirEdit, CustomValuesAndBadEntries) {
@@ -327,12 +308,8 @@ TEST(AirEdit, CustomValuesAndBadEntries) {
     s.Form.SetControl("TxtMultiAir", "-3"); // no number of parallel airways
     s.Form.Ok();
     const Airway& a = s.Row(row);
-    EXPECT_EQ(a.ResType, 50);
-    EXPECT_FLOAT_EQ(a.Resistance, 0.75f);
-    EXPECT_FLOAT_EQ(a.WallFactor, 0.015f);
-    EXPECT_EQ(a.Width, 4.0f);
-    EXPECT_EQ(a.Height, 0.01f);
-    EXPECT_EQ(a.NoAirways, 1);
+    EXPECT_EQ(std::tie(a.ResType, a.Resistance, a.WallFactor, a.Width, a.Height, a.NoAirways),
+              std::make_tuple(std::int16_t{50}, 0.75f, 0.015f, 4.0f, 0.01f, std::int16_t{1}));
     int errors = 0;
     for (const std::string& t : s.Ui.Texts("Message")) errors += t == DataEntryError;
     EXPECT_EQ(errors, 3);
@@ -391,9 +368,8 @@ TEST(AirEdit, LeavingTheDialogAppliesWithoutABeforeEntryUnlessAChildHoldsIt) {
     ASSERT_TRUE(closed.has_value());
     EXPECT_TRUE(closed->Applied);
     EXPECT_EQ(s.Row(row).Width, 9.0f);
-    EXPECT_EQ(s.Undo.NextUndoRow, 2);
+    EXPECT_EQ(std::tie(s.Undo.NextUndoRow, s.Undo.CurrentStep), std::make_tuple(2, 2));
     EXPECT_EQ(s.Undo.UndoIndex[1].UndoAction, files::undo::After);
-    EXPECT_EQ(s.Undo.CurrentStep, 2);
 }
 
 TEST(AirEdit, RecalcThenOkLogsOneBeforeEntryAndCancelOnlyRedrawsWithoutTheBuffer) {
@@ -424,10 +400,9 @@ TEST(AirEdit, ShockTotalAndChangeOfTypeMoveTheIcon) {
     EXPECT_EQ(s.Form.Fields().TxtShock, "66");
     s.Form.SetControl("ResCombo", "2"); // "Steel Door"
     s.Form.Ok();
-    EXPECT_EQ(s.Row(row).ShockType, CustomPreset);
-    EXPECT_FLOAT_EQ(s.Row(row).ShockFactor, 66.0f);
-    EXPECT_EQ(s.Row(row).ResType, 2);
-    EXPECT_FLOAT_EQ(s.Row(row).IconLoc, 0.5f);
+    const Airway& a = s.Row(row);
+    EXPECT_EQ(std::tie(a.ShockType, a.ShockFactor, a.ResType, a.IconLoc),
+              std::make_tuple(CustomPreset, 66.0f, std::int16_t{2}, 0.5f));
 }
 
 TEST(AirEdit, AirwayGoneBeforeTheApplyIsSaidAndNothingIsWritten) {
@@ -438,8 +413,7 @@ TEST(AirEdit, AirwayGoneBeforeTheApplyIsSaidAndNothingIsWritten) {
     s.Form.SetControl("TxtWidth", "9");
     std::swap(s.Row(a), s.Row(b)); // a run sorted the rows: the airway is found again
     s.Form.Ok();
-    EXPECT_EQ(s.Row(a).Width, 9.0f);
-    EXPECT_EQ(s.Row(b).Width, 4.0f);
+    EXPECT_EQ(std::tie(s.Row(a).Width, s.Row(b).Width), std::make_tuple(9.0f, 4.0f));
     s.Form.Open(a, AirEditSingle);
     ClearAirwayRow(s.M, a);
     s.Form.Ok();

@@ -1,14 +1,20 @@
 // The airway information card against hand-worked values: a plain drive, a fixed-flow airway
-// and a fan airway, and the fan graph drawn with the operating point the run stored.
+// and a fan airway, and the fan graph drawn with the operating point the run stored; and the
+// texts of the network summary before and after a run.
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include <cmath>
 
 #include "display/recording_surface.h"
 #include "engineering/resistance.h"
+#include "files/network_load.h"
 #include "forms/air_info.h"
+#include "forms/summary_form.h"
 #include "forms_support.h"
 #include "model/number_format.h"
+#include "simulate/run.h"
 
 namespace karvane::forms {
 namespace {
@@ -80,8 +86,7 @@ TEST(AirInfo, PlainDriveRowsMatchHandWorkedValues) {
         "57.6 Pa  @  117 kg", // |60 - 2.43|, x 20 / 9.81
     };
     for (std::size_t i = 0; i < values.size(); ++i) EXPECT_EQ(c.Rows[i].Value, values[i]) << c.Rows[i].Caption;
-    EXPECT_EQ(c.LblCoord, "X 0  Y 0  Z -100 m");
-    EXPECT_EQ(c.LblCoord2, "X 100  Y 0  Z -100 m");
+    EXPECT_EQ(std::make_tuple(c.LblCoord, c.LblCoord2), std::make_tuple("X 0  Y 0  Z -100 m", "X 100  Y 0  Z -100 m"));
 }
 
 TEST(AirInfo, FixedFlowAirwayRows) {
@@ -94,18 +99,15 @@ TEST(AirInfo, FixedFlowAirwayRows) {
     EXPECT_EQ(c.LblAirName, "Fixed Quantity Airway 7 x 2");
     ASSERT_EQ(c.Rows.size(), 16u);
     EXPECT_EQ(c.Rows[3].Value, "30.0 m3/s @ 0.8 m/s"); // per airway of the two: 30 / 20 / 2
-    EXPECT_EQ(c.Rows[13].Caption, "Fixed Q Pres");
-    EXPECT_EQ(c.Rows[13].Value, "150.0 Pa");
-    EXPECT_EQ(c.Rows[14].Caption, "Fixed Q Power");
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Caption, c.Rows[13].Value, c.Rows[14].Caption),
+              std::make_tuple("Fixed Q Pres", "150.0 Pa", "Fixed Q Power"));
     // 30 x 150 / 1000 / 0.8 = 5.625 kW, x 0.08 x 8760 = $3,942 a year
-    EXPECT_EQ(c.Rows[14].Value, "6 kW @ $3,942/yr");
-    EXPECT_EQ(c.Rows[15].Caption, "Required Res");
-    EXPECT_EQ(c.Rows[15].Value, "Infinite");
+    EXPECT_EQ(std::make_tuple(c.Rows[14].Value, c.Rows[15].Caption, c.Rows[15].Value),
+              std::make_tuple("6 kW @ $3,942/yr", "Required Res", "Infinite"));
 
     s.Row_().Pressure = -90; // the airway must take pressure away: it needs a regulator
     c = s.Card();
-    EXPECT_EQ(c.Rows[13].Value, "-90.0 Pa");
-    EXPECT_EQ(c.Rows[14].Value, "n/a");
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Value, c.Rows[14].Value), std::make_tuple("-90.0 Pa", "n/a"));
     EXPECT_EQ(c.Rows[15].Value, "0.10000 Ns2/m8"); // 90 / 30^2
 }
 
@@ -122,15 +124,13 @@ TEST(AirInfo, FanAirwayRowsAndGraph) {
     EXPECT_EQ(c.LblFanName, "Main fan x 2 in parallel");
     ASSERT_EQ(c.Rows.size(), 16u);
     // Outlet area 2 x pi x 2^2 / 4, velocity pressure (100 / 6.2832)^2 x 0.6 = 151.98 Pa.
-    EXPECT_EQ(c.Rows[13].Caption, "Fan Pressures");
-    EXPECT_EQ(c.Rows[13].Value, "+ Static 750.0 Pa  Total 902.0 Pa");
-    EXPECT_EQ(c.LblDutyP, c.Rows[13].Value);
-    EXPECT_EQ(c.LblDutyQ, "100.0 m3/s");
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Caption, c.Rows[13].Value, c.LblDutyP, c.LblDutyQ),
+              std::make_tuple("Fan Pressures", "+ Static 750.0 Pa  Total 902.0 Pa", c.Rows[13].Value, "100.0 m3/s"));
     // Efficiency at 50 m3/s a fan: 80 %. 100 x 901.98 / 1000 / 0.8 = 112.7 kW.
     EXPECT_EQ(c.Rows[14].Caption, "Fan Power");
     const double kw = 100 * (750 + std::pow(100 / (2 * 3.141592654), 2) * 0.6) / 1000 / 0.8;
-    EXPECT_EQ(c.Rows[14].Value, "113 kW @ " + FormatNumber(kw * 0.08f * 8760, "$#,##0") + "/yr");
-    EXPECT_EQ(c.Rows[15].Value, "80 %");
+    EXPECT_EQ(std::make_tuple(c.Rows[14].Value, c.Rows[15].Value),
+              std::make_tuple("113 kW @ " + FormatNumber(kw * 0.08f * 8760, "$#,##0") + "/yr", "80 %"));
 
     const FanGraph& g = c.Graph;
     ASSERT_TRUE(g.Drawn);
@@ -152,8 +152,7 @@ TEST(AirInfo, FanAirwayRowsAndGraph) {
     EXPECT_NE(surface.FindText("180.0 m3/s"), nullptr);
     // The read-out under the mouse.
     const GraphReadout r = ReadFanGraph(s.M, g, 500, 400, '.');
-    EXPECT_EQ(r.LblQ, "90.0 m3/s");
-    EXPECT_EQ(r.LblP, "600.0 Pa");
+    EXPECT_EQ(std::make_tuple(r.LblQ, r.LblP), std::make_tuple("90.0 m3/s", "600.0 Pa"));
 }
 
 TEST(AirInfo, StalledAndNegatedFansAndSeriesScaling) {
@@ -164,17 +163,15 @@ TEST(AirInfo, StalledAndNegatedFansAndSeriesScaling) {
     a.BranchCode |= bc::FansInSeries;
     a.Pressure = StalledFanPressure;
     AirInfoCard c = s.Card();
-    EXPECT_EQ(c.Rows[13].Value, "Stalled +3000.0 Pa");
-    EXPECT_EQ(c.Rows[14].Value, "n/a");
-    EXPECT_EQ(c.Graph.PointY, 0.0f);
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Value, c.Rows[14].Value, c.Graph.PointY),
+              std::make_tuple("Stalled +3000.0 Pa", "n/a", 0.0f));
     EXPECT_DOUBLE_EQ(c.Graph.PressMult, 3);
     EXPECT_DOUBLE_EQ(c.Graph.PressScale, 3.0);
     EXPECT_EQ(c.LblFanName, "Main fan x 3 in series");
     a.Pressure = NegatedFanPressure;
     c = s.Card();
-    EXPECT_EQ(c.Rows[13].Value, "Negated");
-    EXPECT_EQ(c.Rows[14].Value, "n/a");
-    EXPECT_EQ(c.Graph.PointY, 1000.0f);
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Value, c.Rows[14].Value, c.Graph.PointY),
+              std::make_tuple("Negated", "n/a", 1000.0f));
 }
 
 TEST(AirInfo, BlankCurvesFixedPressureAndMissingRows) {
@@ -196,13 +193,44 @@ TEST(AirInfo, BlankCurvesFixedPressureAndMissingRows) {
     c = s.Card();
     EXPECT_EQ(c.LblAirName, "Fixed Pressure Airway 7");
     ASSERT_EQ(c.Rows.size(), 15u);
-    EXPECT_EQ(c.Rows[13].Caption, "Fix Pressure");
-    EXPECT_EQ(c.Rows[14].Caption, "Fixed P Power");
+    EXPECT_EQ(std::make_tuple(c.Rows[13].Caption, c.Rows[14].Caption),
+              std::make_tuple("Fix Pressure", "Fixed P Power"));
     // A zero area leaves the velocity out; a row beyond the network gives an empty card.
     a.Width = 0;
     c = s.Card();
     EXPECT_EQ(c.Rows[3].Value, "30.0 m3/s");
     EXPECT_EQ(FillAirInfo(s.M, 5, '.').Row, 0);
+}
+
+TEST(Summary, AFreshNetworkKeepsTheFiguresItCannotWorkOutAndARunFillsThem) {
+    FormScene s;
+    s.M.FileName = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
+    ASSERT_TRUE(files::LoadNetwork(s.M, s.Ui));
+    // As a network that was never simulated: no flow anywhere.
+    for (std::int32_t r = 1; r <= s.M.AirwayCount; ++r) s.Row(r).Quantity = 0;
+    SummaryTexts t = FillSummary(s.M, '.');
+    EXPECT_EQ(t.LblNA, std::to_string(s.M.AirwayCount));
+    EXPECT_EQ(t.LblEff, SummaryNoFigure); // no input power before a run
+    EXPECT_EQ(t.LblResist, SummaryNoFigure);
+    EXPECT_EQ(t.LblAF, "0.0 m3/s"); // the flow class shows one decimal
+    EXPECT_EQ(t.LblCost, "$0");
+    EXPECT_NE(t.LblNF, "0");
+
+    simulate::RunAirflow(s.M, s.Ui);
+    ASSERT_EQ(s.M.SimValid, -1);
+    t = FillSummary(s.M, '.');
+    EXPECT_NE(t.LblAF, "0.0 m3/s");
+    EXPECT_TRUE(t.LblEff.ends_with(" %") || t.LblEff.ends_with("%")) << t.LblEff;
+    EXPECT_NE(t.LblResist, SummaryNoFigure);
+    EXPECT_TRUE(t.LblCost.starts_with("$")) << t.LblCost;
+    EXPECT_NE(t.LblCost, "$0");
+    EXPECT_TRUE(t.LblLA.ends_with(" m")) << t.LblLA;
+
+    // British units change the units of the labels, not the counts.
+    s.M.Set.UnitSys = 2;
+    const SummaryTexts british = FillSummary(s.M, '.');
+    EXPECT_NE(british.LblAF, t.LblAF);
+    EXPECT_EQ(std::make_tuple(british.LblNA, british.LblCost), std::make_tuple(t.LblNA, t.LblCost));
 }
 
 } // namespace

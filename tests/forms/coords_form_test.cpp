@@ -2,6 +2,8 @@
 // conversion of the typed values on OK.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "forms/coords_form.h"
 #include "model/builtin_settings.h"
 #include "model/units.h"
@@ -92,8 +94,7 @@ TEST(CoordsForm, OpensWithThePointInTheLengthUnitAndTheLevelsOffered) {
     request.Y = -50;
     request.Z = 490;
     CoordsFields f = OpenCoordsForm(r.M, request);
-    EXPECT_EQ(f.TxtX, "328.084");
-    EXPECT_EQ(f.TxtdX, "0");
+    EXPECT_EQ(std::make_tuple(f.TxtX, f.TxtdX), std::make_tuple("328.084", "0"));
     EXPECT_FALSE(f.CopyVisible);
     EXPECT_EQ(f.LevelNames, (std::vector<std::string>{"SURFACE", "U/Ground"}));
     // The level list sets TxtZ to the middle of the level, and OK sets the level shown.

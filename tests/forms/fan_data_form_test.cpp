@@ -1,9 +1,15 @@
 // The fan database editor: the table read into the database, the blank flags, names, the
-// estimates, paste, efficiencies, the closing roads and the graph.
+// estimates, paste, efficiencies, the closing roads and the graph; the fan tool's dialog and the
+// shock calculator's total in both unit systems.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "display/recording_surface.h"
+#include "forms/air_edit.h"
 #include "forms/fan_data_form.h"
+#include "forms/fan_edit.h"
+#include "forms/shock_form.h"
 #include "forms_support.h"
 #include "model/units.h"
 
@@ -53,8 +59,7 @@ TEST(FanDataForm, FillingSetsTheBlankFlagsAndTheColumns) {
     TypeFanName(s.M, s.F, "Axial, 2 stage");
     EXPECT_EQ(f.FanName, "Axial 2 stage");
     EnterOutDiam(s.M, s.F, "");
-    EXPECT_EQ(f.FanDiam, 0);
-    EXPECT_EQ(s.M.FansSaved, No0);
+    EXPECT_EQ(std::make_tuple(f.FanDiam, s.M.FansSaved), std::make_tuple(0, No0));
 }
 
 TEST(FanDataForm, APastedManufacturersTableReadsExactly) {
@@ -63,12 +68,8 @@ TEST(FanDataForm, APastedManufacturersTableReadsExactly) {
                               "2050\t2525.5\t80.75\t80\r\n1400\t1990\t101\t74\r\n";
     ASSERT_TRUE(PasteFanTable(s.M, s.F, table, {1, fancol::Static}, 1, s.Ui));
     const FanRecord& f = s.Fan();
-    EXPECT_EQ(f.FanPStatic[2], 2980.0f);
-    EXPECT_EQ(f.FanPTotal[4], 2525.5f);
-    EXPECT_EQ(f.FanQ[2], 40.25f);
-    EXPECT_EQ(f.FanQ[5], 101.0f);
-    EXPECT_EQ(f.FanEff[3], 78);
-    EXPECT_EQ(f.FanQ[10], 101.0f);
+    EXPECT_EQ(std::make_tuple(f.FanPStatic[2], f.FanPTotal[4], f.FanQ[2], f.FanQ[5], f.FanEff[3], f.FanQ[10]),
+              std::make_tuple(2980.0f, 2525.5f, 40.25f, 101.0f, 78, 101.0f));
     EXPECT_EQ(CopyFanTable(s.F, 1, 1, 2, 4), "3150\t3400\t20.5\t62\r\n2980\t3290\t40.25\t71\r\n");
 
     // Too many columns, or text in a number cell: refused whole, the database as it was.
@@ -77,8 +78,7 @@ TEST(FanDataForm, APastedManufacturersTableReadsExactly) {
     EXPECT_FALSE(PasteFanTable(s.M, s.F, "100\tabc\r\n", {6, fancol::Static}, 6, s.Ui));
     EXPECT_EQ(s.Ui.Texts("Message"),
               (std::vector<std::string>(2, "An error has occured while attempting to paste data")));
-    EXPECT_EQ(f.FanPStatic, before.FanPStatic);
-    EXPECT_EQ(s.F.Cells[6][fancol::Static], "");
+    EXPECT_EQ(std::make_tuple(f.FanPStatic, s.F.Cells[6][fancol::Static]), std::make_tuple(before.FanPStatic, ""));
     // A bad cell typed in says so and leaves the database alone.
     SetFanCell(s.M, s.F, 2, fancol::Flow, "x4", s.Ui);
     EXPECT_TRUE(s.Ui.Said("An error has occured - probably in data entry"));
@@ -140,24 +140,6 @@ TEST(FanDataForm, EfficienciesEstimatesAndTheClosingRoads) {
     EXPECT_EQ(s.F.TxtFanName, "-none-");
 }
 
-TEST(FanDataForm, EachEstimateAsksInItsOwnWords) {
-    FanScene s;
-    s.Ui.DefaultAnswer = ui::Answer::Cancel;
-    EstimateStatic(s.M, s.F, false, s.Ui);
-    EstimateStatic(s.M, s.F, true, s.Ui);
-    EstimateTotal(s.M, s.F, false, s.Ui);
-    EstimateTotal(s.M, s.F, true, s.Ui);
-    ASSERT_EQ(s.Ui.Transcript.size(), 4u);
-    const char* titles[4] = {"Estimate static curve", "Estimate static curves", "Estimate total curve",
-                             "Estimate total curves"};
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(s.Ui.Transcript[static_cast<std::size_t>(i)].Title, titles[i]);
-    EXPECT_EQ(s.Ui.Transcript[1].Text,
-              "Karvane will attempt to calculate a static fan curve for all fans based on "
-              "the total curves and fan diameters. This may not represent the true fan curves.");
-    EXPECT_EQ(s.Ui.Transcript[2].Text, "Karvane will attempt to calculate a total fan curve based on the static curve "
-                                       "and fan diameter. This may not represent the true fan curve.");
-}
-
 TEST(FanDataForm, TheGraphDrawsBothCurvesAndItsCaptions) {
     FanScene s;
     FanRecord& f = s.Fan();
@@ -179,6 +161,87 @@ TEST(FanDataForm, TheGraphDrawsBothCurvesAndItsCaptions) {
     display::RecordingSurface empty(400, 400);
     DrawFanGraph(s.M, s.M.Fans[2], empty, '.');
     EXPECT_TRUE(empty.Of(display::OpKind::Line).empty());
+}
+
+TEST(ShockForm, CountsTicksAndTheTotalInDisplayUnits) {
+    FormScene s;
+    ShockForm form(s.M, '.');
+    EXPECT_EQ(form.Fields().LblShockTotal, "0");
+    form.Fields().LblNumS[1] = "3"; // a count on an unticked row adds nothing
+    form.Update();
+    EXPECT_EQ(form.Total(), 0.0f);
+    form.SetCount(1, "3"); // typing it ticks the row: 3 x 45 m
+    EXPECT_TRUE(form.Fields().ChkShockType[1]);
+    EXPECT_EQ(form.Total(), 135.0f);
+    form.Tick(19, true); // "Discharge": count 0 becomes 1
+    EXPECT_EQ(std::make_tuple(form.Fields().LblNumS[19], form.Fields().LblShockTotal), std::make_tuple("1", "155"));
+    form.Tick(1, false);
+    EXPECT_EQ(form.Fields().LblNumS[1], "0");
+    EXPECT_FLOAT_EQ(form.Ok(), 20.0f);
+    EXPECT_FLOAT_EQ(form.Cancel(), 0.0f);
+
+    // In British units a row enters as the text of its converted length at one decimal place:
+    // 45 m is 147.6 ft, 1 m is 3.3 ft.
+    s.M.Set.UnitSys = 2;
+    ShockForm british(s.M, '.');
+    british.SetCount(1, "2");
+    british.SetCount(0, "1");
+    EXPECT_FLOAT_EQ(british.Total(), static_cast<float>(2 * 147.6 + 3.3));
+    EXPECT_EQ(british.Fields().LblShockTotal, "299"); // 298.5, half away from zero
+}
+
+struct FanEditScene : FormScene {
+    FanEditForm Form{M, Ui};
+    FanEditScene() {
+        M.Fans[2].FanName = "Booster";
+        M.Fans[5].FanName = "Main";
+    }
+};
+
+TEST(FanEdit, PutsADatabaseFanOnAnAirway) {
+    FanEditScene s;
+    const std::int32_t row = s.Add(0, 0, 0, 100, 0, 0);
+    s.M.Set.DefaultCurvePct = 0;
+    ASSERT_TRUE(s.Form.Open(row));
+    EXPECT_EQ(s.Form.Fields().FanCombo2[1].Text, "  2: Booster");
+    s.Form.SetControl("FanCombo2", "Main");
+    EXPECT_EQ(s.Form.Fields().TxtFanN, "1");
+    s.Form.SetControl("OptCurveType", "2"); // combo: 50, which becomes the default
+    EXPECT_EQ(std::make_tuple(s.Form.Fields().TxtVPart, s.M.Set.DefaultCurvePct), std::make_tuple("50", 50));
+    s.Form.SetControl("TxtFanN", "3");
+    s.Form.SetControl("OptSer2", "1");
+    s.Form.Ok();
+    const Airway& a = s.Row(row);
+    EXPECT_EQ(std::make_tuple(a.FanNumber, a.NoOfFans, a.CurveFraction), std::make_tuple(5, 3, 50));
+    EXPECT_TRUE(a.Has(bc::FixedDirection));
+    EXPECT_TRUE(a.Has(bc::FansInSeries));
+
+    // The count 0 takes the fan off; a fixed pressure marker stays.
+    s.Form.Open(row);
+    EXPECT_EQ(s.Form.Fields().OptCurveType, 2);
+    s.Form.SetControl("TxtFanN", "0");
+    s.Form.Ok();
+    EXPECT_EQ(std::make_tuple(s.Row(row).FanNumber, s.Row(row).NoOfFans), std::make_tuple(0, 0));
+    s.Row(row).FanNumber = -1;
+    s.Form.Open(row);
+    s.Form.Ok();
+    EXPECT_EQ(s.Row(row).FanNumber, -1);
+}
+
+TEST(FanEdit, FanBeyondTheDatabaseIsSaidAndKept) {
+    FanEditScene s;
+    const std::int32_t row = s.Add(0, 0, 0, 100, 0, 0);
+    s.Row(row).FanNumber = 7; // no name in the database
+    s.Row(row).NoOfFans = 2;
+    s.Form.Open(row);
+    EXPECT_TRUE(s.Ui.Said(FanNotDetected));
+    s.Form.Ok();
+    EXPECT_EQ(std::make_tuple(s.Row(row).FanNumber, s.Row(row).NoOfFans), std::make_tuple(7, 2));
+    s.Row(row).FanNumber = 30000;
+    s.Form.Open(row);
+    s.Form.SetControl("TxtFanN", "99"); // held at 10
+    EXPECT_EQ(std::make_tuple(s.Form.Fields().TxtFanN, s.Form.Fields().VSF), std::make_tuple("10", 0));
+    EXPECT_FALSE(s.Form.Open(0));
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 // the recovery offer, the questions at the end, and the title note.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <filesystem>
 
 #include "files/network_file.h"
@@ -43,8 +45,7 @@ TEST(SaveAs, CancelPutsTheNameBackAndAChoiceSavesUnderIt) {
     EXPECT_EQ(s.M.FileName, target);
     EXPECT_FALSE(s.M.MasterFile);
     EXPECT_TRUE(std::filesystem::exists(target));
-    EXPECT_EQ(s.M.NetworkSaved, Yes255);
-    EXPECT_EQ(s.M.RecentFiles[1], target);
+    EXPECT_EQ(std::make_tuple(s.M.NetworkSaved, s.M.RecentFiles[1]), std::make_tuple(Yes255, target));
     EXPECT_TRUE(s.Host.Called("BeforeSave"));
 
     // An empty choice is refused with its message.
@@ -65,8 +66,7 @@ TEST(Save, AMasterFileOrANetworkWithoutANameGoesBySaveAs) {
     s.M.MasterFile = true;
     s.Ui.FilePaths.push_back(std::nullopt);
     EXPECT_FALSE(SaveCommand(s.M, s.Ui, s.Host));
-    EXPECT_EQ(s.Ui.Texts("Save").size(), 2u);
-    EXPECT_EQ(s.M.FileName, s.Temp.File("master.smm"));
+    EXPECT_EQ(std::make_tuple(s.Ui.Texts("Save").size(), s.M.FileName), std::make_tuple(2u, s.Temp.File("master.smm")));
 
     s.M.FileName = s.Temp.File("plain.sim");
     s.M.MasterFile = false;
@@ -91,10 +91,8 @@ TEST(NewNetwork, AsksOnlyWhenSomethingWouldBeLost) {
 
     s.Ui.Answers.push_back(ui::Answer::OK);
     EXPECT_TRUE(NewNetworkCommand(s.M, s.Ui, s.Host));
-    EXPECT_EQ(s.M.AirwayCount, 0);
-    EXPECT_EQ(s.M.FileName, "");
-    EXPECT_EQ(s.M.Levels[1].RLName, "SURFACE");
-    EXPECT_EQ(s.M.Levels[2].RLName, "U/Ground");
+    EXPECT_EQ(std::make_tuple(s.M.AirwayCount, s.M.FileName, s.M.Levels[1].RLName, s.M.Levels[2].RLName),
+              std::make_tuple(0, "", "SURFACE", "U/Ground"));
 }
 
 TEST(Open, AnUnsavedNetworkIsOfferedForSavingFirst) {
@@ -111,8 +109,7 @@ TEST(Open, AnUnsavedNetworkIsOfferedForSavingFirst) {
     s.Ui.FilePaths.push_back(kDemo);
     EXPECT_TRUE(OpenCommand(s.M, s.Ui, s.Host));
     EXPECT_GT(s.M.AirwayCount, 100);
-    EXPECT_EQ(s.M.FileName, kDemo);
-    EXPECT_EQ(s.M.RecentFiles[1], kDemo);
+    EXPECT_EQ(std::make_tuple(s.M.FileName, s.M.RecentFiles[1]), std::make_tuple(kDemo, kDemo));
     EXPECT_TRUE(s.Host.Called("AfterLoad"));
     EXPECT_EQ(s.M.NetworkSaved, Yes255);
 }
@@ -123,8 +120,7 @@ TEST(RecentFiles, AnEmptyEntryDoesNothingAndAnEntryLoads) {
     EXPECT_TRUE(s.Host.Calls.empty());
     s.M.RecentFiles[3] = kDemo;
     EXPECT_TRUE(RecentFileCommand(s.M, s.Ui, s.Host, 3));
-    EXPECT_EQ(s.M.FileName, kDemo);
-    EXPECT_EQ(s.M.RecentFiles[1], kDemo);
+    EXPECT_EQ(std::make_tuple(s.M.FileName, s.M.RecentFiles[1]), std::make_tuple(kDemo, kDemo));
 }
 
 TEST(Recovery, TheAutosaveCopyIsOfferedAndLoadsWithoutAName) {
@@ -136,9 +132,9 @@ TEST(Recovery, TheAutosaveCopyIsOfferedAndLoadsWithoutAName) {
     s.M.FileName = "/mines/north.sim";
     s.Ui.Answers.push_back(ui::Answer::No);
     EXPECT_FALSE(OfferRecovery(s.M, s.Ui, s.Host));
-    EXPECT_EQ(s.Ui.Transcript.back().Title, "Auto save recovery");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "An autosaved recovery file exists - do you wish to load this file");
-    EXPECT_EQ(s.M.AirwayCount, 0);
+    EXPECT_EQ(
+        std::make_tuple(s.Ui.Transcript.back().Title, s.Ui.Transcript.back().Text, s.M.AirwayCount),
+        std::make_tuple("Auto save recovery", "An autosaved recovery file exists - do you wish to load this file", 0));
 
     s.Ui.Answers.push_back(ui::Answer::Yes);
     EXPECT_TRUE(OfferRecovery(s.M, s.Ui, s.Host));

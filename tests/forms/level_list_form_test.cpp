@@ -2,6 +2,8 @@
 // level filter after saving.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "display/display_list.h"
 #include "display/view_state.h"
 #include "forms/level_list_form.h"
@@ -43,12 +45,8 @@ TEST(LevelListForm, SavingRepairsLimitsSwapsBoundsAndWarnsOfTheSurfaceBand) {
     form.SetCell(3, rlcol::High, "960"); // reaches into the surface band: warned, kept
     ASSERT_TRUE(form.PressButton("RLOK"));
     EXPECT_TRUE(form.Closed());
-    EXPECT_EQ(s.L(2).RLMax, 200);
-    EXPECT_EQ(s.L(2).RLMin, 100);
-    EXPECT_EQ(s.L(4).RLMax, 0);
-    EXPECT_EQ(s.L(4).RLMin, 0);
-    EXPECT_EQ(s.L(5).RLMax, 9999999);
-    EXPECT_EQ(s.L(5).RLMin, -9999999);
+    EXPECT_EQ(std::make_tuple(s.L(2).RLMax, s.L(2).RLMin, s.L(4).RLMax, s.L(4).RLMin, s.L(5).RLMax, s.L(5).RLMin),
+              std::make_tuple(200, 100, 0, 0, 9999999, -9999999));
     EXPECT_EQ(s.L(3).RLMax, 960);
     EXPECT_EQ(
         s.Ui.Texts("Message"),
@@ -76,20 +74,18 @@ TEST(LevelListForm, DeletingWholeRowsClosesTheGapAndCancelAsks) {
     s.M.Levels[4] = {"Fourth", 500, 400};
     LevelListFields f = FillLevelList(s.M, '.');
     DeleteLevelCells(f, 2, rlcol::Name, 3, rlcol::Low);
-    EXPECT_EQ(f.Cells[2][rlcol::Name], "Fourth");
-    EXPECT_EQ(f.Cells[3][rlcol::Name], "");
+    EXPECT_EQ(std::make_tuple(f.Cells[2][rlcol::Name], f.Cells[3][rlcol::Name]), std::make_tuple("Fourth", ""));
     // Part of a row only empties the cells.
     DeleteLevelCells(f, 1, rlcol::High, 1, rlcol::High);
-    EXPECT_EQ(f.Cells[1][rlcol::Name], "SURFACE");
-    EXPECT_EQ(f.Cells[1][rlcol::High], "");
+    EXPECT_EQ(std::make_tuple(f.Cells[1][rlcol::Name], f.Cells[1][rlcol::High]), std::make_tuple("SURFACE", ""));
 
     // Cancel with No keeps the level list as it was.
     LevelListForm form(s.M, s.Ds, s.Ui);
     form.SetCell(2, rlcol::Name, "Renamed");
     s.Ui.Answers = {ui::Answer::No};
     form.PressButton("RLCancel");
-    EXPECT_EQ(s.L(2).RLName, "Upper");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "Save spreadsheet changes to network ?");
+    EXPECT_EQ(std::make_tuple(s.L(2).RLName, s.Ui.Transcript.back().Text),
+              std::make_tuple("Upper", "Save spreadsheet changes to network ?"));
     EXPECT_FALSE(form.Saved());
     // Paste reaches the three data columns only.
     PasteLevelTable(f, "A\t10\t5\t99\r\nB\t4\t2\r\n", {5, rlcol::Name}, 5);

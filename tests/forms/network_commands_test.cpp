@@ -27,11 +27,9 @@ TEST(AutoName, NamesUseNumbersOnlyForAirwaysWithoutANameAndCancelChangesNothing)
     s.Ui.Answers.push_back(ui::Answer::OK);
     s.Ui.Inputs.push_back(std::string("B"));
     EXPECT_TRUE(AutoNameAirways(s.M, s.Ui));
-    EXPECT_EQ(s.Row(1).BranchName, "B1");
-    EXPECT_EQ(s.Row(2).BranchName, "Main Drive");
-    EXPECT_EQ(s.Row(3).BranchName, "B2");
-    EXPECT_EQ(s.Row(5).BranchName, "B3");
-    EXPECT_EQ(s.Ui.Transcript[0].Title, "Auto name");
+    EXPECT_EQ(std::make_tuple(s.Row(1).BranchName, s.Row(2).BranchName, s.Row(3).BranchName, s.Row(5).BranchName,
+                              s.Ui.Transcript[0].Title),
+              std::make_tuple("B1", "Main Drive", "B2", "B3", "Auto name"));
 
     // An empty prefix gives names of digits alone.
     s.Row(1).BranchName.clear();
@@ -59,11 +57,9 @@ TEST(AutoName, NodesAreNamedByTheirExitEndsAndTheNameGoesRound) {
     EXPECT_EQ(s.Row(1).ExitNode, "N1");
     EXPECT_EQ(s.Row(4).ExitNode, "N1");  // same node
     EXPECT_EQ(s.Row(2).EntryNode, "N1"); // leaves that node
-    EXPECT_EQ(s.Row(3).EntryNode, "Station");
-    EXPECT_EQ(s.Row(3).ExitNode, "N2");
+    EXPECT_EQ(std::make_tuple(s.Row(3).EntryNode, s.Row(3).ExitNode), std::make_tuple("Station", "N2"));
     // A node at which airways only begin stays unnamed.
-    EXPECT_EQ(s.Row(1).EntryNode, "");
-    EXPECT_EQ(s.Row(4).EntryNode, "");
+    EXPECT_EQ(std::make_tuple(s.Row(1).EntryNode, s.Row(4).EntryNode), std::make_tuple("", ""));
 }
 
 TEST(FlowLabels, PreserveRefreshesItsOwnLabelsAndRemoveTakesOnlyWholeLabels) {
@@ -78,8 +74,7 @@ TEST(FlowLabels, PreserveRefreshesItsOwnLabelsAndRemoveTakesOnlyWholeLabels) {
     EXPECT_EQ(s.Ui.Transcript[0].Text,
               "This routine will automatically copy existing airflows to branch names do not have a pre-exiting text "
               "name.\nAre you sure you want to procede ?");
-    EXPECT_EQ(s.Row(1).BranchName, "(12.3)");
-    EXPECT_EQ(s.Row(2).BranchName, "Intake");
+    EXPECT_EQ(std::make_tuple(s.Row(1).BranchName, s.Row(2).BranchName), std::make_tuple("(12.3)", "Intake"));
     EXPECT_EQ(s.Row(3).BranchName, "(0.0)"); // a name that begins with "(" counts as a label
     EXPECT_EQ(s.Row(4).BranchName, "(-4.0)");
     s.Row(1).Quantity = 20;
@@ -89,9 +84,8 @@ TEST(FlowLabels, PreserveRefreshesItsOwnLabelsAndRemoveTakesOnlyWholeLabels) {
 
     s.Row(3).BranchName = "(old";
     RemoveFlowLabels(s.M);
-    EXPECT_EQ(s.Row(1).BranchName, "");
-    EXPECT_EQ(s.Row(2).BranchName, "Intake");
-    EXPECT_EQ(s.Row(3).BranchName, "(old");
+    EXPECT_EQ(std::make_tuple(s.Row(1).BranchName, s.Row(2).BranchName, s.Row(3).BranchName),
+              std::make_tuple("", "Intake", "(old"));
 }
 
 TEST(Lengths, FixAndUnfixSetTheBitOnEveryAirway) {
@@ -119,27 +113,17 @@ TEST(Axes, EachSwapDoneTwiceRestoresCoordinatesAndSigns) {
     s.M.SgnY = -1;
     s.Ui.DefaultAnswer = ui::Answer::OK;
     EXPECT_TRUE(SwapXYAxis(s.M, s.Ui));
-    EXPECT_EQ(s.Row(1).X1, 2);
-    EXPECT_EQ(s.Row(1).Y2, 4);
-    EXPECT_EQ(s.M.SgnX, -1);
-    EXPECT_EQ(s.M.SgnY, 1);
+    EXPECT_EQ(std::make_tuple(s.Row(1).X1, s.Row(1).Y2, s.M.SgnX, s.M.SgnY), std::make_tuple(2, 4, -1, 1));
     EXPECT_NEAR(s.M.SavedViews[3].ViewParam[1], 3.141592654 / 2, 1e-6); // the tilts follow SgnY
     EXPECT_TRUE(SwapXYAxis(s.M, s.Ui));
-    EXPECT_EQ(s.Row(1).X1, 1);
-    EXPECT_EQ(s.M.SgnX, 1);
-    EXPECT_EQ(s.M.SgnY, -1);
+    EXPECT_EQ(std::make_tuple(s.Row(1).X1, s.M.SgnX, s.M.SgnY), std::make_tuple(1, 1, -1));
 
     s.Ui.DefaultAnswer = ui::Answer::Yes;
     EXPECT_TRUE(ReverseCoordinateAxis(s.M, s.Ui));
-    EXPECT_EQ(s.M.SgnX, -1);
-    EXPECT_EQ(s.M.SgnY, 1);
-    EXPECT_EQ(s.Row(1).X1, 2);
+    EXPECT_EQ(std::make_tuple(s.M.SgnX, s.M.SgnY, s.Row(1).X1), std::make_tuple(-1, 1, 2));
     EXPECT_TRUE(ReverseCoordinateAxis(s.M, s.Ui));
-    EXPECT_EQ(s.M.SgnX, 1);
-    EXPECT_EQ(s.M.SgnY, -1);
-    EXPECT_EQ(s.Row(1).X1, 1);
-    EXPECT_EQ(s.Row(1).Z2, 6);
-    EXPECT_EQ(s.Ui.Transcript.back().Title, "Alter coordinate system");
+    EXPECT_EQ(std::make_tuple(s.M.SgnX, s.M.SgnY, s.Row(1).X1, s.Row(1).Z2, s.Ui.Transcript.back().Title),
+              std::make_tuple(1, -1, 1, 6, "Alter coordinate system"));
 }
 
 TEST(OneSense, AirwaysDrawnBothWaysBetweenTheSameEndsComeOutAlike) {

@@ -2,6 +2,8 @@
 // as the record keeps them, the effects of density and presets, the unit switch, Cancel.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "display/view_state.h"
 #include "forms/options_form.h"
 #include "forms_support.h"
@@ -48,28 +50,20 @@ TEST(OptionsForm, EachLimitedFieldIsTestedAloneAndStoredInItsForm) {
         if (*c.refusal) expected.push_back(c.refusal);
     EXPECT_EQ(s.Ui.Texts("Message"), expected);
     EXPECT_EQ(s.Ui.Transcript[1].Kind, "Message"); // the plain box of the power zoom
-    EXPECT_EQ(s.M.Set.NodeDivisions, before.NodeDivisions);
-    EXPECT_EQ(s.M.Set.PickDivisions, 20);
-    EXPECT_EQ(s.M.Set.PowerZoom, before.PowerZoom);
-    EXPECT_EQ(s.M.Set.MaxIter, before.MaxIter);
-    EXPECT_FLOAT_EQ(s.M.Set.AllowErr, 0.0001f);
-    EXPECT_EQ(s.M.Set.SurfaceBaro, 0);
-    EXPECT_EQ(s.M.Set.PowerCost, before.PowerCost);
-    EXPECT_FLOAT_EQ(s.M.Set.AirEfficiency, 0.85f);
-    EXPECT_EQ(s.M.Set.MaxFans, before.MaxFans);
-    EXPECT_EQ(s.M.Set.SurfaceRL, 99999);
+    EXPECT_EQ(std::make_tuple(s.M.Set.NodeDivisions, s.M.Set.PickDivisions, s.M.Set.PowerZoom, s.M.Set.MaxIter,
+                              s.M.Set.AllowErr, s.M.Set.SurfaceBaro),
+              std::make_tuple(before.NodeDivisions, 20, before.PowerZoom, before.MaxIter, 0.0001f, 0));
+    EXPECT_EQ(std::make_tuple(s.M.Set.PowerCost, s.M.Set.AirEfficiency, s.M.Set.MaxFans, s.M.Set.SurfaceRL),
+              std::make_tuple(before.PowerCost, 0.85f, before.MaxFans, 99999));
 
     // Reopening shows the stored values as typed.
     OptionsForm again(s.M, s.Ds, s.Ui);
-    EXPECT_EQ(again.F.TxtTol, "5.0");
-    EXPECT_EQ(again.F.TxtEff, "85");
-    EXPECT_EQ(again.F.TxtAirRL, "???");
+    EXPECT_EQ(std::make_tuple(again.F.TxtTol, again.F.TxtEff, again.F.TxtAirRL), std::make_tuple("5.0", "85", "???"));
     again.SetField("TxtFanMax", "11");
     again.SetField("ChkSaveTime", "1");
     again.SetField("txtsavetime", "25");
     again.PressButton("cmdOK");
-    EXPECT_EQ(s.M.Set.MaxFans, 11);
-    EXPECT_EQ(s.M.Set.AutosaveMinutes, 10);
+    EXPECT_EQ(std::make_tuple(s.M.Set.MaxFans, s.M.Set.AutosaveMinutes), std::make_tuple(11, 10));
 }
 
 TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
@@ -105,8 +99,7 @@ TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
     presets.SetField("CmbWall", "Undefined");
     EXPECT_FALSE(presets.SetField("CmbShock", "a,b") && s.Ui.Texts("Message").empty());
     presets.PressButton("cmdOK");
-    EXPECT_EQ(s.M.Preset.WallPreset[4], 0.5f);
-    EXPECT_EQ(s.M.Preset.WallNames[4], "");
+    EXPECT_EQ(std::make_tuple(s.M.Preset.WallPreset[4], s.M.Preset.WallNames[4]), std::make_tuple(0.5f, ""));
     EXPECT_TRUE(presets.Effects.ResistancesRecalculated);
 }
 
@@ -118,8 +111,7 @@ TEST(OptionsForm, BalancingMethod) {
     EXPECT_EQ(newton.F.OptSolver, 0);
     newton.SetField("OptSolver", "1");
     newton.PressButton("cmdOK");
-    EXPECT_EQ(s.M.Set.Solver, SolverNewton);
-    EXPECT_EQ(s.M.SimValid, 0);
+    EXPECT_EQ(std::make_tuple(s.M.Set.Solver, s.M.SimValid), std::make_tuple(SolverNewton, 0));
     s.M.SimValid = -1;
     OptionsForm same(s.M, s.Ds, s.Ui);
     EXPECT_EQ(same.F.OptSolver, 1);
@@ -138,15 +130,12 @@ TEST(OptionsForm, AUnitSwitchChangesEveryShownValueAndNoStoredOne) {
     EXPECT_EQ(form.F.txtHeight, "13.12336"); // 4 m in feet
     EXPECT_NE(form.F.TxtDensity, si.TxtDensity);
     EXPECT_NE(form.F.TxtArea, si.TxtArea);
-    EXPECT_EQ(s.M.Set.DriveHeight, before.DriveHeight);
-    EXPECT_EQ(s.M.Set.Density, before.Density);
-    EXPECT_EQ(s.M.Set.DefaultArea, before.DefaultArea);
-    EXPECT_EQ(s.M.Set.SurfaceBaro, before.SurfaceBaro);
+    EXPECT_EQ(std::make_tuple(s.M.Set.DriveHeight, s.M.Set.Density, s.M.Set.DefaultArea, s.M.Set.SurfaceBaro),
+              std::make_tuple(before.DriveHeight, before.Density, before.DefaultArea, before.SurfaceBaro));
     // And back: the same texts as before.
     form.SetField("OptUnitType", "1");
-    EXPECT_EQ(form.F.txtHeight, si.txtHeight);
-    EXPECT_EQ(form.F.TxtDensity, si.TxtDensity);
-    EXPECT_EQ(s.M.Set.DriveHeight, before.DriveHeight);
+    EXPECT_EQ(std::make_tuple(form.F.txtHeight, form.F.TxtDensity, s.M.Set.DriveHeight),
+              std::make_tuple(si.txtHeight, si.TxtDensity, before.DriveHeight));
 }
 
 TEST(OptionsForm, CurveTypesSaveTimeColoursAndUnitFormats) {
@@ -166,10 +155,9 @@ TEST(OptionsForm, CurveTypesSaveTimeColoursAndUnitFormats) {
     EXPECT_TRUE(form.SetCell(4, 1, "0.000"));
     EXPECT_FALSE(form.SetCell(4, 2, "m3/s")); // labels are not edited
     form.PressButton("cmdOK");
-    EXPECT_EQ(s.M.Units.Rows[4].Format[1], "0.000");
-    EXPECT_EQ(s.M.Set.DefaultCurvePct, 50);
-    EXPECT_EQ(s.M.Set.AutosaveMinutes, 5);
-    EXPECT_EQ(s.M.Set.Colours[2], Rgb(255, 255, 255));
+    EXPECT_EQ(std::make_tuple(s.M.Units.Rows[4].Format[1], s.M.Set.DefaultCurvePct, s.M.Set.AutosaveMinutes,
+                              s.M.Set.Colours[2]),
+              std::make_tuple("0.000", 50, 5, Rgb(255, 255, 255)));
 }
 
 } // namespace

@@ -3,6 +3,8 @@
 // back, the copies, and a stored printer or paper the machine no longer has.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "forms/printer_form.h"
 #include "model/builtin_settings.h"
 #include "ui/scripted_ui.h"
@@ -48,15 +50,11 @@ struct PrinterScene {
 TEST(PrinterForm, OpensWithStoredValuesAndOffersTheFigureThatFits) {
     PrinterScene s;
     PrinterFields f = OpenPrinterForm(s.M, s.Ds, s.Ui, s.Host);
-    EXPECT_EQ(f.TxtTitle, "Unnamed Network");
-    EXPECT_EQ(f.Printer(), "Office");
-    EXPECT_EQ(f.PaperSize, kA4);
+    EXPECT_EQ(std::make_tuple(f.TxtTitle, f.Printer(), f.PaperSize), std::make_tuple("Unnamed Network", "Office", kA4));
     EXPECT_FALSE(f.ChkColour);
-    EXPECT_EQ(f.OptOrient, 0);
-    EXPECT_EQ(f.PSizer, "200mm wide x 287mm high");
+    EXPECT_EQ(std::make_tuple(f.OptOrient, f.PSizer), std::make_tuple(0, "200mm wide x 287mm high"));
     // MinFigure = Int(ScaleWidth x 1.1 / (P x 0.995) x 1000) with P the page's width.
-    EXPECT_EQ(f.TxtScale, "5527");
-    EXPECT_EQ(f.TxtCopies, "1");
+    EXPECT_EQ(std::make_tuple(f.TxtScale, f.TxtCopies), std::make_tuple("5527", "1"));
 
     // The stored values of an earlier dialog: the PDF printer, A3, colour, landscape.
     SavePrinterSettings(
@@ -69,33 +67,28 @@ TEST(PrinterForm, OpensWithStoredValuesAndOffersTheFigureThatFits) {
             return g;
         }(),
         s.Ui);
-    EXPECT_EQ(s.Stored("PrinterName"), "Save as PDF");
-    EXPECT_EQ(s.Stored("Papersize"), "8");
-    EXPECT_EQ(s.Stored("PrintColour"), "1");
-    EXPECT_EQ(s.Stored("PrintOrient"), "1");
+    EXPECT_EQ(std::make_tuple(s.Stored("PrinterName"), s.Stored("Papersize"), s.Stored("PrintColour"),
+                              s.Stored("PrintOrient")),
+              std::make_tuple("Save as PDF", "8", "1", "1"));
     s.M.FileComment = "Level 3 plan";
     f = OpenPrinterForm(s.M, s.Ds, s.Ui, s.Host);
-    EXPECT_EQ(f.TxtTitle, "Level 3 plan");
-    EXPECT_EQ(f.Printer(), "Save as PDF");
+    EXPECT_EQ(std::make_tuple(f.TxtTitle, f.Printer()), std::make_tuple("Level 3 plan", "Save as PDF"));
     EXPECT_EQ(f.PrintSize[static_cast<std::size_t>(f.PaperIndex)].Name, "A3");
     EXPECT_TRUE(f.ChkColour);
-    EXPECT_EQ(f.PSizer, "420mm wide x 297mm high");
-    EXPECT_EQ(f.TxtScale, "2632");
+    EXPECT_EQ(std::make_tuple(f.PSizer, f.TxtScale), std::make_tuple("420mm wide x 297mm high", "2632"));
 }
 
 TEST(PrinterForm, RefillsFollowPrinterPaperAndOrientation) {
     PrinterScene s;
     PrinterFields f = OpenPrinterForm(s.M, s.Ds, s.Ui, s.Host);
     ChoosePaper(f, s.Host, 1); // Letter
-    EXPECT_EQ(f.PaperSize, kLetter);
-    EXPECT_EQ(f.PSizer, "206mm wide x 269mm high");
+    EXPECT_EQ(std::make_tuple(f.PaperSize, f.PSizer), std::make_tuple(kLetter, "206mm wide x 269mm high"));
     // The PDF printer has no Letter: its own paper, A4, stands.
     ChoosePrinter(f, s.Host, 1);
     EXPECT_EQ(f.PaperSize, kA4);
     EXPECT_EQ(f.PrintSize[static_cast<std::size_t>(f.PaperIndex)].Name, "A4");
     ChooseOrientation(f, s.Host, 1);
-    EXPECT_EQ(f.PSizer, "297mm wide x 210mm high");
-    EXPECT_EQ(f.TxtScale, "3722");
+    EXPECT_EQ(std::make_tuple(f.PSizer, f.TxtScale), std::make_tuple("297mm wide x 210mm high", "3722"));
     // A figure typed over is kept through nothing but another refill.
     f.TxtScale = "9000";
     ChooseOrientation(f, s.Host, 0);
@@ -133,10 +126,8 @@ TEST(PrinterForm, ScaleBoxAndCopiesKeepToTheirLimits) {
         f.TxtCopies = typed;
         const PrintRequest r = PrintItRequest(f);
         EXPECT_EQ(r.Copies, copies) << typed;
-        EXPECT_EQ(r.ScaleFigure, 12000);
-        EXPECT_EQ(r.Settings.PrintInColour, 1);
-        EXPECT_EQ(r.Settings.PrintTitle, "Ventilation plan");
-        EXPECT_EQ(r.Printer, "Office");
+        EXPECT_EQ(std::make_tuple(r.ScaleFigure, r.Settings.PrintInColour, r.Settings.PrintTitle, r.Printer),
+                  std::make_tuple(12000, 1, "Ventilation plan", "Office"));
     }
 }
 
@@ -146,9 +137,7 @@ TEST(PrinterForm, StoredPrinterOrPaperThatIsGoneIsPassedOver) {
     s.Ui.Store["Karvane/Files/Papersize"] = "77";
     s.Ui.Store["Karvane/Files/PrintOrient"] = "banana";
     const PrinterFields f = OpenPrinterForm(s.M, s.Ds, s.Ui, s.Host);
-    EXPECT_EQ(f.Printer(), "Office");
-    EXPECT_EQ(f.PaperSize, kA4);
-    EXPECT_EQ(f.OptOrient, 0);
+    EXPECT_EQ(std::make_tuple(f.Printer(), f.PaperSize, f.OptOrient), std::make_tuple("Office", kA4, 0));
     EXPECT_TRUE(s.Ui.Transcript.empty());
 }
 

@@ -1,6 +1,9 @@
 // The network spreadsheet without a window: cell texts by column rule, the recalculation as
-// the user types, the save and its undo records, and the grid commands with bad input.
+// the user types, the save and its undo records, the grid commands with bad input, and the key
+// rules of the tables' edit box and their clipboard text.
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include <algorithm>
 #include <cmath>
@@ -9,6 +12,7 @@
 #include "display/recording_surface.h"
 #include "engineering/resistance.h"
 #include "files/network_file.h"
+#include "forms/grid_edit.h"
 #include "forms/sheet_print.h"
 #include "forms/spreadsheet_form.h"
 #include "forms_support.h"
@@ -73,6 +77,11 @@ struct SheetScene : FormScene {
         for (std::int32_t r = 1; r <= M.AirwayCount; ++r) out += files::AirwayRowText(M, r, '.') + "\n";
         return out;
     }
+    std::vector<std::string> Texts(int row, std::initializer_list<int> cols) {
+        std::vector<std::string> out;
+        for (int c : cols) out.push_back(F().Text(row, c));
+        return out;
+    }
     std::vector<std::string> Messages() const {
         std::vector<std::string> out;
         for (const auto& t : Ui.Transcript) out.push_back(t.Text);
@@ -97,24 +106,16 @@ TEST(SpreadSheet, CellsShowEachColumnByItsRuleInDisplayUnits) {
     // Sorted on "No.": airway 2 carries number 7 and comes last.
     EXPECT_EQ(s.F().Row(4).Key, 2);
     const int r = s.GridRow(3);
-    EXPECT_EQ(s.F().Text(r, sc::Key), "3");
-    EXPECT_EQ(s.F().Text(r, sc::Flow), "-3.141"); // truncated to 3 decimals, not rounded
-    EXPECT_EQ(s.F().Text(r, sc::Fan), "2");
-    EXPECT_EQ(s.F().Text(r, sc::FPres), "Negate");
-    EXPECT_EQ(s.F().Text(r, sc::Comments), "Door " + TrimText(s.M.Preset.ResNames[1]));
-    EXPECT_EQ(s.F().Text(r, sc::Length), "302.0");
-    EXPECT_EQ(s.F().Text(r, sc::Z2), "-140");
-    EXPECT_EQ(s.F().Text(r, sc::KFactor), "0.01200"); // the custom factor of the row
-    EXPECT_TRUE(s.F().Red(r, sc::Length));
-    EXPECT_TRUE(s.F().Red(r, sc::Resistance));
-    EXPECT_TRUE(s.F().Red(r, sc::KFactor));
-    EXPECT_FALSE(s.F().Red(r, sc::Flow));
-    const int first = s.GridRow(1);
-    EXPECT_EQ(s.F().Text(first, sc::Name), "Intake");
-    EXPECT_EQ(s.F().Text(first, sc::Fan), "");
-    EXPECT_EQ(s.F().Text(first, sc::FPres), "");
-    EXPECT_EQ(s.F().Text(first, sc::Vel), "0.8");   // 12.34567 / 16
-    EXPECT_EQ(s.F().Text(first, sc::Pdrop), "0.7"); // R Q2 = 0.0046875 x 12.34567^2
+    // Flow truncated to 3 decimals, not rounded; the custom K-Factor of the row.
+    EXPECT_EQ(s.Texts(r, {sc::Key, sc::Flow, sc::Fan, sc::FPres, sc::Comments, sc::Length, sc::Z2, sc::KFactor}),
+              (std::vector<std::string>{"3", "-3.141", "2", "Negate", "Door " + TrimText(s.M.Preset.ResNames[1]),
+                                        "302.0", "-140", "0.01200"}));
+    EXPECT_EQ((std::array{s.F().Red(r, sc::Length), s.F().Red(r, sc::Resistance), s.F().Red(r, sc::KFactor),
+                          s.F().Red(r, sc::Flow)}),
+              (std::array{true, true, true, false}));
+    // Velocity 12.34567 / 16; pressure drop R Q2 = 0.0046875 x 12.34567^2.
+    EXPECT_EQ(s.Texts(s.GridRow(1), {sc::Name, sc::Fan, sc::FPres, sc::Vel, sc::Pdrop}),
+              (std::vector<std::string>{"Intake", "", "", "0.8", "0.7"}));
 
     // A fixed pressure airway: F Pres in whole display units and fixed; stall shows its word.
     a.FanNumber = -1;
@@ -153,8 +154,7 @@ TEST(SpreadSheet, AWidthEditShowsTheNewResistanceAndTheSaveWritesIt) {
 
     ASSERT_TRUE(s.F().SaveGrid());
     EXPECT_FALSE(s.F().Modified);
-    EXPECT_EQ(s.Row(1).Width, 3.0f);
-    EXPECT_EQ(s.Row(1).ResType, 0);
+    EXPECT_EQ(std::make_tuple(s.Row(1).Width, s.Row(1).ResType), std::make_tuple(3.0f, 0));
     EXPECT_NEAR(s.Row(1).Resistance, expected, 0.5e-5);
     RecalcAirway(s.M, 1); // as the next run does
     EXPECT_EQ(s.Row(1).Resistance, expected);
@@ -185,15 +185,13 @@ TEST(SpreadSheet, FlowAndPressureTogetherOfferTheResistance) {
     EXPECT_TRUE(s.Ui.Transcript.empty());
     s.F().EnterCell(r, sc::Pdrop, "-100");
     ASSERT_EQ(s.Ui.Transcript.size(), 1u);
-    EXPECT_EQ(s.Ui.Transcript[0].Title, "Resistance Calculation");
-    EXPECT_EQ(s.Ui.Transcript[0].Text, "Calculate and fix resistance ?");
-    EXPECT_EQ(s.F().Text(r, sc::Resistance), "0.25000");
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript[0].Title, s.Ui.Transcript[0].Text, s.F().Text(r, sc::Resistance)),
+              std::make_tuple("Resistance Calculation", "Calculate and fix resistance ?", "0.25000"));
     EXPECT_TRUE(s.F().Red(r, sc::Resistance));
     ASSERT_TRUE(s.F().SaveGrid());
-    EXPECT_EQ(s.Row(2).Resistance, 0.25f);
-    EXPECT_EQ(s.Row(2).ResType, CustomPreset);
+    EXPECT_EQ(std::tie(s.Row(2).Resistance, s.Row(2).ResType, s.Row(2).Quantity),
+              std::make_tuple(0.25f, CustomPreset, 20.0f));
     EXPECT_TRUE(s.Row(2).Has(bc::FixedFlow));
-    EXPECT_EQ(s.Row(2).Quantity, 20.0f);
     EXPECT_EQ(s.M.SimFail, 0);
 
     // Unfixing a preset resistance makes the airway calculated again.
@@ -207,8 +205,7 @@ TEST(SpreadSheet, FlowAndPressureTogetherOfferTheResistance) {
     // A resistance of 0 typed in: the airway goes back to calculated.
     s.F().EnterCell(s.GridRow(4), sc::Resistance, "0");
     ASSERT_TRUE(s.F().SaveGrid());
-    EXPECT_EQ(s.Row(4).Resistance, 0.0f);
-    EXPECT_EQ(s.Row(4).ResType, 0);
+    EXPECT_EQ(std::tie(s.Row(4).Resistance, s.Row(4).ResType), std::make_tuple(0.0f, 0));
 
     // A fixed flow pressure cannot be fixed.
     s.F().EnterCell(s.GridRow(4), sc::FPres, "12*");
@@ -237,9 +234,8 @@ TEST(SpreadSheet, ASaveIsOneUndoStepAndItsUndoGivesTheNetworkBack) {
     s.F().EnterCell(s.GridRow(3), sc::Height, "2.5");
     s.F().EnterCell(s.GridRow(3), sc::X2, "210");
     ASSERT_TRUE(s.F().SaveGrid());
-    EXPECT_EQ(s.Undo.CurrentStep, step + 1);
-    EXPECT_EQ(TrimText(s.Row(1).BranchName), "Main intake");
-    EXPECT_EQ(s.Row(3).X2, 210);
+    EXPECT_EQ(std::make_tuple(s.Undo.CurrentStep, TrimText(s.Row(1).BranchName), s.Row(3).X2),
+              std::make_tuple(step + 1, "Main intake", 210));
     // Two records for each changed row, none for the rows left alone.
     int records = 0;
     for (const auto& e : s.Undo.UndoIndex) records += e.UndoStep == step ? 1 : 0;
@@ -277,9 +273,7 @@ TEST(SpreadSheet, BadCellsRefuseTheSaveAndLeaveTheNetworkAsItWas) {
         EXPECT_FALSE(s.F().SaveGrid()) << c.Text;
         EXPECT_EQ(s.Messages().back(), c.Message) << c.Text;
         EXPECT_EQ(s.NetworkText(), before) << c.Text;
-        EXPECT_TRUE(s.F().Modified);
-        EXPECT_EQ(s.F().CurRow, s.GridRow(3));
-        EXPECT_EQ(s.F().CurCol, c.Col);
+        EXPECT_EQ(std::tie(s.F().Modified, s.F().CurRow, s.F().CurCol), std::make_tuple(true, s.GridRow(3), c.Col));
         // Leaving with the bad cell keeps the window open.
         s.Ui.Answers = {ui::Answer::Yes};
         EXPECT_FALSE(s.F().Close());
@@ -304,20 +298,17 @@ TEST(SpreadSheet, SortingWithEditsPendingKeepsEditsAndRedCellsOnTheirRows) {
     s.F().EnterCell(s.GridRow(2), sc::Name, "Alpha");
     s.F().SetCurrent(1, sc::Name);
     s.F().Sort(true);
-    EXPECT_EQ(s.F().Text(1, sc::Name), ""); // empty names first
-    EXPECT_EQ(s.F().Row(2).Key, 2);         // "Alpha" before "Intake" before "zeta", whatever the case
-    EXPECT_EQ(s.F().Row(3).Key, 1);
-    EXPECT_EQ(s.F().Row(4).Key, 4);
+    // Empty names first, then "Alpha" before "Intake" before "zeta", whatever the case.
+    EXPECT_EQ((std::array{s.F().Row(1).Key, s.F().Row(2).Key, s.F().Row(3).Key, s.F().Row(4).Key}),
+              (std::array{3, 2, 1, 4}));
     EXPECT_TRUE(s.F().Red(s.GridRow(3), sc::Shock));
     EXPECT_TRUE(s.F().Modified);
     s.F().SetCurrent(1, sc::Length);
     s.F().Sort(false);
     EXPECT_EQ(s.F().Row(1).Key, 3); // the longest first
     ASSERT_TRUE(s.F().SaveGrid());
-    EXPECT_EQ(s.Row(3).ShockFactor, 15.0f);
-    EXPECT_EQ(s.Row(3).ShockType, CustomPreset);
-    EXPECT_EQ(TrimText(s.Row(2).BranchName), "Alpha");
-    EXPECT_EQ(TrimText(s.Row(4).BranchName), "zeta");
+    EXPECT_EQ(std::tie(s.Row(3).ShockFactor, s.Row(3).ShockType), std::make_tuple(15.0f, CustomPreset));
+    EXPECT_EQ(TrimText(s.Row(2).BranchName) + TrimText(s.Row(4).BranchName), "Alphazeta");
 }
 
 TEST(SpreadSheet, PastedBlocksFillFromTheCurrentCellAndRepeatDownTheSelection) {
@@ -325,8 +316,7 @@ TEST(SpreadSheet, PastedBlocksFillFromTheCurrentCellAndRepeatDownTheSelection) {
     s.F().Select(1, sc::Height, 4, sc::Height);
     s.F().Paste("5\t6\r\n");
     for (int r = 1; r <= 4; ++r) {
-        EXPECT_EQ(s.F().Text(r, sc::Height), "5");
-        EXPECT_EQ(s.F().Text(r, sc::Width), "6");
+        EXPECT_EQ(std::make_tuple(s.F().Text(r, sc::Height), s.F().Text(r, sc::Width)), std::make_tuple("5", "6"));
     }
     // Wider than the table: the cells past the last column are dropped.
     s.F().SetCurrent(1, sc::Z1);
@@ -344,8 +334,8 @@ TEST(SpreadSheet, PastedBlocksFillFromTheCurrentCellAndRepeatDownTheSelection) {
     // No current cell: the paste error.
     s.F().Fill();
     s.F().Paste("x");
-    EXPECT_EQ(s.Ui.Transcript.back().Title, "Paste Error");
-    EXPECT_EQ(s.Messages().back(), "An error has occured while attempting to paste data");
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript.back().Title, s.Messages().back()),
+              std::make_tuple("Paste Error", "An error has occured while attempting to paste data"));
 }
 
 TEST(SpreadSheet, NamesFollowTheCoordinatesAndTheFilterLimitsTheSave) {
@@ -354,9 +344,9 @@ TEST(SpreadSheet, NamesFollowTheCoordinatesAndTheFilterLimitsTheSave) {
     s.Row(2).EntryNode = "Old";
     s.F().Fill();
     s.F().EnterCell(s.GridRow(1), sc::To, "N1");
-    EXPECT_EQ(s.F().Text(s.GridRow(2), sc::From), "N1");
-    EXPECT_EQ(s.F().Text(s.GridRow(4), sc::From), "N1");
-    EXPECT_EQ(s.F().Text(s.GridRow(3), sc::From), "");
+    EXPECT_EQ((std::array{s.F().Text(s.GridRow(2), sc::From), s.F().Text(s.GridRow(4), sc::From),
+                          s.F().Text(s.GridRow(3), sc::From)}),
+              (std::array<std::string, 3>{"N1", "N1", ""}));
     s.F().EnterCell(s.GridRow(1), sc::To, "");
     EXPECT_EQ(s.F().Text(s.GridRow(2), sc::From), "N1");
 
@@ -368,9 +358,7 @@ TEST(SpreadSheet, NamesFollowTheCoordinatesAndTheFilterLimitsTheSave) {
     s.F().SelectAll();
     s.F().Command("mnuClear");
     ASSERT_TRUE(s.F().SaveGrid());
-    EXPECT_EQ(TrimText(s.Row(1).BranchName), "");
-    EXPECT_EQ(s.Row(1).X2, 0);
-    EXPECT_EQ(s.Row(2).X2, 200);
+    EXPECT_EQ(std::make_tuple(TrimText(s.Row(1).BranchName), s.Row(1).X2, s.Row(2).X2), std::make_tuple("", 0, 200));
     // "Show All Data" brings every airway back.
     s.F().Command("mnuShowAll");
     EXPECT_EQ(s.F().RowCount(), 4);
@@ -389,15 +377,15 @@ TEST(SpreadSheet, SearchFindsReplacesAndSaysWhatItFound) {
     // Find again goes on from the next row, where only a partial match is left.
     s.Ui.Answers = {ui::Answer::Yes};
     s.F().Command("mnuAgain");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "Could not find name - Do you mean Return shaft");
-    EXPECT_EQ(s.F().Row(s.F().CurRow).Key, 3);
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript.back().Text, s.F().Row(s.F().CurRow).Key),
+              std::make_tuple("Could not find name - Do you mean Return shaft", 3));
     s.Ui.Inputs = {std::string("nowhere")};
     s.F().Command("mnufind");
     EXPECT_EQ(s.Messages().back(), "Level name not found");
     s.Ui.Inputs = {std::string("RETURN"), std::string("Exhaust")};
     s.F().Command("mnuReplace");
-    EXPECT_EQ(s.Messages().back(), "1 replacements made");
-    EXPECT_EQ(s.F().Text(s.GridRow(1), sc::Name), "Exhaust");
+    EXPECT_EQ(std::make_tuple(s.Messages().back(), s.F().Text(s.GridRow(1), sc::Name)),
+              std::make_tuple("1 replacements made", "Exhaust"));
     EXPECT_TRUE(s.F().Modified);
 }
 
@@ -414,9 +402,8 @@ TEST(SpreadSheet, RowsAreInsertedOnSaveAndDeletedThroughTheUndoLog) {
     s.F().Paste("3\t3\t\t0\t0\t-100\t0\t50\t-100");
     ASSERT_TRUE(s.F().SaveGrid());
     ASSERT_EQ(s.M.AirwayCount, 5);
-    EXPECT_EQ(TrimText(s.Row(5).BranchName), "New");
-    EXPECT_EQ(s.Row(5).Y2, 50);
-    EXPECT_EQ(s.Row(5).AirwayNo, 8);
+    EXPECT_EQ(std::make_tuple(TrimText(s.Row(5).BranchName), s.Row(5).Y2, s.Row(5).AirwayNo),
+              std::make_tuple("New", 50, 8));
 
     // One row deleted: asked by its row number, saved first, the table compacted and refilled.
     const std::int16_t step = s.Undo.CurrentStep;
@@ -442,8 +429,8 @@ TEST(SpreadSheet, RowsAreInsertedOnSaveAndDeletedThroughTheUndoLog) {
     s.F().Select(1, sc::Name, 2, sc::Name);
     s.Ui.Answers = {ui::Answer::No};
     s.F().Command("mnuDelete");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "Permanently delete row selections ?");
-    EXPECT_EQ(s.M.AirwayCount, 4);
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript.back().Text, s.M.AirwayCount),
+              std::make_tuple("Permanently delete row selections ?", 4));
 }
 
 TEST(SpreadSheet, LeavingWithEditsAsksAndTheHostOpensTheCards) {
@@ -451,8 +438,8 @@ TEST(SpreadSheet, LeavingWithEditsAsksAndTheHostOpensTheCards) {
     s.F().EnterCell(1, sc::Name, "x");
     s.Ui.Answers = {ui::Answer::No};
     EXPECT_TRUE(s.F().Close());
-    EXPECT_EQ(s.Ui.Transcript.back().Title, "Save changes");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "Save spreadsheet changes to network ?");
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript.back().Title, s.Ui.Transcript.back().Text),
+              std::make_tuple("Save changes", "Save spreadsheet changes to network ?"));
     EXPECT_EQ(TrimText(s.Row(s.F().Row(1).Key).BranchName), "Intake") << "No drops the edits";
     EXPECT_EQ(s.Host.Calls.back(), "refresh");
     s.F().Fill();
@@ -497,8 +484,8 @@ TEST(SpreadSheetPrint, HeadingsOnEveryPageAndOnlyTheVisibleColumns) {
     s.Ui.Inputs = {std::string("5"), std::string("8")};
     form.Command("mnuPrint");
     EXPECT_TRUE(host.Page.Ops.empty()) << "a size below 6 prints nothing";
-    EXPECT_EQ(s.Ui.Transcript.back().Title, "Font Size");
-    EXPECT_EQ(s.Ui.Transcript.back().Text, "Enter Printer Font Size");
+    EXPECT_EQ(std::make_tuple(s.Ui.Transcript.back().Title, s.Ui.Transcript.back().Text),
+              std::make_tuple("Font Size", "Enter Printer Font Size"));
     form.Command("mnuPrint");
     ASSERT_EQ(host.Calls.back(), "print 8");
     const auto texts = host.Page.Texts();
@@ -518,6 +505,60 @@ TEST(SpreadSheetPrint, HeadingsOnEveryPageAndOnlyTheVisibleColumns) {
     // Show Columns brings the hidden one back.
     form.ShowColumns();
     EXPECT_EQ(form.ShownWidth(sc::KFactor), 40);
+}
+
+const GridLimits Table{1, 10, 1, 4};
+
+TEST(GridEdit, KeysOpenCloseAndMoveTheBoxWithinTheTable) {
+    struct Case {
+        bool open;
+        GridKey key;
+        const char* typed;
+        GridCell at;
+        bool editable;
+        GridAction action;
+        GridCell next;
+        const char* text;
+    };
+    const Case cases[] = {
+        {false, GridKey::Char, "7", {3, 2}, true, GridAction::OpenReplace, {3, 2}, "7"},
+        {false, GridKey::Char, ".", {3, 2}, true, GridAction::OpenReplace, {3, 2}, ","}, // the machine's separator
+        {false, GridKey::Char, " ", {3, 2}, true, GridAction::OpenKeep, {3, 2}, ""},
+        {false, GridKey::DoubleClick, "", {3, 2}, true, GridAction::OpenKeep, {3, 2}, ""},
+        {false, GridKey::Char, "7", {3, 2}, false, GridAction::Ignore, {3, 2}, ""},   // a fixed column
+        {false, GridKey::Char, "7", {0, 2}, true, GridAction::Ignore, {0, 2}, ""},    // the heading row
+        {false, GridKey::Char, "\x03", {3, 2}, true, GridAction::Ignore, {3, 2}, ""}, // Ctrl+C's character
+        {false, GridKey::Escape, "", {3, 2}, true, GridAction::EscapeForm, {3, 2}, ""},
+        {false, GridKey::Delete, "", {3, 2}, true, GridAction::Clear, {3, 2}, ""},
+        {false, GridKey::Enter, "", {3, 2}, true, GridAction::Ignore, {3, 2}, ""},
+        {true, GridKey::Escape, "", {3, 2}, true, GridAction::Cancel, {3, 2}, ""},
+        {true, GridKey::Enter, "", {3, 2}, true, GridAction::CommitMove, {4, 2}, ""},
+        {true, GridKey::Enter, "", {10, 2}, true, GridAction::CommitMove, {10, 2}, ""}, // bounded by the last row
+        {true, GridKey::Tab, "", {3, 2}, true, GridAction::CommitMove, {3, 3}, ""},
+        {true, GridKey::Tab, "", {3, 4}, true, GridAction::CommitMove, {3, 4}, ""}, // and the last column
+        {true, GridKey::Up, "", {1, 2}, true, GridAction::CommitMove, {1, 2}, ""},
+        {true, GridKey::Up, "", {5, 2}, true, GridAction::CommitMove, {4, 2}, ""},
+        {true, GridKey::Down, "", {5, 2}, true, GridAction::CommitMove, {6, 2}, ""},
+        {true, GridKey::Char, "5", {5, 2}, true, GridAction::Ignore, {5, 2}, ""},
+    };
+    for (const Case& c : cases) {
+        const GridStep step = GridKeyStep(c.open, c.key, c.typed, c.at, Table, c.editable, ',');
+        SCOPED_TRACE(std::string("key ") + std::to_string(static_cast<int>(c.key)) + " typed '" + c.typed + "'");
+        EXPECT_EQ(std::make_tuple(step.Action, step.Next, step.Text), std::make_tuple(c.action, c.next, c.text));
+    }
+    EXPECT_EQ(BoxText("1.5\r", ','), "1,5");
+}
+
+TEST(GridEdit, ClipboardTextReadsBackCellForCell) {
+    const CellTable table{{"1", "2950", "", "12.5"}, {"2", "", "x y", "0"}};
+    const std::string text = ClipboardText(table);
+    EXPECT_EQ(text, "1\t2950\t\t12.5\r\n2\t\tx y\t0\r\n");
+    EXPECT_EQ(ReadClipboardTable(text), table);
+    // Rows ended by LF alone, and a last row without its end, read the same.
+    EXPECT_EQ(ReadClipboardTable("1\t2950\t\t12.5\n2\t\tx y\t0"), table);
+    EXPECT_TRUE(ReadClipboardTable("").empty());
+    EXPECT_EQ(ReadClipboardTable("\r\n"), (CellTable{{""}}));
+    EXPECT_EQ(ClipboardColumns(ReadClipboardTable("a\tb\r\nc\td\te\r\n")), 3);
 }
 
 } // namespace

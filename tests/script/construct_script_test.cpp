@@ -3,6 +3,8 @@
 // as many undos, giving the original network again once saved.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <filesystem>
 #include <fstream>
 #include <random>

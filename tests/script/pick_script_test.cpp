@@ -3,6 +3,8 @@
 // it showed, the list finders and the attribute choice.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <algorithm>
 #include <array>
 #include <vector>
@@ -48,13 +50,10 @@ TEST(PickScript, TheFindMenuShowsTheAirwayAndTheLevelItChose) {
     r.Run->OnShown = [&printed](const Session::ShownAirway& s) { printed.push_back(Session::ShownLine(s)); };
     EXPECT_EQ(r.Script("answer \"AFT T\"\nmenu mnuFinder(5)\ntool find-next\ntool find-next\n"), "");
     ASSERT_EQ(r.Run->Shown().size(), 3u);
-    EXPECT_EQ(r.Run->Shown()[0].Row, 3);
-    EXPECT_EQ(r.Run->Shown()[1].Row, 5);
-    EXPECT_EQ(r.Run->Shown()[2].Row, 3);
-    EXPECT_EQ(printed[0], "shown: airway 3 (row 3), level \"U/Ground\"");
+    EXPECT_EQ(std::make_tuple(r.Run->Shown()[0].Row, r.Run->Shown()[1].Row, r.Run->Shown()[2].Row, printed[0]),
+              std::make_tuple(3, 5, 3, "shown: airway 3 (row 3), level \"U/Ground\""));
     // The raise begins at 500 (its From end counts): no level is added.
-    EXPECT_EQ(r.S.M.Levels[4].RLName, "");
-    EXPECT_EQ(r.S.M.Find.FinderTick, 5);
+    EXPECT_EQ(std::make_tuple(r.S.M.Levels[4].RLName, r.S.M.Find.FinderTick), std::make_tuple("", 5));
 
     // The list finder of node names, narrowed and clicked.
     EXPECT_EQ(r.Script("menu mnuFNName\nfield TxtFilter top\nfield LstNames \"shaft top\"\n"), "");

@@ -2,6 +2,8 @@
 // the table of lines it refuses with their exact reasons.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "commands/menu_commands.h"
 #include "script/script_reader.h"
 
@@ -35,30 +37,21 @@ TEST(ScriptReader, ReadsEveryLineForm) {
     ASSERT_EQ(r.Error, "");
     const auto& l = r.Script.Lines;
     ASSERT_EQ(l.size(), 20u);
-    EXPECT_EQ(l[0].Line, 2);
-    EXPECT_EQ(l[0].Width, 640);
-    EXPECT_EQ(l[1].View, ViewKind::ThreeD);
+    EXPECT_EQ(std::make_tuple(l[0].Line, l[0].Width, l[1].View), std::make_tuple(2, 640, ViewKind::ThreeD));
     EXPECT_DOUBLE_EQ(l[1].Angle2, 45);
     EXPECT_DOUBLE_EQ(l[2].Points[1].X, 1000);
     EXPECT_FALSE(l[3].LevelByRL);
     EXPECT_EQ(l[3].Text, "U/Ground");
     EXPECT_TRUE(l[4].LevelByRL);
-    EXPECT_EQ(l[4].RL, 490);
-    EXPECT_EQ(l[5].Value, 15);
-    EXPECT_EQ(l[6].Value, 6);
-    EXPECT_EQ(l[7].Button, 2);
-    EXPECT_EQ(l[7].Shift, 1);
+    EXPECT_EQ(std::make_tuple(l[4].RL, l[5].Value, l[6].Value, l[7].Button, l[7].Shift),
+              std::make_tuple(490, 15, 6, 2, 1));
     EXPECT_DOUBLE_EQ(l[8].Points[0].X, 15.5);
     EXPECT_TRUE(l[9].Points[0].HasZ);
-    EXPECT_EQ(l[10].Points.size(), 2u);
-    EXPECT_EQ(l[11].Value, 116);
-    EXPECT_EQ(l[13].Answer, AnswerKind::Text);
-    EXPECT_EQ(l[13].Text, "B 7");
+    EXPECT_EQ(std::make_tuple(l[10].Points.size(), l[11].Value, l[13].Answer, l[13].Text),
+              std::make_tuple(2u, 116, AnswerKind::Text, "B 7"));
     EXPECT_TRUE(l[14].Copy);
     EXPECT_DOUBLE_EQ(l[14].Points[1].X, 5);
-    EXPECT_EQ(l[15].Value2, "12,5");
-    EXPECT_EQ(l[16].Value2, "a b");
-    EXPECT_EQ(l[19].Text, "out dir/a.sim");
+    EXPECT_EQ(std::make_tuple(l[15].Value2, l[16].Value2, l[19].Text), std::make_tuple("12,5", "a b", "out dir/a.sim"));
 }
 
 TEST(ScriptReader, RefusesWithTheLineAndTheReason) {

@@ -4,6 +4,8 @@
 // same lines run through a session and then balanced on a copy of the base network.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include <filesystem>
 #include <memory>
 
@@ -68,35 +70,24 @@ script::StudyOptions Options(int jobs) {
 
 // Every figure of a result, so that two results compare as wholes.
 void ExpectSame(const script::ScenarioResult& a, const script::ScenarioResult& b) {
-    EXPECT_EQ(a.Index, b.Index);
-    EXPECT_EQ(a.Name, b.Name);
-    EXPECT_EQ(a.Ran, b.Ran);
-    EXPECT_EQ(a.Failure, b.Failure);
-    EXPECT_EQ(a.SimValid, b.SimValid);
-    EXPECT_EQ(a.SimFail, b.SimFail);
-    EXPECT_EQ(a.Passes, b.Passes);
-    EXPECT_EQ(a.Totals.TotalAirflow, b.Totals.TotalAirflow);
-    EXPECT_EQ(a.Totals.AirPowerKW, b.Totals.AirPowerKW);
-    EXPECT_EQ(a.Totals.InputPowerKW, b.Totals.InputPowerKW);
-    EXPECT_EQ(a.Totals.Efficiency, b.Totals.Efficiency);
-    EXPECT_EQ(a.Totals.MineResistance, b.Totals.MineResistance);
-    EXPECT_EQ(a.Totals.AnnualCost, b.Totals.AnnualCost);
+    const auto key = [](const script::ScenarioResult& r) {
+        return std::tie(r.Index, r.Name, r.Ran, r.Failure, r.SimValid, r.SimFail, r.Passes, r.Totals.TotalAirflow,
+                        r.Totals.AirPowerKW, r.Totals.InputPowerKW, r.Totals.Efficiency, r.Totals.MineResistance,
+                        r.Totals.AnnualCost, r.Watched, r.Errors);
+    };
+    EXPECT_TRUE(key(a) == key(b)) << a.Name;
     ASSERT_EQ(a.Fans.size(), b.Fans.size());
     for (std::size_t k = 0; k < a.Fans.size(); ++k) {
-        EXPECT_EQ(a.Fans[k].AirwayNo, b.Fans[k].AirwayNo);
-        EXPECT_EQ(a.Fans[k].Quantity, b.Fans[k].Quantity);
-        EXPECT_EQ(a.Fans[k].Pressure, b.Fans[k].Pressure);
-        EXPECT_EQ(a.Fans[k].Efficiency, b.Fans[k].Efficiency);
-        EXPECT_EQ(a.Fans[k].InputPowerKW, b.Fans[k].InputPowerKW);
-        EXPECT_EQ(a.Fans[k].Stalled, b.Fans[k].Stalled);
+        const auto fan = [k](const script::ScenarioResult& r) {
+            const script::FanDuty& f = r.Fans[k];
+            return std::tie(f.AirwayNo, f.Quantity, f.Pressure, f.Efficiency, f.InputPowerKW, f.Stalled);
+        };
+        EXPECT_TRUE(fan(a) == fan(b)) << a.Name << " fan " << k;
     }
-    EXPECT_EQ(a.Watched, b.Watched);
     ASSERT_EQ(a.OutsideVelocity.size(), b.OutsideVelocity.size());
-    for (std::size_t k = 0; k < a.OutsideVelocity.size(); ++k) {
-        EXPECT_EQ(a.OutsideVelocity[k].AirwayNo, b.OutsideVelocity[k].AirwayNo);
-        EXPECT_EQ(a.OutsideVelocity[k].Velocity, b.OutsideVelocity[k].Velocity);
-    }
-    EXPECT_EQ(a.Errors, b.Errors);
+    for (std::size_t k = 0; k < a.OutsideVelocity.size(); ++k)
+        EXPECT_EQ(std::tie(a.OutsideVelocity[k].AirwayNo, a.OutsideVelocity[k].Velocity),
+                  std::tie(b.OutsideVelocity[k].AirwayNo, b.OutsideVelocity[k].Velocity));
     ASSERT_EQ(a.Messages.size(), b.Messages.size());
     for (std::size_t k = 0; k < a.Messages.size(); ++k) EXPECT_EQ(a.Messages[k].Text, b.Messages[k].Text);
 }
@@ -182,8 +173,8 @@ TEST(Study, GeneratorsWriteOneScenarioPerCase) {
     // A sweep of one step takes its first value; a sweep downwards counts down.
     const script::Study down = Read("vary " + sa + " Length 30 10 3\nvary " + sb + " Length 7.5 99 1\n");
     ASSERT_EQ(down.Scenarios.size(), 4u);
-    EXPECT_EQ(down.Scenarios[1].Name, sa + " Length=20");
-    EXPECT_EQ(down.Scenarios[3].Text, "set " + sb + " Length=7.5\n");
+    EXPECT_EQ(std::make_tuple(down.Scenarios[1].Name, down.Scenarios[3].Text),
+              std::make_tuple(sa + " Length=20", "set " + sb + " Length=7.5\n"));
 }
 
 // A study of every kind of scenario, one of which cannot carry out its line.
@@ -234,10 +225,10 @@ TEST(Study, ResultsEqualTheOracleWhateverTheWorkers) {
             copy.ShowProgress = 0;
             simulate::RunAirflow(copy, ui);
         }
-        EXPECT_EQ(one[k].SimValid, copy.SimValid != 0);
-        EXPECT_EQ(one[k].SimFail, copy.SimFail != 0);
-        EXPECT_EQ(one[k].Totals.TotalAirflow, simulate::Summarize(copy).TotalAirflow);
-        EXPECT_EQ(one[k].Totals.InputPowerKW, simulate::Summarize(copy).InputPowerKW);
+        EXPECT_EQ(
+            std::make_tuple(one[k].SimValid, one[k].SimFail, one[k].Totals.TotalAirflow, one[k].Totals.InputPowerKW),
+            std::make_tuple(copy.SimValid != 0, copy.SimFail != 0, simulate::Summarize(copy).TotalAirflow,
+                            simulate::Summarize(copy).InputPowerKW));
         for (const auto& [no, q] : one[k].Watched) {
             ASSERT_TRUE(q.has_value());
             for (std::int32_t row = 1; row <= copy.AirwayCount; ++row)
