@@ -72,9 +72,8 @@ TEST_F(Cli, ConvertWritesTheSameFileAgain) {
 
 TEST_F(Cli, GenerateIsReproducibleAndReadsBack) {
     fs::path a = dir_ / "a.sim", b = dir_ / "b.sim", c = dir_ / "c.sim";
-    ASSERT_EQ(Run(Clock + "generate " + Q(a) + " --airways 777 --seed 5 --levels 3").code, 0);
-    ASSERT_EQ(Run(Clock + "generate " + Q(b) + " --airways 777 --seed 5 --levels 3").code, 0);
-    ASSERT_EQ(Run(Clock + "generate " + Q(c) + " --airways 777 --seed 6 --levels 3").code, 0);
+    for (const auto& [file, seed] : {std::pair{a, "5"}, {b, "5"}, {c, "6"}})
+        ASSERT_EQ(Run(Clock + "generate " + Q(file) + " --airways 777 --levels 3 --seed " + seed).code, 0);
     EXPECT_EQ(ReadAll(a), ReadAll(b));
     EXPECT_NE(ReadAll(a), ReadAll(c));
 

@@ -42,16 +42,13 @@ void PrintTest::thePrintDialogWritesThePdfAndStoresItsValues() {
     QTimer::singleShot(0, [&] {
         auto* dialog = qobject_cast<dialogs::PrinterDialog*>(QApplication::activeModalWidget());
         QVERIFY(dialog);
-        auto* list = dialog->findChild<QComboBox*>(QStringLiteral("PrintList"));
-        const int pdfIndex = list->findText(QString::fromLatin1(PdfPrinterName));
-        QVERIFY(pdfIndex >= 0);
-        list->setCurrentIndex(pdfIndex);
-        Q_EMIT list->activated(pdfIndex);
-        auto* sizes = dialog->findChild<QComboBox*>(QStringLiteral("PrintSize"));
-        const int a3 = sizes->findText(QStringLiteral("A3"));
-        QVERIFY(a3 >= 0);
-        sizes->setCurrentIndex(a3);
-        Q_EMIT sizes->activated(a3);
+        for (const auto& [box, text] : {std::pair{"PrintList", PdfPrinterName}, {"PrintSize", "A3"}}) {
+            auto* list = dialog->findChild<QComboBox*>(QString::fromLatin1(box));
+            const int at = list->findText(QString::fromLatin1(text));
+            QVERIFY(at >= 0);
+            list->setCurrentIndex(at);
+            Q_EMIT list->activated(at);
+        }
         auto* scale = dialog->findChild<QLineEdit*>(QStringLiteral("TxtScale"));
         offeredScale = scale->text();
         scale->setText(QString::number(offeredScale.toInt() * 2));
