@@ -1,6 +1,7 @@
-// Node keys from coordinates and the sort of the airway table by keys. The sort works on an index of keys and then
-// moves each row once, so a network of 30,000 airways sorts in n log n with no copy of the table. Marks and orders live
-// in the scratch columns of the run state, allocated once, so that a run allocates nothing.
+// Node keys from coordinates and the sort of the airway table by keys. The sort works on an
+// index of keys and then moves each row once, so a network of 30,000 airways sorts in n log n
+// with no copy of the table. Marks and orders live in the scratch columns of the run state,
+// allocated once, so that a run allocates nothing.
 #include "model/node_keys.h"
 
 #include <algorithm>
