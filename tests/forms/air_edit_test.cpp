@@ -105,51 +105,6 @@ TEST(AirEdit, ChangeOfShapeKeepsTheMemoValues) {
     EXPECT_EQ(s.Memory.ShapeIndex, ShapeRectangular);
 }
 
-TEST(AirEdit, MultipleSelectionTouchingOnlyTheWallWritesOnlyTheWall) {
-    EditScene s;
-    const std::int32_t a = s.Add(0, 0, 0, 100, 0, 0);
-    const std::int32_t b = s.Add(100, 0, 0, 200, 50, 0);
-    const std::int32_t c = s.Add(200, 50, 0, 200, 50, -80);
-    s.Row(b).BranchCode = bc::Circular;
-    s.Row(b).Width = 3;
-    s.Row(c).BranchCode = bc::AreaEntry | bc::FixedFlow;
-    s.Row(c).Width = 12;
-    s.Row(c).Height = 14;
-    s.Row(c).Quantity = 33;
-    s.Row(a).ResType = 3;
-    s.Row(b).ShockType = 50;
-    s.Row(b).ShockFactor = 17;
-    for (std::int32_t r : {a, b, c}) {
-        RecalcAirway(s.M, r);
-        s.Row(r).BranchCode |= bc::Selected;
-    }
-    const std::vector<Airway> before(s.M.Airways.begin(), s.M.Airways.begin() + 4);
-    ASSERT_TRUE(s.Form.Open(a, AirEditMultiple));
-    EXPECT_EQ(s.Form.Fields().Caption, "Airway Edit - Multiple select (3)");
-    s.Form.SetControl("ChkFixK", "1");
-    s.Form.SetControl("TxtWall", "0.02");
-    EXPECT_EQ(s.Form.SetControl("TxtFlow", "99"), "TxtFlow is not available in a multiple selection");
-    s.Form.Ok();
-    for (std::int32_t r : {a, b, c}) {
-        Airway now = s.Row(r);
-        EXPECT_EQ(std::make_tuple(now.WallType, now.WallFactor), std::make_tuple(CustomPreset, 0.02f));
-        EXPECT_GT(now.Resistance, before[static_cast<std::size_t>(r)].Resistance);
-        // Everything else as it was.
-        now.WallType = before[static_cast<std::size_t>(r)].WallType;
-        now.WallFactor = before[static_cast<std::size_t>(r)].WallFactor;
-        now.Resistance = before[static_cast<std::size_t>(r)].Resistance;
-        now.UndoNo = 0;
-        Airway old = before[static_cast<std::size_t>(r)];
-        old.UndoNo = 0;
-        s.Row(r) = old;
-        const std::string expected = s.Text(r);
-        s.Row(r) = now;
-        EXPECT_EQ(s.Text(r), expected) << "row " << r;
-    }
-    EXPECT_EQ(s.Undo.CurrentStep, 2);
-    EXPECT_EQ(s.Undo.NextUndoRow, 7); // a before and an after entry for each of the three
-}
-
 TEST(AirEdit, MultipleSelectionSizesReachOnlyAirwaysOfTheDialogsShapeUnlessTheShapeIsTouched) {
     for (const bool shapeTouched : {false, true}) {
         EditScene s;

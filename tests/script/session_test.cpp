@@ -200,6 +200,7 @@ TEST(ScriptAirwayLines, SelectThenSetEditsOnlyTheTouchedGroups) {
     EXPECT_TRUE(r.Row(3).Has(bc::Circular));
     EXPECT_NE(r.Row(2).WallType, CustomPreset);
     EXPECT_EQ(r.Script("set " + no(1) + " TxtName=X\n"), "line 1: TxtName is not available in a multiple selection");
+    EXPECT_EQ(r.Script("set " + no(1) + " TxtFlow=3\n"), "line 1: TxtFlow is not available in a multiple selection");
     EXPECT_EQ(r.Script("select\n"), "");
     EXPECT_FALSE(r.Row(1).Has(bc::Selected));
 }
