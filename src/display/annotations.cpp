@@ -74,7 +74,7 @@ AnnotationSizes ComputeAnnotationSizes(const Model& model, double w) {
     return s;
 }
 
-void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface) {
+void DrawAnnotations(const Model& model, DisplayState& ds, Surface& surface) {
     const ViewState& v = ds.View;
     const std::int32_t options = v.DisplayOptions;
     if (options == 0) return;

@@ -82,7 +82,8 @@ double AirwayArea(const Airway& a) {
     return 0;
 }
 
-AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row, bool withUnit) {
+AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row,
+                                  bool withUnit) {
     AirwayValueText out;
     if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return out;
     if (IsNodeDataType(dataType)) return out;

@@ -29,7 +29,8 @@ bool IsNodeDataType(int dataType);
 
 // The value of an airway for a data type; empty for the node types. Without withUnit a fan
 // airway's text carries its fan number in front.
-AirwayValueText FormatAirwayValue(Model& model, const DisplayState& ds, int dataType, std::int32_t row, bool withUnit);
+AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, int dataType, std::int32_t row,
+                                  bool withUnit);
 
 enum class AirwayEnd { From, To };
 

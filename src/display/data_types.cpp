@@ -131,7 +131,7 @@ std::string ViewWindowCaption(const Model& model, const DisplayState& ds, int wi
            std::string(DataValueName(ds.View.DataType));
 }
 
-std::string InfoPopupText(Model& model, const DisplayState& ds, std::int32_t row) {
+std::string InfoPopupText(const Model& model, const DisplayState& ds, std::int32_t row) {
     static constexpr std::array<std::pair<const char*, int>, 10> lines{{{"Q = ", 12},
                                                                         {"Vel = ", 13},
                                                                         {"Res = ", 32},

@@ -45,6 +45,6 @@ std::string LevelListText(const Model& model, const DisplayState& ds);
 std::string ViewWindowCaption(const Model& model, const DisplayState& ds, int windowNumber);
 
 // The text of the info pop-up over an airway, every value with its unit.
-std::string InfoPopupText(Model& model, const DisplayState& ds, std::int32_t row);
+std::string InfoPopupText(const Model& model, const DisplayState& ds, std::int32_t row);
 
 } // namespace karvane::display

@@ -115,7 +115,7 @@ std::string NodeText(const Model& model, const DisplayState& ds, const Airway& a
 }
 
 // The row's texts: node names, node data, and the value lines with the name at the middle.
-void PrintRowText(Model& model, const DisplayState& ds, Surface& page, const Layout& l, const DrawnAirway& d,
+void PrintRowText(const Model& model, const DisplayState& ds, Surface& page, const Layout& l, const DrawnAirway& d,
                   const ClippedLine& c, bool raise, Colour rowColour) {
     const ViewState& v = ds.View;
     const std::int32_t i = d.Airway;
@@ -183,7 +183,7 @@ void PrintRowText(Model& model, const DisplayState& ds, Surface& page, const Lay
 }
 
 // One row of the drawn list: its clipped line, node symbol, arrow, symbols and texts.
-void PrintRow(Model& model, const DisplayState& ds, Surface& page, const Layout& l, const DrawnAirway& d,
+void PrintRow(const Model& model, const DisplayState& ds, Surface& page, const Layout& l, const DrawnAirway& d,
               const std::array<Colour, 7>& printColours) {
     const ViewState& v = ds.View;
     const std::int32_t i = d.Airway;
@@ -322,7 +322,7 @@ void PrintFloatingText(const Model& model, const DisplayState& ds, Surface& page
     }
 }
 
-bool PrintPage(Model& model, DisplayState& ds, Surface& page, const PrintSettings& print, ui::UserInterface& ui) {
+bool PrintPage(const Model& model, DisplayState& ds, Surface& page, const PrintSettings& print, ui::UserInterface& ui) {
     ui.PumpEvents();
     const std::array<Colour, 7> printColours = PrintColours();
     const ViewState& v = ds.View;
@@ -433,7 +433,8 @@ ClippedLine ClipToFrame(double x1, double y1, double x2, double y2, double left,
     return c;
 }
 
-bool PrintNetwork(Model& model, DisplayState& ds, Surface& page, const PrintSettings& print, ui::UserInterface& ui) {
+bool PrintNetwork(const Model& model, DisplayState& ds, Surface& page, const PrintSettings& print,
+                  ui::UserInterface& ui) {
     if (!ds.WindowCurrent) return false;
     bool printed = false;
     try {

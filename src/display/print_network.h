@@ -44,6 +44,7 @@ ClippedLine ClipToFrame(double x1, double y1, double x2, double y2, double left,
 // view's own); ds.ScaleFigure is 0 afterwards, until the next title update. A fault gives
 // "Printing Error" and false. The model is not changed, but the value formatter takes an
 // airway's presets into its row, as everywhere values are shown.
-bool PrintNetwork(Model& model, DisplayState& ds, Surface& page, const PrintSettings& print, ui::UserInterface& ui);
+bool PrintNetwork(const Model& model, DisplayState& ds, Surface& page, const PrintSettings& print,
+                  ui::UserInterface& ui);
 
 } // namespace karvane::display

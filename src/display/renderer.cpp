@@ -135,7 +135,7 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
     }
 }
 
-void RedrawWindow(Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui) {
+void RedrawWindow(const Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui) {
     if (!ds.WindowCurrent || ds.WindowFrozen || ds.MainMinimised || ds.StartingUp) return;
     ds.DrawingBusy = true;
     ui.PumpEvents();
@@ -151,7 +151,7 @@ void RedrawWindow(Model& model, DisplayState& ds, Surface& surface, ui::UserInte
     ds.DrawingBusy = false;
 }
 
-void RedrawLinesOnly(Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui) {
+void RedrawLinesOnly(const Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui) {
     if (!ds.WindowCurrent || ds.WindowFrozen || ds.MainMinimised || ds.StartingUp) return;
     BuildDrawnList(model, ds);
     PrepareSurface(model, ds, surface);

@@ -33,13 +33,13 @@ void DrawGrid(const Model& model, const DisplayState& ds, Surface& surface, ui::
 // The first pass: airway lines.
 void DrawLines(const Model& model, const DisplayState& ds, Surface& surface);
 // The second pass: everything over the lines.
-void DrawAnnotations(Model& model, DisplayState& ds, Surface& surface);
+void DrawAnnotations(const Model& model, DisplayState& ds, Surface& surface);
 
 // The whole pipeline of the current window: drawn list, clear, grid, lines, annotation.
-void RedrawWindow(Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui);
+void RedrawWindow(const Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui);
 // The lines-only picture of an interactive gesture: drawn list, clear, grid without labels
 // while panning, lines, refresh.
-void RedrawLinesOnly(Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui);
+void RedrawLinesOnly(const Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui);
 // After a change of the network: display list, projection and a full redraw.
 void RedrawAfterChange(Model& model, DisplayState& ds, Surface& surface, ui::UserInterface& ui);
 

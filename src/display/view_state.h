@@ -133,7 +133,7 @@ public:
     // Whether the real-time input is active.
     virtual bool Active() const = 0;
     // The lines for the airway's station, top line first.
-    virtual std::vector<StationLabelLine> LabelLines(Model& model, std::int32_t row) = 0;
+    virtual std::vector<StationLabelLine> LabelLines(const Model& model, std::int32_t row) = 0;
 };
 
 struct DisplayState {

@@ -26,10 +26,9 @@ std::string MainWindowCaption(const Model& model, const DisplayState& ds) {
     return caption;
 }
 
-void UpdateWindowTitle(Model& model, DisplayState& ds) {
+void UpdateWindowTitle(const Model& model, DisplayState& ds) {
     ds.ScaleFigure = ScaleFigureOf(ds);
     ds.Labels.Caption = MainWindowCaption(model, ds);
-    model.WindowTitle = ds.Labels.Caption;
 }
 
 CursorPosition ShowCursorCoordinates(const Model& model, DisplayState& ds, float curX, float curY) {

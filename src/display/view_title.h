@@ -15,7 +15,7 @@ float ScaleFigureOf(const DisplayState& ds);
 // "KARVANE [name  note] [Scale = 1:n]"
 std::string MainWindowCaption(const Model& model, const DisplayState& ds);
 // Refreshes ScaleFigure and the caption.
-void UpdateWindowTitle(Model& model, DisplayState& ds);
+void UpdateWindowTitle(const Model& model, DisplayState& ds);
 
 // The cursor's world position for the three coordinate labels, in the display's length unit.
 // In a plan view the unrounded pair is kept for the fence and the tools.

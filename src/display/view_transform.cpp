@@ -321,7 +321,7 @@ void RefreshAspect(DisplayState& ds) {
     }
 }
 
-bool FitView(Model& model, DisplayState& ds, ui::UserInterface& ui) {
+bool FitView(const Model& model, DisplayState& ds, ui::UserInterface& ui) {
     if (ds.MainMinimised || !ds.WindowCurrent) return false;
     ViewState& v = ds.View;
     v.RotCentreSet = 1;

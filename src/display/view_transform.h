@@ -52,7 +52,7 @@ void RotationCentreMeanOfNetwork(const Model& model, DisplayState& ds);
 void RotationCentreOfWhatIsSeen(const Model& model, DisplayState& ds);
 
 // Fits the view box to the displayed airways with a margin. False when nothing was fitted.
-bool FitView(Model& model, DisplayState& ds, ui::UserInterface& ui);
+bool FitView(const Model& model, DisplayState& ds, ui::UserInterface& ui);
 
 // Sets the box size held between 20 and 1e7 wide, recentred, and returns the note of a limit
 // reached ("Minimum Scaling Reached", "Maximum Scaling Reached") or an empty text. Nothing is

@@ -24,49 +24,61 @@ struct Section {
     float Perimeter = 0;
 };
 
+// What RecalcAirway stores into an airway and works on, computed without writing: the pure
+// part shared by RecalcAirway and FrictionResistance, so that both round alike.
+struct Worked {
+    Section Shape;          // from the shape bits, before the services reduction and the floor
+    float Height = 0;       // a circular airway has no height: 0
+    float WallFactor = 0;   // from the preset table where the airway names a preset
+    float ShockFactor = 0;  // likewise, for the built-in shock rows
+    float StoredLength = 0; // whole metres, or the fixed length as it stands
+    float Length = 0;       // the unrounded geometric length (the fixed one if fixed)
+};
+
 // Area and perimeter from the shape bits, tested in a fixed order so that a later bit wins.
-// A circular airway has no height: it is stored as 0.
-Section AirwaySection(Airway& a) {
+// The rectangle and area entry read the height as stored after the circle has cleared it.
+Section AirwaySection(const Airway& a, float& height) {
     Section s;
+    height = a.Height;
     if (a.Has(bc::Circular)) {
         const double d = a.Width;
         s.Area = static_cast<float>(d * d * ResistancePi / 4.0);
         s.Perimeter = static_cast<float>(d * ResistancePi);
-        a.Height = 0;
+        height = 0;
     }
     if (a.Has(bc::Rectangular)) {
-        s.Area = static_cast<float>(static_cast<double>(a.Height) * a.Width);
-        s.Perimeter = static_cast<float>(2.0 * a.Width + 2.0 * a.Height);
+        s.Area = static_cast<float>(static_cast<double>(height) * a.Width);
+        s.Perimeter = static_cast<float>(2.0 * a.Width + 2.0 * height);
     }
     if (a.Has(bc::AreaEntry)) {
         s.Area = a.Width;
-        s.Perimeter = a.Height;
+        s.Perimeter = height;
     }
     return s;
 }
 
-// Friction factor and shock length from the presets. Shock presets beyond the five built-in
-// rows are copied into the airway when chosen in the editor, so only indices below 6 follow
-// the table here; a later change of such a preset reaches the airway through the editor.
-void TakePresets(const Model& model, Airway& a) {
-    if (IsPresetIndex(a.WallType)) a.WallFactor = model.Preset.WallPreset[a.WallType];
-    if (a.ShockType >= 0 && a.ShockType < 6) a.ShockFactor = model.Preset.ShockPreset[a.ShockType];
-}
-
-// The geometric length, worked on the coordinate differences (in 64 bits, so that no pair of
-// stored coordinates can overflow), stored single precision. Unless the length is fixed, the
+// Friction factor and shock length come from the presets. Shock presets beyond the five
+// built-in rows are copied into the airway when chosen in the editor, so only indices below 6
+// follow the table here; a later change of such a preset reaches the airway through the editor.
+// The geometric length is worked on the coordinate differences (in 64 bits, so that no pair
+// of stored coordinates can overflow), single precision. Unless the length is fixed, the
 // stored Length is its whole metres, while the unrounded value goes on into the resistance.
-float AirwayLength(Airway& a) {
+Worked WorkAirway(const Model& model, const Airway& a) {
+    Worked w;
+    w.Shape = AirwaySection(a, w.Height);
+    w.WallFactor = IsPresetIndex(a.WallType) ? model.Preset.WallPreset[a.WallType] : a.WallFactor;
+    w.ShockFactor = a.ShockType >= 0 && a.ShockType < 6 ? model.Preset.ShockPreset[a.ShockType] : a.ShockFactor;
     const double dx = static_cast<double>(static_cast<std::int64_t>(a.X2) - a.X1);
     const double dy = static_cast<double>(static_cast<std::int64_t>(a.Y2) - a.Y1);
     const double dz = static_cast<double>(static_cast<std::int64_t>(a.Z2) - a.Z1);
-    float length = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
+    w.Length = static_cast<float>(std::sqrt(dx * dx + dy * dy + dz * dz));
     if (a.Has(bc::FixedLength)) {
-        length = a.Length;
+        w.Length = a.Length;
+        w.StoredLength = a.Length;
     } else {
-        a.Length = std::floor(length);
+        w.StoredLength = std::floor(w.Length);
     }
-    return length;
+    return w;
 }
 
 // The Atkinson resistance R = k P L rho / (A^3 x 1.2): the friction factor k is quoted at the
@@ -87,19 +99,20 @@ void RecalcAirway(Model& model, std::int32_t row) {
     float presetRes = 0;
     if (a.ResType > 0 && a.ResType <= CustomPreset) presetRes = model.Preset.ResPreset[a.ResType];
 
-    Section s = AirwaySection(a);
+    const Worked w = WorkAirway(model, a);
+    a.Height = w.Height;
+    a.WallFactor = w.WallFactor;
+    a.ShockFactor = w.ShockFactor;
+    a.Length = w.StoredLength;
+    Section s = w.Shape;
     if (a.Has(bc::Services)) s.Area = static_cast<float>(s.Area - ServicesArea);
     if (s.Area <= 0) s.Area = LeastArea;
 
-    TakePresets(model, a);
-    const float k = a.WallFactor;
-
-    float length = AirwayLength(a);
     if (a.ResType == CustomPreset) return; // the user's own resistance stands as entered
 
-    length = static_cast<float>(static_cast<double>(length) + a.ShockFactor);
+    const float length = static_cast<float>(static_cast<double>(w.Length) + a.ShockFactor);
 
-    a.Resistance = static_cast<float>(Atkinson(k, s.Perimeter, length, model.Set.Density, s.Area));
+    a.Resistance = static_cast<float>(Atkinson(a.WallFactor, s.Perimeter, length, model.Set.Density, s.Area));
     if (a.Resistance == 0.0f) a.Resistance = LeastResistance;
 
     if (model.Set.PresetResOverride == 1) {
@@ -119,17 +132,13 @@ void RecalcAllAirways(Model& model) {
     for (std::int32_t row = 1; row <= last; ++row) RecalcAirway(model, row);
 }
 
-double FrictionResistance(Model& model, std::int32_t row) {
+double FrictionResistance(const Model& model, std::int32_t row) {
     if (!ValidRow(model, row)) return 0;
-    Airway& a = model.Airways[row];
-
-    Section s = AirwaySection(a);
+    const Worked w = WorkAirway(model, model.Airways[row]);
+    Section s = w.Shape;
     if (s.Area <= 0) s.Area = LeastArea;
-
-    TakePresets(model, a);
-    float length = AirwayLength(a);
-    length = static_cast<float>(static_cast<double>(length) + a.ShockFactor);
-    return Atkinson(a.WallFactor, s.Perimeter, length, model.Set.Density, s.Area);
+    const float length = static_cast<float>(static_cast<double>(w.Length) + w.ShockFactor);
+    return Atkinson(w.WallFactor, s.Perimeter, length, model.Set.Density, s.Area);
 }
 
 float OrificeAirwayArea(const Airway& airway) {

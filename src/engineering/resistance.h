@@ -33,9 +33,10 @@ void RecalcAllAirways(Model& model);
 
 // The friction part of an airway's resistance alone (no services reduction, no floor, no
 // preset resistance, no division by parallel airways), as a double. It gives a value for a
-// custom-resistance airway too. Side effects on Height, WallFactor, ShockFactor and Length
-// are those of RecalcAirway. 0 for a row outside 1..MaxAirways.
-double FrictionResistance(Model& model, std::int32_t row);
+// custom-resistance airway too. It reads the airway as RecalcAirway would bring it up to date
+// (presets, height of a circular airway, length from the end points) without writing to it.
+// 0 for a row outside 1..MaxAirways.
+double FrictionResistance(const Model& model, std::int32_t row);
 
 // Area of an airway from its stored Height and Width as the orifice calculator takes it:
 // Height x Width, the circle of diameter Width for a circular airway, or Width itself for

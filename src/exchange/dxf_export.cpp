@@ -114,7 +114,7 @@ std::string DateStamp(const ui::DateTime& t) {
 }
 
 // One airway with its arrow, names, data value and node circle.
-void WriteAirway(DxfWriter& dxf, Model& model, const display::DisplayState& ds, std::int32_t row, const Point3& a,
+void WriteAirway(DxfWriter& dxf, const Model& model, const display::DisplayState& ds, std::int32_t row, const Point3& a,
                  const Point3& b, int colour, bool arrowAlways) {
     const Settings& s = model.Set;
     const Airway& airway = model.Airways[static_cast<std::size_t>(row)];
@@ -135,7 +135,7 @@ void WriteAirway(DxfWriter& dxf, Model& model, const display::DisplayState& ds, 
     if (s.DxfNodeCircle > 0) dxf.Circle(layer::Nodes, b, s.DxfNodeCircle);
 }
 
-bool WriteDxf(Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui,
+bool WriteDxf(const Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui,
               bool screen) {
     ui.SetBusy(true);
     files::TextFileWriter out;
@@ -229,11 +229,13 @@ int ScreenDxfColour(const Model& model, display::Colour drawn) {
     return colour;
 }
 
-bool ExportDxfTrue(Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui) {
+bool ExportDxfTrue(const Model& model, const display::DisplayState& ds, const std::string& file,
+                   ui::UserInterface& ui) {
     return WriteDxf(model, ds, file, ui, false);
 }
 
-bool ExportDxfScreen(Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui) {
+bool ExportDxfScreen(const Model& model, const display::DisplayState& ds, const std::string& file,
+                     ui::UserInterface& ui) {
     return WriteDxf(model, ds, file, ui, true);
 }
 

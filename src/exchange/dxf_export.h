@@ -54,12 +54,13 @@ void ApplyExport(Model& model, const ExportFields& fields);
 // the current unit system; sizes are taken as they stand. Floating text is written in a plan
 // view with floating text shown. Returns whether the file was written; a failure tells the user
 // "Error exporting File" and leaves any file that was there as it was.
-bool ExportDxfTrue(Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui);
+bool ExportDxfTrue(const Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui);
 
 // Writes the screen form: the comment block first, the airways of the drawn list at their
 // window coordinates (y negated, z 0), colours from the drawn colours, every arrow. The caller
 // builds the drawn list before (a redraw does) and redraws afterwards.
-bool ExportDxfScreen(Model& model, const display::DisplayState& ds, const std::string& file, ui::UserInterface& ui);
+bool ExportDxfScreen(const Model& model, const display::DisplayState& ds, const std::string& file,
+                     ui::UserInterface& ui);
 
 // The DXF colour number of a drawn colour: Colours(0) 3, (1) 1, (2) 4, (3) 5, (4) 0, (5) 1,
 // (6) 7, (7) 6, the last match standing; a colour none of them matches (a dimmed or selected

@@ -88,13 +88,19 @@ void ApplyStationFlow(Model& model, std::int32_t row) {
     }
 }
 
-std::vector<display::StationLabelLine> StationMonitor::LabelLines(Model& model, std::int32_t row) {
+void ApplyStationFlows(Model& model) {
+    if (!model.Stations.InputActive) return;
+    for (std::int32_t row = 1; row <= CheckedAirwayCount(model); ++row) {
+        if (model.Airways[static_cast<std::size_t>(row)].RemoteStation != 0) ApplyStationFlow(model, row);
+    }
+}
+
+std::vector<display::StationLabelLine> StationMonitor::LabelLines(const Model& model, std::int32_t row) {
     std::vector<display::StationLabelLine> lines;
     if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return lines;
     const int s = model.Airways[static_cast<std::size_t>(row)].RemoteStation;
     const Station* st = StationOf(model, s);
     if (!st) return lines;
-    ApplyStationFlow(model, row);
 
     const std::string time = TrimText(st->StationText[2]);
     lines.push_back({"   " + TrimText(st->StationName) + (time.empty() ? "" : " " + time), StationNameColour});
@@ -119,6 +125,7 @@ TickResult ReadStations(Model& model, ui::UserInterface& ui, StationMonitor& mon
         ui.Message(StationFileErrorText, ProgramName, ui::Icon::Exclamation);
         return TickResult::Failed;
     }
+    ApplyStationFlows(model);
     if (!hooks.Busy()) {
         monitor.AlarmSoundAllowed = true;
         hooks.RedrawViews();
@@ -154,6 +161,7 @@ TickResult WriteResults(Model& model, ui::UserInterface& ui, StationHooks& hooks
 
 std::int32_t ActivateInput(Model& model, ui::UserInterface& ui, StationMonitor& monitor, StationHooks& hooks, bool on) {
     model.Stations.InputActive = on;
+    ApplyStationFlows(model);
     // A reading redraws by itself; otherwise the views are redrawn here.
     if (!on || ReadStations(model, ui, monitor, hooks) != TickResult::Done) hooks.RedrawViews();
     return on ? files::StationTimerIntervalMs(model.Stations.InputSeconds) : 0;
@@ -231,6 +239,7 @@ void StoreRemote(Model& model, const RemoteFields& f) {
     table.Resimulate = f.ChkResim ? -1 : 0;
     table.InputSeconds = ParseLeadingNumber(f.TxtTimer);
     table.AlarmsOn = f.ChkAlarm ? -1 : 0;
+    ApplyStationFlows(model);
 }
 
 void ScrollStation(Model& model, RemoteFields& f, int station, char sep) {

@@ -62,7 +62,7 @@ std::string TextExportLine(const Model& model, std::int32_t row, char sep) {
     return line;
 }
 
-bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui) {
+bool ExportText(const Model& model, const std::string& file, ui::UserInterface& ui) {
     ui.SetBusy(true);
     const char sep = ui.DecimalSeparator();
     files::TextFileWriter out;

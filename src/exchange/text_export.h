@@ -22,7 +22,7 @@ inline constexpr std::array<const char*, 16> TextExportHeadings{
 // full 40 characters, height, width and the airway number, numbers in padded form with the
 // machine's decimal separator. Returns whether the file was written; a failure tells the user
 // "Error exporting File" and leaves any file that was there as it was.
-bool ExportText(Model& model, const std::string& file, ui::UserInterface& ui);
+bool ExportText(const Model& model, const std::string& file, ui::UserInterface& ui);
 
 // The text of one airway's line, without its line end.
 std::string TextExportLine(const Model& model, std::int32_t row, char sep);

@@ -19,7 +19,7 @@ constexpr double kCardPi = 3.1415927; // the area of a circular airway on the ca
 
 class CardWriter {
 public:
-    CardWriter(Model& model, char sep) : m_(model), sep_(sep) {}
+    CardWriter(const Model& model, char sep) : m_(model), sep_(sep) {}
     std::string V(double value, int unitClass) const {
         return display::FormatValue(m_, value, unitClass, true, false, sep_);
     }
@@ -31,7 +31,7 @@ public:
     }
 
 private:
-    Model& m_;
+    const Model& m_;
     char sep_;
 };
 
@@ -59,7 +59,7 @@ std::string Coordinates(const Model& m, std::int32_t x, std::int32_t y, std::int
     return "X " + n(x, false) + "  Y " + n(y, false) + "  Z " + n(z, true);
 }
 
-void FillGraph(Model& m, std::int32_t row, const FanRecord& fan, AirInfoCard& card, char sep) {
+void FillGraph(const Model& m, std::int32_t row, const FanRecord& fan, AirInfoCard& card, char sep) {
     const Airway& a = m.Airways[static_cast<std::size_t>(row)];
     FanGraph& g = card.Graph;
     const double n = a.NoOfFans > 0 ? a.NoOfFans : 1;
@@ -100,7 +100,7 @@ void FillGraph(Model& m, std::int32_t row, const FanRecord& fan, AirInfoCard& ca
 
 } // namespace
 
-AirInfoCard FillAirInfo(Model& m, std::int32_t row, char sep) {
+AirInfoCard FillAirInfo(const Model& m, std::int32_t row, char sep) {
     AirInfoCard card;
     if (row < 1 || row > m.AirwayCount || static_cast<std::size_t>(row) >= m.Airways.size()) return card;
     if (m.Airways[static_cast<std::size_t>(row)].BranchCode == 0) return card;

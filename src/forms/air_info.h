@@ -49,7 +49,7 @@ struct AirInfoCard {
 
 // Fills the card for airway `row` from what the airway holds (after a run, its results).
 // An empty card (Row 0) for a row outside the network.
-AirInfoCard FillAirInfo(Model& model, std::int32_t row, char decimalSep);
+AirInfoCard FillAirInfo(const Model& model, std::int32_t row, char decimalSep);
 
 // The coordinate box the graph is drawn in: the square and a margin for its captions.
 inline constexpr float GraphLeft = -110, GraphTop = -70, GraphWidth = 1300, GraphHeight = 1140;

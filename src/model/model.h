@@ -63,7 +63,6 @@ struct Model {
     StationTable Stations;
 
     // Network-wide values.
-    std::string WindowTitle = ProgramName; // the main window's title bar
     std::string FileName;
     std::string FileComment;
     std::string FileNote;

@@ -50,7 +50,6 @@ void ClearNetwork(Model& model) {
     AllocateNetwork(model);
     model.AirwayCount = 0;
     model.FileComment.clear();
-    model.WindowTitle = ProgramName;
     // A search does not go on into another network.
     model.Find.FindKind = find::None;
     model.Find.FindFrom = 0;

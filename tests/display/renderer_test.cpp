@@ -43,7 +43,7 @@ struct Drive : Scene {
 class TwoLineStation : public StationLabels {
 public:
     bool Active() const override { return On; }
-    std::vector<StationLabelLine> LabelLines(Model&, std::int32_t) override {
+    std::vector<StationLabelLine> LabelLines(const Model&, std::int32_t) override {
         return {{"   Fan house", Rgb(255, 255, 255)}, {"Q  12.0m3/s", Rgb(255, 0, 0)}};
     }
     bool On = false;

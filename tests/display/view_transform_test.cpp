@@ -279,7 +279,6 @@ TEST(ViewTitle, ScaleFigureCaptionAndCoordinates) {
     UpdateWindowTitle(s.M, s.Ds);
     EXPECT_EQ(s.Ds.ScaleFigure, 5500);
     EXPECT_EQ(s.Ds.Labels.Caption, "KARVANE [/mines/north.sim  Stage 3] [Scale = 1:5500]");
-    EXPECT_EQ(s.M.WindowTitle, s.Ds.Labels.Caption);
     s.M.FileName.clear();
     s.M.FileComment.clear();
     UpdateWindowTitle(s.M, s.Ds);

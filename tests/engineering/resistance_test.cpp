@@ -212,6 +212,47 @@ TEST_F(ResistanceTest, FrictionPartAlone) {
     EXPECT_EQ(FrictionResistance(model, -4), 0.0);
 }
 
+// The friction part reads a stale airway as RecalcAirway would bring it up to date, and
+// leaves the airway untouched: on an airway with no services, preset resistance or parallel
+// count, its value rounded to single precision is the resistance RecalcAirway stores.
+TEST_F(ResistanceTest, FrictionPartReadsStaleAirwayWithoutWriting) {
+    struct Case {
+        const char* Name;
+        std::int32_t Shape;
+        float Height, Width;
+        std::int16_t WallType, ShockType;
+        float WallFactor, ShockFactor, Length;
+    };
+    const Case cases[] = {
+        {"circular with a stale height", bc::Circular, 9, 4, 5, 2, 0.3f, 1, 3},
+        {"circle and rectangle: height cleared first", bc::Circular | bc::Rectangular, 9, 4, 4, 3, 0, 0, 0},
+        {"area entry: height is the perimeter", bc::AreaEntry, 11, 20, -1, -1, 0.02f, 7, 50},
+        {"fixed length stands", bc::Rectangular | bc::FixedLength, 3, 4, 4, 7, 0.5f, 2, 250},
+        {"shock row beyond the built-in ones", bc::Rectangular, 3, 4, 5, 7, 0, 12, 0},
+    };
+    for (const Case& c : cases) {
+        Airway& a = Drive();
+        a.BranchCode = c.Shape;
+        a.Height = c.Height;
+        a.Width = c.Width;
+        a.WallType = c.WallType;
+        a.ShockType = c.ShockType;
+        a.WallFactor = c.WallFactor;
+        a.ShockFactor = c.ShockFactor;
+        a.Length = c.Length;
+        a.X2 = 123;
+        a.Y2 = -45;
+        a.Z2 = 6;
+        a.NoAirways = 1;
+        const Airway stale = a;
+        const double r = FrictionResistance(model, 1);
+        EXPECT_EQ(a, stale) << c.Name;
+        RecalcAirway(model, 1);
+        EXPECT_EQ(static_cast<float>(r), a.Resistance) << c.Name;
+        EXPECT_EQ(FrictionResistance(model, 1), r) << c.Name;
+    }
+}
+
 TEST_F(ResistanceTest, AllAirwaysUpToTheCount) {
     Drive();
     model.Airways[2] = model.Airways[1];
