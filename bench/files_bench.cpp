@@ -63,8 +63,7 @@ void BM_LoadNetwork(benchmark::State& state) {
     ui::ScriptedUserInterface quiet;
     quiet.DefaultAnswer = ui::Answer::No;
     for (auto _ : state) {
-        model->FileName = mine.Path;
-        files::LoadNetwork(*model, quiet);
+        files::LoadNetwork(*model, mine.Path, quiet);
     }
     state.counters["airways"] = static_cast<double>(model->AirwayCount);
     state.counters["messages"] = static_cast<double>(quiet.Transcript.size());
@@ -77,8 +76,7 @@ void BM_KeysSortConnections(benchmark::State& state) {
     SetBuiltInSettings(*model);
     ui::ScriptedUserInterface quiet;
     quiet.DefaultAnswer = ui::Answer::No;
-    model->FileName = mine.Path;
-    files::LoadNetwork(*model, quiet);
+    files::LoadNetwork(*model, mine.Path, quiet);
     std::vector<Airway> rows(model->Airways.begin(), model->Airways.begin() + model->AirwayCount + 1);
     std::reverse(rows.begin() + 1, rows.end()); // out of key order, as a file may be
     const std::int32_t count = model->AirwayCount;

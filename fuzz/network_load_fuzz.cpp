@@ -9,9 +9,8 @@ using namespace karvane;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::DecliningUser ui;
     Model model;
-    model.FileName = fuzz::WriteInput("network.sim", data, size);
     files::LoadOptions options;
     options.MaxRetries = 1;
-    files::LoadNetwork(model, ui, options);
+    files::LoadNetwork(model, fuzz::WriteInput("network.sim", data, size), ui, options);
     return 0;
 }

@@ -9,10 +9,10 @@ using namespace karvane;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     fuzz::DecliningUser ui;
     Model model;
-    model.FileName = KARVANE_FUZZ_MERGE_BASE;
     files::LoadOptions options;
     options.MaxRetries = 1;
-    if (!files::LoadNetwork(model, ui, options)) fuzz::Fail("the base network of the merge does not load");
+    if (!files::LoadNetwork(model, KARVANE_FUZZ_MERGE_BASE, ui, options))
+        fuzz::Fail("the base network of the merge does not load");
     ui.FilePaths.push_back(fuzz::WriteInput("merged.sim", data, size));
     files::MergeNetwork(model, ui);
     return 0;

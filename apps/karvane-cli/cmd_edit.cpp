@@ -32,11 +32,10 @@ int Edit(CommandLine& cl, const EditOptions& o) {
 
     s.StartProgram();
     Model& m = s.model();
-    m.FileName = o.In;
     files::LoadReport report;
     files::LoadOptions options;
     options.Report = &report;
-    if (!files::LoadNetwork(m, s.ui(), options)) return ExitFailure;
+    if (!files::LoadNetwork(m, o.In, s.ui(), options)) return ExitFailure;
 
     script::Session session(m, s.ui());
     session.ShowNetwork(report);

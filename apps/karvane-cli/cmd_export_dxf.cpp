@@ -40,11 +40,10 @@ int ExportDxf(const CommandLine& cl, const ExportDxfOptions& o) {
     ui::ConsoleUserInterface& ui = s.ui();
     s.StartProgram();
     Model& m = s.model();
-    m.FileName = o.File;
     files::LoadReport report;
     files::LoadOptions options;
     options.Report = &report;
-    files::LoadNetwork(m, ui, options);
+    files::LoadNetwork(m, o.File, ui, options);
     if (!report.NetworkChanged) return ExitFailure;
 
     exchange::ExportFields fields = exchange::FillExport(m);

@@ -202,10 +202,9 @@ int RunStudyCommand(CommandLine& cl, const StudyArgs& a) {
     files::LoadReport report;
     {
         s.StartProgram();
-        s.model().FileName = a.Base;
         files::LoadOptions options;
         options.Report = &report;
-        if (!files::LoadNetwork(s.model(), s.ui(), options)) return ExitFailure;
+        if (!files::LoadNetwork(s.model(), a.Base, s.ui(), options)) return ExitFailure;
         // Every scenario copies the base network, and with it the solver.
         ApplySolver(a.Solver, s.model());
     }

@@ -49,9 +49,8 @@ void Session::StartProgram() {
 
 bool Session::Load(const std::string& path) {
     StartProgram();
-    model_->FileName = path;
     model_->MasterFile = EndsWithNoCase(path, "SMM");
-    return files::LoadNetwork(*model_, *ui_);
+    return files::LoadNetwork(*model_, path, *ui_);
 }
 
 bool Session::Save(const std::string& path) {

@@ -43,11 +43,10 @@ std::unique_ptr<display::DisplayState> SetUpView(Session& s, const ViewRequest& 
     ui::ConsoleUserInterface& ui = s.ui();
     s.StartProgram();
     Model& m = s.model();
-    m.FileName = o.File;
     files::LoadReport report;
     files::LoadOptions options;
     options.Report = &report;
-    files::LoadNetwork(m, ui, options);
+    files::LoadNetwork(m, o.File, ui, options);
     if (!report.NetworkChanged) return nullptr;
 
     if (o.Simulate) {

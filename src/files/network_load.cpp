@@ -73,13 +73,15 @@ enum class Outcome { Completed, Refused, Ended };
 
 class NetworkLoader {
 public:
-    NetworkLoader(Model& model, ui::UserInterface& ui, const LoadOptions& options, LoadReport& report)
+    NetworkLoader(Model& model, const std::string& path, ui::UserInterface& ui, const LoadOptions& options,
+                  LoadReport& report)
         : m_(model),
+          path_(path),
           ui_(ui),
           opt_(options),
           rep_(report),
           sep_(ui.DecimalSeparator()) {
-        firstRow_ = std::max<std::int32_t>(1, model.FirstLoadRow);
+        firstRow_ = std::max<std::int32_t>(1, options.FirstLoadRow);
         merging_ = firstRow_ > 1;
         rlOffset_ = merging_ ? std::clamp<std::int32_t>(options.RLOffset, 0, LevelRows) : 0;
         rep_.FirstNewRow = firstRow_;
@@ -125,6 +127,7 @@ private:
     void Split(const std::string& line) { SplitFields(v_, line, f_); }
 
     Model& m_;
+    const std::string& path_;
     ui::UserInterface& ui_;
     const LoadOptions& opt_;
     LoadReport& rep_;
@@ -178,7 +181,7 @@ Outcome NetworkLoader::Run() {
     if (m_.SavedViews.size() < static_cast<std::size_t>(SavedViewSlots)) m_.SavedViews.resize(SavedViewSlots);
     m_.SavedViews[0].ViewName.clear();
 
-    const std::string& name = m_.FileName;
+    const std::string& name = path_;
     if (!name.empty()) TouchRecentFile(m_, ui_, name, !opt_.Recovery);
     m_.Set.SurfaceRL = 99999;
 
@@ -591,18 +594,22 @@ void NetworkLoader::Rebuild() {
 
 } // namespace
 
-bool LoadNetwork(Model& model, ui::UserInterface& ui, const LoadOptions& options) {
+bool LoadNetwork(Model& model, const std::string& path, ui::UserInterface& ui, const LoadOptions& options) {
     LoadReport local;
     LoadReport& report = options.Report ? *options.Report : local;
     report = LoadReport{};
 
-    NetworkLoader loader(model, ui, options, report);
+    // The copy of the path outlives a path that names the model's own FileName.
+    const std::string name = path;
+    const bool merging = options.FirstLoadRow > 1;
+    if (!merging) model.FileName = name;
+    NetworkLoader loader(model, name, ui, options, report);
     const Outcome outcome = loader.Run();
     report.NetworkChanged = loader.Touched();
     if (outcome == Outcome::Refused && !loader.Touched()) {
         // Nothing of the network in memory changed, but a save must never go to the file that
         // could not be read.
-        model.FileName.clear();
+        if (!merging) model.FileName.clear();
         return false;
     }
     if (loader.Touched()) loader.Rebuild();
@@ -611,8 +618,9 @@ bool LoadNetwork(Model& model, ui::UserInterface& ui, const LoadOptions& options
         report.Completed = !report.AirwaysCut;
         return true;
     }
-    // Ended by the handler: what was read stays, under no name and marked unsaved.
-    model.FileName.clear();
+    // Ended by the handler: what was read stays, under no name (a merge: the network's own)
+    // and marked unsaved.
+    if (!merging) model.FileName.clear();
     if (loader.Touched()) model.NetworkSaved = No0;
     ui.SetBusy(false);
     return false;
@@ -631,11 +639,10 @@ bool OpenNetworkDialog(Model& model, ui::UserInterface& ui, const LoadOptions& o
     ui.SetBusy(true);
     const std::string oldName = model.FileName;
     const bool oldMaster = model.MasterFile;
-    model.FileName = *choice;
     LoadReport local;
     LoadOptions opts = options;
     if (!opts.Report) opts.Report = &local;
-    const bool read = LoadNetwork(model, ui, opts);
+    const bool read = LoadNetwork(model, *choice, ui, opts);
     if (!opts.Report->NetworkChanged) {
         model.FileName = oldName;
         model.MasterFile = oldMaster;
@@ -655,16 +662,13 @@ void MergeNetwork(Model& model, ui::UserInterface& ui) {
             options.RLOffset = i + 1;
             break;
         }
+    options.FirstLoadRow = firstNew;
     LoadReport report;
     options.Report = &report;
-    const std::string keptName = model.FileName;
-    const bool keptMaster = model.MasterFile;
     std::int32_t highest = model.Set.LastAirwayNo;
     for (std::int32_t row = 1; row < firstNew; ++row) highest = std::max(highest, model.Airways[Index(row)].AirwayNo);
 
-    model.FirstLoadRow = firstNew;
     OpenNetworkDialog(model, ui, options);
-    model.FirstLoadRow = 1;
     if (!report.NetworkChanged) return;
 
     // A level that both networks have stays once.
@@ -682,8 +686,6 @@ void MergeNetwork(Model& model, ui::UserInterface& ui) {
         model.Set.LastAirwayNo = highest < INT32_MAX ? highest + 1 : highest;
         NumberAirways(model, firstNew, false);
         model.Set.LastAirwayNo -= 1;
-        model.FileName = keptName;
-        model.MasterFile = keptMaster;
         model.NetworkSaved = No0;
     }
     BuildNodeKeys(model, ui);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "model/model.h"
 #include "ui/user_interface.h"
@@ -35,6 +36,9 @@ struct LoadReport {
 struct LoadOptions {
     // The recovery file: it goes to the front of the recent files without being searched for.
     bool Recovery = false;
+    // The row the file's airways start at. Above 1 the file is merged: its rows are appended
+    // there, and its header, settings, views and layers are passed over.
+    std::int32_t FirstLoadRow = 1;
     // Merging: the levels of the file fill the rows behind this one (line i goes to row
     // i + RLOffset, rows 250 and beyond are dropped).
     std::int32_t RLOffset = 0;
@@ -44,15 +48,15 @@ struct LoadOptions {
     LoadReport* Report = nullptr; // filled when given
 };
 
-// Reads model.FileName into the model. From model.FirstLoadRow above 1 the file is merged: its
-// rows are appended there, and its header, settings, views and layers are passed over. A file
-// of another machine's decimal separator reads the same. Afterwards the levels are sorted and
-// the current level chosen, the layers switched on, node keys and resistances rebuilt and the
-// simulation marked as not valid; applying view 0 or fitting the view is the display's (see
-// LoadReport::StartupViewRead). A failure of a step asks whether to go on; ending the load
-// keeps what was read, rebuilt the same way, and blanks FileName so that the partial network
-// is never saved over the file. Returns whether the file was read to its end.
-bool LoadNetwork(Model& model, ui::UserInterface& ui, const LoadOptions& options = {});
+// Reads the network file at path into the model; LoadOptions::FirstLoadRow above 1 merges it.
+// A file of another machine's decimal separator reads the same. Afterwards the levels are
+// sorted and the current level chosen, the layers switched on, node keys and resistances
+// rebuilt and the simulation marked as not valid; applying view 0 or fitting the view is the
+// display's (see LoadReport::StartupViewRead). A plain load names the network after path
+// (FileName); a merge keeps the network's name. A failure of a step asks whether to go on;
+// ending a plain load keeps what was read, rebuilt the same way, and blanks FileName so that
+// the partial network is never saved over the file. Returns whether the file was read to its end.
+bool LoadNetwork(Model& model, const std::string& path, ui::UserInterface& ui, const LoadOptions& options = {});
 
 // The open dialog: starts in the folder kept under "Files"/"DefaultDir", keeps the folder of
 // the choice there, and loads the file chosen. A file that could not be read at all leaves the

@@ -27,13 +27,12 @@ bool EndsWithNoCase(const std::string& text, const std::string& tail) {
 bool Load(Model& model, ui::UserInterface& ui, FileCommandHost& host, const std::string& path, bool recovery) {
     host.BeforeLoad();
     ui.SetBusy(true);
-    model.FileName = path;
     model.MasterFile = IsMasterFileName(path);
     files::LoadReport report;
     files::LoadOptions options;
     options.Recovery = recovery;
     options.Report = &report;
-    const bool read = files::LoadNetwork(model, ui, options);
+    const bool read = files::LoadNetwork(model, path, ui, options);
     ui.SetBusy(false);
     host.RecentFilesChanged();
     host.AfterLoad(report);
@@ -74,7 +73,6 @@ bool NewNetworkCommand(Model& model, ui::UserInterface& ui, FileCommandHost& hos
     ClearNetwork(model);
     SetNewNetworkLevels(model);
     model.FileNote.clear();
-    model.FirstLoadRow = 1;
     model.AirwayCount = 0;
     model.NetworkSaved = Yes255;
     simulate::InvalidateSimulation(model);

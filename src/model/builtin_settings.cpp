@@ -54,7 +54,6 @@ void SetView(Model& model, int slot, bool is3D, double tilt, double spin) {
 void SetBuiltInCapacities(Model& model) {
     model.Set.MaxFans = DefaultMaxFans;
     model.Set.BlockedRes = BlockedResValue;
-    model.FirstLoadRow = 1;
 }
 
 void SetBuiltInSettings(Model& model) {

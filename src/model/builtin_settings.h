@@ -7,7 +7,7 @@
 
 namespace karvane {
 
-// The capacities and constants: MaxFans, BlockedRes and FirstLoadRow 1. MaxAirways and
+// The capacities and constants: MaxFans and BlockedRes. MaxAirways and
 // UndoCapacity are constants of the program.
 void SetBuiltInCapacities(Model& model);
 

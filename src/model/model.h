@@ -71,7 +71,6 @@ struct Model {
     std::uint8_t DefaultsSaved = Yes255;
     std::int16_t SgnX = 1;
     std::int16_t SgnY = 1;
-    std::int32_t FirstLoadRow = 1;
     // The layers a new airway is given, as the layer dialog sets them.
     std::int16_t DrawPrimaryLayer = 1;
     std::int16_t DrawSecondaryLayer = 1;

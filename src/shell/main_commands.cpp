@@ -305,7 +305,6 @@ void MainWindow::ClearNetworkInLastWindow() {
     ClearNetwork(*model_);
     SetNewNetworkLevels(*model_);
     model_->FileNote.clear();
-    model_->FirstLoadRow = 1;
     model_->AirwayCount = 0;
     model_->NetworkSaved = Yes255;
     simulate::InvalidateSimulation(*model_);

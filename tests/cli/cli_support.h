@@ -99,8 +99,7 @@ protected:
         files::LoadConversions(*m, ui);
         files::LoadBuiltInSettings(*m, ui);
         files::LoadFanDatabase(*m, ui);
-        m->FileName = path;
-        EXPECT_TRUE(files::LoadNetwork(*m, ui));
+        EXPECT_TRUE(files::LoadNetwork(*m, path, ui));
         return m;
     }
     std::string SaveVariant(Model& m, ui::ScriptedUserInterface& ui, const std::string& name) const {

@@ -21,8 +21,7 @@ namespace {
 // Loads a text as a network file in a folder of its own; returns the loaded model's text.
 bool LoadText(Model& model, AppFolder& dir, const std::string& text, const std::string& name = "in.sim") {
     dir.Write(name, text);
-    model.FileName = dir.File(name);
-    return LoadNetwork(model, dir.Ui);
+    return LoadNetwork(model, dir.File(name), dir.Ui);
 }
 
 std::vector<std::string> Tabs(const std::string& line) { return SplitText(line, "\t"); }
@@ -43,11 +42,10 @@ TEST(NetworkFile, WriteReadWriteGivesTheSameBytes) {
         loaded.FanStamp = model.FanStamp; // the stamp is the program's fan file's, not the network's
         dir.Ui.Separator = sep == '.' ? ',' : '.';
         dir.Write("in.sim", first);
-        loaded.FileName = dir.File("in.sim");
         LoadReport report;
         LoadOptions options;
         options.Report = &report;
-        ASSERT_TRUE(LoadNetwork(loaded, dir.Ui, options)) << sep;
+        ASSERT_TRUE(LoadNetwork(loaded, dir.File("in.sim"), dir.Ui, options)) << sep;
         EXPECT_EQ(report.FileSeparator, sep);
         EXPECT_DOUBLE_EQ(report.FileVersion, 3.1);
         EXPECT_EQ(NetworkText(loaded, sep), first) << "separator " << sep;

@@ -38,10 +38,9 @@ void LoadFile(Loaded& l, const std::string& path, std::deque<ui::Answer> answers
     SetNewNetworkLevels(l.model);
     l.dir.Ui.Answers = std::move(answers);
     l.dir.Ui.DefaultAnswer = ui::Answer::No;
-    l.model.FileName = path;
     LoadOptions options;
     options.Report = &l.report;
-    l.ok = LoadNetwork(l.model, l.dir.Ui, options);
+    l.ok = LoadNetwork(l.model, path, l.dir.Ui, options);
 }
 
 std::size_t CountAsked(const ui::ScriptedUserInterface& ui, const std::string& text) {
@@ -173,8 +172,7 @@ TEST(NetworkLoad, RefusedFilesLeaveTheNetworkAlone) {
         BuildFullNetwork(model, dir.Ui);
         const std::string before = NetworkText(model, '.');
         dir.Write("bad.sim", c.bytes);
-        model.FileName = dir.File("bad.sim");
-        EXPECT_FALSE(LoadNetwork(model, dir.Ui));
+        EXPECT_FALSE(LoadNetwork(model, dir.File("bad.sim"), dir.Ui));
         EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{c.message}) << c.bytes;
         EXPECT_EQ(model.FileName, "");
         EXPECT_EQ(NetworkText(model, '.'), before);
@@ -183,10 +181,8 @@ TEST(NetworkLoad, RefusedFilesLeaveTheNetworkAlone) {
     AppFolder dir;
     Model model;
     BuildFullNetwork(model, dir.Ui);
-    model.FileName = dir.File("missing.sim");
-    EXPECT_FALSE(LoadNetwork(model, dir.Ui));
-    model.FileName = (dir.Path / "no folder" / "x.sim").string();
-    EXPECT_FALSE(LoadNetwork(model, dir.Ui));
+    EXPECT_FALSE(LoadNetwork(model, dir.File("missing.sim"), dir.Ui));
+    EXPECT_FALSE(LoadNetwork(model, (dir.Path / "no folder" / "x.sim").string(), dir.Ui));
     EXPECT_EQ(dir.Ui.Texts("Message"),
               (std::vector<std::string>{"ERROR 53: That file doesn't exist.", "ERROR 76: That path doesn't exist."}));
     EXPECT_EQ(model.AirwayCount, 5);
@@ -199,8 +195,7 @@ TEST(NetworkLoad, MasterFileCautionAndRecentFiles) {
     dir.Write("Master.SmM", NetworkText(source, '.'));
     Model model = BuiltInModel();
     model.MasterFile = true;
-    model.FileName = dir.File("Master.SmM");
-    EXPECT_TRUE(LoadNetwork(model, dir.Ui));
+    EXPECT_TRUE(LoadNetwork(model, dir.File("Master.SmM"), dir.Ui));
     EXPECT_EQ(dir.Ui.Texts("Message"),
               std::vector<std::string>{"Caution - a MASTER SMM file is being loaded - this file will only be saved as "
                                        "a normal SIM file unless otherwise specified in the SAVE dialog box"});
@@ -212,7 +207,7 @@ TEST(NetworkLoad, MasterFileCautionAndRecentFiles) {
     model.RecentFiles[1] = "a.sim";
     LoadOptions recovery;
     recovery.Recovery = true;
-    EXPECT_TRUE(LoadNetwork(model, dir.Ui, recovery));
+    EXPECT_TRUE(LoadNetwork(model, dir.File("Master.SmM"), dir.Ui, recovery));
     EXPECT_EQ(model.RecentFiles[1], dir.File("Master.SmM"));
     EXPECT_EQ(model.RecentFiles[2], "a.sim");
     EXPECT_EQ(model.RecentFiles[4], dir.File("Master.SmM"));
@@ -235,8 +230,7 @@ TEST(NetworkLoad, FileCutAtEveryLine) {
         BuildFullNetwork(model, dir.Ui);
         model.Airways[1].BranchName = "old";
         dir.Write("cut.sim", JoinLines(lines, keep));
-        model.FileName = dir.File("cut.sim");
-        const bool ok = LoadNetwork(model, dir.Ui);
+        const bool ok = LoadNetwork(model, dir.File("cut.sim"), dir.Ui);
 
         const bool ends = keep == levelsEnd + 1 || keep > airwayHeading;
         EXPECT_EQ(ok, ends) << keep;
@@ -260,6 +254,55 @@ TEST(NetworkLoad, FileCutAtEveryLine) {
     }
 }
 
+// The network's name after a load is the file's when the load reads to its end, none when it
+// fails; a merge, whatever its outcome, keeps the name the network had.
+TEST(NetworkLoad, NameAfterALoadOrAMerge) {
+    AppFolder src;
+    Model source;
+    BuildFullNetwork(source, src.Ui);
+    const std::string full = NetworkText(source, '.');
+    struct Case {
+        const char* Name;
+        bool Merge;
+        std::string Bytes; // empty: no file at all
+        bool Read;
+        bool KeepsName;
+    };
+    const Case cases[] = {
+        {"whole file", false, full, true, false},
+        {"not a network file", false, "PK\x03\x04", false, false},
+        {"missing file", false, "", false, false},
+        {"cut short", false, JoinLines(FileLines(full), 10), false, false},
+        {"merged whole", true, full, true, true},
+        {"merging not a network file", true, "PK\x03\x04", false, true},
+        {"merging a missing file", true, "", false, true},
+        {"merging a file cut short", true, JoinLines(FileLines(full), 30), false, true},
+    };
+    for (const Case& c : cases) {
+        AppFolder dir;
+        dir.Ui.DefaultAnswer = ui::Answer::No;
+        Model model;
+        BuildFullNetwork(model, dir.Ui);
+        model.FileName = dir.File("own.sim");
+        if (!c.Bytes.empty()) dir.Write("in.sim", c.Bytes);
+        LoadOptions options;
+        if (c.Merge) options.FirstLoadRow = model.AirwayCount + 1;
+        EXPECT_EQ(LoadNetwork(model, dir.File("in.sim"), dir.Ui, options), c.Read) << c.Name;
+        const std::string name = c.KeepsName ? dir.File("own.sim") : c.Read ? dir.File("in.sim") : "";
+        EXPECT_EQ(model.FileName, name) << c.Name;
+    }
+
+    // The network's own name as the path: the file is read again under the same name.
+    AppFolder dir;
+    Model model;
+    BuildFullNetwork(model, dir.Ui);
+    dir.Write("own.sim", full);
+    model.FileName = dir.File("own.sim");
+    EXPECT_TRUE(LoadNetwork(model, model.FileName, dir.Ui));
+    EXPECT_EQ(model.FileName, dir.File("own.sim"));
+    EXPECT_EQ(model.RecentFiles[1], dir.File("own.sim"));
+}
+
 TEST(NetworkLoad, CutInsideLinesAndNoiseNeverBreakTheLoad) {
     AppFolder src;
     Model source;
@@ -272,8 +315,7 @@ TEST(NetworkLoad, CutInsideLinesAndNoiseNeverBreakTheLoad) {
     auto loadBytes = [&](const std::string& bytes) {
         Model model = BuiltInModel();
         dir.Write("x.sim", bytes);
-        model.FileName = dir.File("x.sim");
-        LoadNetwork(model, dir.Ui);
+        LoadNetwork(model, dir.File("x.sim"), dir.Ui);
         EXPECT_GE(model.AirwayCount, 0);
         EXPECT_LE(model.AirwayCount, MaxAirways);
     };
@@ -321,10 +363,9 @@ TEST(NetworkLoad, ErrorQuestionTriesTheStepAgain) {
         dir.Ui.DefaultAnswer = ui::Answer::Yes;
         dir.Write("cut.sim", cut);
         Model model = BuiltInModel();
-        model.FileName = dir.File("cut.sim");
         LoadOptions options;
         options.MaxRetries = retries;
-        EXPECT_FALSE(LoadNetwork(model, dir.Ui, options));
+        EXPECT_FALSE(LoadNetwork(model, dir.File("cut.sim"), dir.Ui, options));
         EXPECT_EQ(CountAsked(dir.Ui, LoadQuestion), static_cast<std::size_t>(retries));
         for (const auto& e : dir.Ui.Transcript) {
             if (e.Kind == "Ask") {
@@ -356,19 +397,17 @@ TEST(NetworkLoad, CapacityOfTheAirwayTable) {
     const std::size_t lastLine = text.rfind("\r\n", text.size() - 3);
     dir.Write("fits.sim", text.substr(0, lastLine + 2));
     Model fits = BuiltInModel();
-    fits.FileName = dir.File("fits.sim");
-    EXPECT_TRUE(LoadNetwork(fits, dir.Ui));
+    EXPECT_TRUE(LoadNetwork(fits, dir.File("fits.sim"), dir.Ui));
     EXPECT_EQ(fits.AirwayCount, MaxAirways - 2);
     EXPECT_TRUE(dir.Ui.Transcript.empty());
 
     // One row more: the message, and the rows read so far stay.
     dir.Write("big.sim", text);
     Model model = BuiltInModel();
-    model.FileName = dir.File("big.sim");
     LoadReport report;
     LoadOptions options;
     options.Report = &report;
-    EXPECT_TRUE(LoadNetwork(model, dir.Ui, options));
+    EXPECT_TRUE(LoadNetwork(model, dir.File("big.sim"), dir.Ui, options));
     EXPECT_EQ(dir.Ui.Texts("Message"), std::vector<std::string>{TooBig});
     EXPECT_TRUE(report.AirwaysCut);
     EXPECT_EQ(model.AirwayCount, MaxAirways - 2);
@@ -453,7 +492,6 @@ TEST(NetworkLoad, MergeAddsFansBehindTheExistingOnes) {
                                          "merged fan database to the existing fan list (NO)");
     EXPECT_EQ(model.FileName, dir.File("a.sim"));
     EXPECT_EQ(model.NetworkSaved, No0);
-    EXPECT_EQ(model.FirstLoadRow, 1);
     EXPECT_EQ(model.Set.LastAirwayNo, lastNo + 2);
     // The network keeps its own header, settings, views and layers; the merged fan 1 becomes fan
     // 2, the one free row behind the named fan; the new rows are numbered behind the old ones;
@@ -478,7 +516,6 @@ TEST(NetworkLoad, MergeKeepingTheOriginalFans) {
     const std::string before = NetworkText(model, '.');
     MergeNetwork(model, dir.Ui);
     EXPECT_EQ(NetworkText(model, '.'), before);
-    EXPECT_EQ(model.FirstLoadRow, 1);
 }
 
 TEST(NetworkLoad, MergedFansBeyondTheDatabaseSize) {

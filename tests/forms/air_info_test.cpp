@@ -204,8 +204,7 @@ TEST(AirInfo, BlankCurvesFixedPressureAndMissingRows) {
 
 TEST(Summary, AFreshNetworkKeepsTheFiguresItCannotWorkOutAndARunFillsThem) {
     FormScene s;
-    s.M.FileName = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
-    ASSERT_TRUE(files::LoadNetwork(s.M, s.Ui));
+    ASSERT_TRUE(files::LoadNetwork(s.M, std::string(KARVANE_EXAMPLES) + "/demo-mine.sim", s.Ui));
     // As a network that was never simulated: no flow anywhere.
     for (std::int32_t r = 1; r <= s.M.AirwayCount; ++r) s.Row(r).Quantity = 0;
     SummaryTexts t = FillSummary(s.M, '.');

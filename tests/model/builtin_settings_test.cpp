@@ -15,8 +15,6 @@ TEST(BuiltInSettings, BulkheadFollowsTheBlockedResistance) {
     SetBuiltInSettings(m);
     EXPECT_EQ(m.Preset.ResPreset[1], static_cast<float>(m.Set.BlockedRes));
     EXPECT_EQ(m.Preset.ResNames[50], "Fix Res");
-    SetBuiltInCapacities(m);
-    EXPECT_EQ(m.FirstLoadRow, 1);
 }
 
 TEST(BuiltInSettings, PermanentViewsFollowTheVerticalAxis) {

@@ -31,8 +31,7 @@ std::unique_ptr<Model> LoadDemo() {
     files::LoadConversions(*m, ui);
     files::LoadBuiltInSettings(*m, ui);
     files::LoadFanDatabase(*m, ui);
-    m->FileName = std::string(KARVANE_EXAMPLES) + "/demo-mine.sim";
-    EXPECT_TRUE(files::LoadNetwork(*m, ui));
+    EXPECT_TRUE(files::LoadNetwork(*m, std::string(KARVANE_EXAMPLES) + "/demo-mine.sim", ui));
     return m;
 }
 
