@@ -44,7 +44,7 @@ void StartGuiOutput() {
     static std::unique_ptr<QGuiApplication> app = std::make_unique<QGuiApplication>(argc, argv);
 }
 
-bool WritePngPicture(Model& model, display::DisplayState& ds, ui::UserInterface& ui, const std::string& path,
+bool WritePngPicture(const Model& model, display::DisplayState& ds, ui::UserInterface& ui, const std::string& path,
                      std::string& error) {
     StartGuiOutput();
     shell::QtSurface surface(ds.AreaWidth, ds.AreaHeight);

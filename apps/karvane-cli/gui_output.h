@@ -21,7 +21,7 @@ void StartGuiOutput();
 
 // Draws the view as its window does and writes the picture as PNG. False with `error` set when
 // the file could not be written.
-bool WritePngPicture(Model& model, display::DisplayState& ds, ui::UserInterface& ui, const std::string& path,
+bool WritePngPicture(const Model& model, display::DisplayState& ds, ui::UserInterface& ui, const std::string& path,
                      std::string& error);
 
 } // namespace karvane::cli

@@ -61,7 +61,7 @@ void FanGraphWidget::mouseMoveEvent(QMouseEvent* event) {
     QWidget::mouseMoveEvent(event);
 }
 
-AirInfoDialog::AirInfoDialog(Model& model, char decimalSep, std::function<void(std::int32_t)> onEdit,
+AirInfoDialog::AirInfoDialog(const Model& model, char decimalSep, std::function<void(std::int32_t)> onEdit,
                              std::function<void()> onClosed, QWidget* parent)
     : QDialog(parent),
       model_(model),

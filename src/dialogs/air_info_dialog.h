@@ -46,7 +46,7 @@ class AirInfoDialog : public QDialog {
     Q_OBJECT
 public:
     // onEdit opens the airway editor on the airway (Edit); onClosed redraws as the close asks.
-    AirInfoDialog(Model& model, char decimalSep, std::function<void(std::int32_t airwayNo)> onEdit,
+    AirInfoDialog(const Model& model, char decimalSep, std::function<void(std::int32_t airwayNo)> onEdit,
                   std::function<void()> onClosed, QWidget* parent = nullptr);
 
     // Fills the card for a row and shows it; false for a row that is not an airway.
@@ -61,7 +61,7 @@ protected:
 private:
     void CloseCard();
 
-    Model& model_;
+    const Model& model_;
     char sep_;
     std::function<void(std::int32_t)> onEdit_;
     std::function<void()> onClosed_;
