@@ -88,19 +88,15 @@ void ApplyStationFlow(Model& model, std::int32_t row) {
     }
 }
 
-void ApplyStationFlows(Model& model) {
-    if (!model.Stations.InputActive) return;
-    for (std::int32_t row = 1; row <= CheckedAirwayCount(model); ++row) {
-        if (model.Airways[static_cast<std::size_t>(row)].RemoteStation != 0) ApplyStationFlow(model, row);
-    }
-}
-
 std::vector<display::StationLabelLine> StationMonitor::LabelLines(const Model& model, std::int32_t row) {
     std::vector<display::StationLabelLine> lines;
     if (row < 1 || row > model.AirwayCount || static_cast<std::size_t>(row) >= model.Airways.size()) return lines;
     const int s = model.Airways[static_cast<std::size_t>(row)].RemoteStation;
     const Station* st = StationOf(model, s);
     if (!st) return lines;
+    // The label of a drawn station airway is where its reading becomes the airway's flow: the
+    // monitor writes through its own handle on the network it watches.
+    ApplyStationFlow(*model_, row);
 
     const std::string time = TrimText(st->StationText[2]);
     lines.push_back({"   " + TrimText(st->StationName) + (time.empty() ? "" : " " + time), StationNameColour});
@@ -125,7 +121,6 @@ TickResult ReadStations(Model& model, ui::UserInterface& ui, StationMonitor& mon
         ui.Message(StationFileErrorText, ProgramName, ui::Icon::Exclamation);
         return TickResult::Failed;
     }
-    ApplyStationFlows(model);
     if (!hooks.Busy()) {
         monitor.AlarmSoundAllowed = true;
         hooks.RedrawViews();
@@ -161,7 +156,6 @@ TickResult WriteResults(Model& model, ui::UserInterface& ui, StationHooks& hooks
 
 std::int32_t ActivateInput(Model& model, ui::UserInterface& ui, StationMonitor& monitor, StationHooks& hooks, bool on) {
     model.Stations.InputActive = on;
-    ApplyStationFlows(model);
     // A reading redraws by itself; otherwise the views are redrawn here.
     if (!on || ReadStations(model, ui, monitor, hooks) != TickResult::Done) hooks.RedrawViews();
     return on ? files::StationTimerIntervalMs(model.Stations.InputSeconds) : 0;
@@ -239,7 +233,6 @@ void StoreRemote(Model& model, const RemoteFields& f) {
     table.Resimulate = f.ChkResim ? -1 : 0;
     table.InputSeconds = ParseLeadingNumber(f.TxtTimer);
     table.AlarmsOn = f.ChkAlarm ? -1 : 0;
-    ApplyStationFlows(model);
 }
 
 void ScrollStation(Model& model, RemoteFields& f, int station, char sep) {

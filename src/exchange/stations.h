@@ -95,15 +95,11 @@ Alarm ChannelAlarm(const Model& model, int station, int channel);
 // reading on an airway without resistance changes nothing.
 void ApplyStationFlow(Model& model, std::int32_t row);
 
-// ApplyStationFlow for every airway that carries a station, while the input is active. The
-// readings and the station definitions decide the flows, so whoever changes them applies
-// them: the input tick after reading the data file, switching the input on, and storing the
-// remote stations dialog. Drawing the labels only reads.
-void ApplyStationFlows(Model& model);
-
 // The station labels of the views: the station's name and the time of its reading, then one line
 // per channel with an abbreviation ("Q  12.5m3/s"), red below its low limit and blue above its
-// high limit. While AlarmSoundAllowed, working out the lines calls Beep once per channel in alarm.
+// high limit. Working out the lines of an airway (which the renderer does for drawn airways only)
+// applies the station's flow to it (ApplyStationFlow) through the monitor's own handle on the
+// network, and, while AlarmSoundAllowed, calls Beep once per channel in alarm.
 class StationMonitor : public display::StationLabels {
 public:
     StationMonitor(Model& model, char decimalSep) : model_(&model), sep_(decimalSep) {}

@@ -3,8 +3,6 @@
 // a measured flow, the results file line by line, and the two station dialogs.
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "exchange/stations.h"
 #include "exchange/text_export.h"
 #include "exchange_support.h"
@@ -183,9 +181,9 @@ TEST(StationLabels, FlowsSetByAStation) {
     EXPECT_TRUE(m.Airways[1].Has(bc::FixedFlow)) << "a channel of another kind changes nothing";
 }
 
-// Drawing a station's labels reads the airway only; the flows follow the readings and the
-// station settings whenever one of them changes, for every station airway, drawn or not.
-TEST(StationLabels, FlowsFollowTheirChangesNotTheDrawing) {
+// A station's reading becomes its airway's flow when the airway's label is drawn: the tick and
+// the settings alone leave a station airway that no view draws as it was.
+TEST(StationLabels, FlowsSetWhereTheLabelIsDrawn) {
     ExchangeBench b;
     Model& m = b.m();
     b.Add(0, 0, 500, 100, 0, 500).RemoteStation = 6;
@@ -199,43 +197,16 @@ TEST(StationLabels, FlowsFollowTheirChangesNotTheDrawing) {
     StationMonitor monitor(m, '.');
     Views quiet; // redraws nothing: no label is asked
 
-    struct Step {
-        const char* Name;
-        std::function<void()> Change;
-        float Quantity;
-        bool Fixed;
-    };
-    const Step steps[] = {
-        {"labels drawn while the input is active",
-         [&] {
-             m.Stations.InputActive = true;
-             st.ChannelValue[1] = 8;
-             monitor.LabelLines(m, 1);
-         },
-         0, false},
-        {"switched on: the file is read at once", [&] { ActivateInput(m, b.ui(), monitor, quiet, true); }, 15, true},
-        {"a tick: the file's reading", [&] { ReadStations(m, b.ui(), monitor, quiet); }, 15, true},
-        {"the dialog stored unchanged", [&] { StoreRemote(m, FillRemote(m, 6, '.')); }, 15, true},
-        {"switched off, then the dialog",
-         [&] {
-             ActivateInput(m, b.ui(), monitor, quiet, false);
-             RemoteFields f = FillRemote(m, 6, '.');
-             f.ChkUpdateQ = false;
-             StoreRemote(m, f);
-         },
-         15, true},
-        {"on again without update: the fixed flows freed", [&] { ActivateInput(m, b.ui(), monitor, quiet, true); }, 15,
-         false},
-    };
-    for (const Step& step : steps) {
-        step.Change();
-        for (std::int32_t r = 1; r <= 2; ++r) {
-            const Airway& a = m.Airways[static_cast<std::size_t>(r)];
-            EXPECT_FLOAT_EQ(a.Quantity, step.Quantity) << step.Name << " row " << r;
-            EXPECT_EQ(a.Has(bc::FixedFlow), step.Fixed) << step.Name << " row " << r;
-        }
-    }
-    EXPECT_EQ(quiet.Redraws, 4);
+    ActivateInput(m, b.ui(), monitor, quiet, true);
+    StoreRemote(m, FillRemote(m, 6, '.'));
+    EXPECT_FLOAT_EQ(m.Airways[1].Quantity, 0);
+    EXPECT_FALSE(m.Airways[1].Has(bc::FixedFlow));
+    monitor.LabelLines(m, 1);
+    EXPECT_FLOAT_EQ(m.Airways[1].Quantity, 15);
+    EXPECT_TRUE(m.Airways[1].Has(bc::FixedFlow));
+    EXPECT_FLOAT_EQ(m.Airways[2].Quantity, 0) << "an airway whose label is not drawn";
+    EXPECT_FALSE(m.Airways[2].Has(bc::FixedFlow));
+    EXPECT_EQ(quiet.Redraws, 1);
 }
 
 TEST(StationTimers, InputTickReadsRedrawsAndResimulates) {
