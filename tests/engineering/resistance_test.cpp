@@ -253,17 +253,6 @@ TEST_F(ResistanceTest, FrictionPartReadsStaleAirwayWithoutWriting) {
     }
 }
 
-TEST_F(ResistanceTest, AllAirwaysUpToTheCount) {
-    Drive();
-    model.Airways[2] = model.Airways[1];
-    model.Airways[3] = model.Airways[1];
-    model.AirwayCount = 2;
-    RecalcAllAirways(model);
-    EXPECT_EQ(model.Airways[1].Resistance, 0.001536f);
-    EXPECT_EQ(model.Airways[2].Resistance, 0.001536f);
-    EXPECT_EQ(model.Airways[3].Resistance, 0.0f);
-}
-
 TEST(OrificeTest, RegulatorOpening) {
     // (1 / (1 x 0.65) - 1 / 25)^2 x 0.6
     EXPECT_NEAR(OrificeResistance(1.0, 25.0), 1.3472322, 1e-6);

@@ -3,8 +3,6 @@
 // the written drawings by an independent DXF reader.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "exchange/dxf_export.h"
 #include "exchange_support.h"
 #include "files/text_file.h"
@@ -12,9 +10,9 @@
 
 using namespace karvane;
 using namespace karvane::exchange;
-using karvane::testing::CrLfLines;
 using karvane::testing::ExchangeBench;
 using karvane::testing::ExpectGolden;
+using karvane::testing::FileLines;
 
 namespace {
 
@@ -176,7 +174,7 @@ TEST(DxfExport, CommandMessagesAndFailures) {
         return true;
     }));
     EXPECT_EQ(m.Set.DxfArrow, 0);
-    EXPECT_EQ(CountOf(CrLfLines(b.Dir.Read("x.dxf")), "Arrow"), 0);
+    EXPECT_EQ(CountOf(FileLines(b.Dir.Read("x.dxf")), "Arrow"), 0);
 
     // A folder that does not exist: the message, and the file that was there stays whole.
     ui.Transcript.clear();

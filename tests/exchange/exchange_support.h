@@ -1,5 +1,5 @@
 // Shared pieces of the exchange tests: a model with the built-in settings in a folder of its own,
-// airways added by their ends, the lines of a written file, and the independent DXF reader
+// airways added by their ends, and the independent DXF reader
 // (python3-ezdxf) that the interoperability tests call when it is installed.
 #pragma once
 
@@ -13,8 +13,8 @@
 
 #include "display/view_state.h"
 #include "engineering/resistance.h"
-#include "files/app_folder.h"
 #include "files/network_file.h"
+#include "files/network_fixture.h"
 #include "model/network_rows.h"
 #include "model/node_keys.h"
 
@@ -70,23 +70,6 @@ inline std::string RowsText(Model& m) {
     std::string out;
     for (std::int32_t r = 1; r <= m.AirwayCount; ++r) out += files::AirwayRowText(m, r, '.') + "\r\n";
     return out;
-}
-
-// The lines of a text, split at CR LF; a bare line feed stays inside its line, so that a test
-// sees it.
-inline std::vector<std::string> CrLfLines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::size_t pos = 0;
-    while (pos < text.size()) {
-        const std::size_t end = text.find("\r\n", pos);
-        if (end == std::string::npos) {
-            lines.push_back(text.substr(pos));
-            break;
-        }
-        lines.push_back(text.substr(pos, end - pos));
-        pos = end + 2;
-    }
-    return lines;
 }
 
 // The python that has ezdxf, or empty when none has: the interoperability tests skip then.

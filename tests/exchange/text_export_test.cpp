@@ -46,7 +46,7 @@ TEST(TextExport, HeadingAndLines) {
     b.ui().Separator = ',';
     m.Set.UnitSys = 2;
     ASSERT_TRUE(ExportText(m, b.Dir.File("uk.txt"), b.ui()));
-    const std::vector<std::string> lines = karvane::testing::CrLfLines(b.Dir.Read("uk.txt"));
+    const std::vector<std::string> lines = karvane::testing::FileLines(b.Dir.Read("uk.txt"));
     ASSERT_EQ(lines.size(), 2u);
     EXPECT_EQ(lines[1],
               " 328,084 \t-65,6168 \t 1640,42 \t 820,21 \t-65,6168 \t 1574,803 \t 26,06247 \t 0,001101219 \t 3 \t 2 " +
@@ -57,7 +57,7 @@ TEST(TextExport, HeadingAndLines) {
 TEST(TextExport, EmptyNetworkGivesTheHeadingAlone) {
     ExchangeBench b;
     ASSERT_TRUE(ExportText(b.m(), b.Dir.File("e.txt"), b.ui()));
-    EXPECT_EQ(karvane::testing::CrLfLines(b.Dir.Read("e.txt")).size(), 1u);
+    EXPECT_EQ(karvane::testing::FileLines(b.Dir.Read("e.txt")).size(), 1u);
     EXPECT_FALSE(ExportText(b.m(), b.Dir.File("missing/e.txt"), b.ui()));
     EXPECT_EQ(b.ui().Texts("Message"), std::vector<std::string>{"Error exporting File"});
 }

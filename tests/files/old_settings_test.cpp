@@ -2,6 +2,7 @@
 // the row and line forms of old network files.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -89,29 +90,12 @@ TEST(OldNetworkSettings, RowFormOfVersions15To20) {
 }
 
 TEST(OldNetworkSettings, LineFormOfVersions21To27) {
+    // The 48 settings items: 0 leaves AirEfficiency (4) as it is, an empty DisplayOptions (13)
+    // reads 511, a font name written as a number (32) is not a font, the later size of font 4 (38)
+    // wins.
     auto settingsLine = [](char fieldSep) {
-        std::string fields[49];
-        fields[2] = "0.15";
-        fields[4] = "0"; // 0 leaves AirEfficiency as it is
-        fields[6] = "1.1";
-        fields[7] = "9";
-        fields[8] = "4";
-        fields[13] = ""; // empty DisplayOptions reads 511
-        fields[14] = "Courier";
-        fields[20] = "9";
-        fields[23] = "1050";
-        fields[29] = "2";
-        fields[30] = "1";
-        fields[31] = "7";
-        fields[32] = "12345"; // a font name written as a number: not a font
-        fields[34] = "True";
-        fields[38] = "11"; // the later size of font 4 wins
-        fields[39] = "2";
-        fields[40] = "3";
-        fields[46] = "8";
-        fields[48] = "-1";
-        std::string line;
-        for (int i = 1; i <= 48; ++i) line += (i > 1 ? std::string(1, fieldSep) : "") + fields[i];
+        std::string line = ",0.15,,0,,1.1,9,4,,,,,,Courier,,,,,,9,,,1050,,,,,,2,1,7,12345,,True,,,,11,2,3,,,,,,8,,-1";
+        std::replace(line.begin(), line.end(), ',', fieldSep);
         return line;
     };
     for (double version : {2.3, 2.6}) {

@@ -124,16 +124,6 @@ TEST(Undo, AMovedAirwayComesBackWithItsCoordinatesAndItsUndoNo) {
     EXPECT_TRUE(r.Ui.Transcript.empty());
 }
 
-TEST(Undo, ADeletedRowComesBackAtTheEndWithItsAirwayNo) {
-    Rig r;
-    r.Delete(1);
-    EXPECT_EQ(r.M.AirwayCount, 3);
-    EXPECT_TRUE(r.Log.Undo(r.M, r.Ui));
-    EXPECT_EQ(r.M.AirwayCount, 4);
-    EXPECT_EQ(r.Row(4).AirwayNo, 1);
-    EXPECT_EQ(r.Row(1).AirwayNo, 2);
-}
-
 TEST(Undo, UndoTwiceThenANewEditLeavesNothingToRedo) {
     Rig r;
     r.Draw(0, 0, 0, 100);

@@ -37,8 +37,6 @@ TEST(Units, ToDisplayBothSystems) {
     EXPECT_EQ(ToDisplay(british, 10.0, uc::Flow), static_cast<float>(10.0 * static_cast<double>(2.1189f)));
     EXPECT_EQ(ToDisplay(british, 2.0, uc::Velocity), static_cast<float>(2.0 * static_cast<double>(196.85f)));
     EXPECT_EQ(UnitLabel(british, uc::Pressure), "m.in.wg");
-    EXPECT_EQ(UnitLabel(si, uc::Pressure), "Pa");
-    EXPECT_EQ(UnitFormat(british, uc::Friction), "0.0");
     EXPECT_EQ(UnitFormat(si, uc::Friction), "0.00000");
     EXPECT_EQ(UnitLabel(si, 0), "");
 
@@ -49,14 +47,6 @@ TEST(Units, ToDisplayBothSystems) {
     // Beyond a Single's range the value is held at its end.
     EXPECT_EQ(ToDisplay(british, 1e300, uc::Length), std::numeric_limits<float>::max());
     EXPECT_EQ(ToDisplay(british, -1e300, uc::Length), -std::numeric_limits<float>::max());
-
-    // Switching systems changes what is shown, never what is stored.
-    Model m = WithUnits(1);
-    m.Airways[1].Quantity = 33.3f;
-    const float before = m.Airways[1].Quantity;
-    m.Set.UnitSys = 2;
-    EXPECT_NE(ToDisplay(m, m.Airways[1].Quantity, uc::Flow), before);
-    EXPECT_EQ(m.Airways[1].Quantity, before);
 }
 
 TEST(Units, FromDisplayReadsTheEntry) {
