@@ -173,20 +173,5 @@ TEST(LevelSelector, SingleMultipleSwapsAndKeys) {
     EXPECT_EQ(s.Ui.Texts("Message"), std::vector<std::string>{"Maximum of only 6 selected levels allowed!"});
 }
 
-TEST(LevelSelector, LevelChangesKeepTheViewStill) {
-    Levels s;
-    s.Ds.View.Is3D = 1;
-    s.Ds.View.Tilt = 0.8f;
-    s.Ds.View.Spin = 0.4f;
-    s.Ds.View.RotCentreSet = 999;
-    s.Ds.View.CentreX = 12.5f;
-    s.Ds.View.CentreY = -40;
-    ChooseLevelRow(s.M, s.Ds, 3);
-    EXPECT_EQ(s.Ds.View.CentreX, 12.5f);
-    EXPECT_EQ(s.Ds.View.CentreY, -40);
-    EXPECT_EQ(s.Ds.View.RotCentreSet, 1);
-    EXPECT_FALSE(s.Ds.KeepCentre);
-}
-
 } // namespace
 } // namespace karvane::display

@@ -10,7 +10,6 @@
 #include "display/print_network.h"
 #include "display/recording_surface.h"
 #include "display/renderer.h"
-#include "display/svg_surface.h"
 #include "display_support.h"
 #include "support/golden.h"
 
@@ -86,18 +85,6 @@ TEST(PrintNetwork, PaperScaleFrameAndFigureReset) {
             EXPECT_NEAR(200 - s.MmX(frame[0].X2), margin, 0.05);
         }
     }
-}
-
-TEST(PrintNetwork, WidePageIsDecidedByTheHeight) {
-    PrintScene s;
-    s.Page = RecordingSurface(1, 1);
-    s.Page.SetPage(400, 150, kDpi); // wider than the view's 4:3
-    ASSERT_TRUE(s.Run());
-    const auto frame = s.Page.Of(OpKind::Rectangle);
-    ASSERT_EQ(frame.size(), 1U);
-    // The view's height is 1/1.1 of the page's; the frame is narrower than the page.
-    EXPECT_NEAR(s.MmY(frame[0].Y2) - s.MmY(frame[0].Y1), 150 / 1.1, 0.05);
-    EXPECT_LT(s.MmX(frame[0].X2), 400 - 150 / 1.1 / 20);
 }
 
 TEST(PrintNetwork, ClipsExactlyAtTheFrame) {
@@ -182,17 +169,6 @@ TEST(PrintNetwork, FaultsGivePrintingError) {
     s.Ds.WindowCurrent = false;
     EXPECT_FALSE(PrintNetwork(s.M, s.Ds, s.Page, s.Print, s.Ui));
     EXPECT_TRUE(s.Page.Ops.empty());
-}
-
-TEST(PrintNetwork, SvgPageHasPaperSize) {
-    PrintScene s;
-    SvgSurface svg(1, 1);
-    svg.SetPage(200, 280, kDpi);
-    BuildDrawnList(s.M, s.Ds);
-    ASSERT_TRUE(PrintNetwork(s.M, s.Ds, svg, s.Print, s.Ui));
-    const std::string doc = svg.Document();
-    EXPECT_NE(doc.find("width=\"200mm\" height=\"280mm\""), std::string::npos);
-    EXPECT_NE(doc.find("Main drive"), std::string::npos);
 }
 
 } // namespace

@@ -37,9 +37,6 @@ TEST(SavedViews, SaveAndLoadRoundTrip) {
     s.M.SecondaryLayers[2].LayerOn = 0;
     SaveViewToSlot(s.M, s.Ds, 7);
     const SavedView& slot = s.M.SavedViews[7];
-    EXPECT_EQ(slot.ViewParam[5], 640);
-    EXPECT_EQ(slot.ViewParam[10], 2);
-    EXPECT_EQ(slot.ViewParam[17], 3);
     EXPECT_EQ(slot.ViewValue[4], 69 * kFixedScale);
     EXPECT_EQ(slot.ViewValue[2], (0x1FFFE - 8) * kFixedScale);    // primary 1..16 but 3
     EXPECT_EQ(slot.ViewValue[3], (0x1FFFFFE - 64) * kFixedScale); // secondary 25..48 but 30

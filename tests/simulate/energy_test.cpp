@@ -1,5 +1,4 @@
-// Energy figures of an airway, node pressures for the reports, and the network totals of the
-// summary, worked by hand.
+// Energy figures of an airway and the network totals of the summary, worked by hand.
 #include <gtest/gtest.h>
 
 #include "sim_networks.h"
@@ -81,18 +80,6 @@ TEST(Energy, PowerAndCostOfOneAirway) {
     m->Set.AirEfficiency = 0.0f;
     EXPECT_FALSE(AirCost(*m, plain));
     EXPECT_FALSE(InputPower(*m, fixedP));
-}
-
-TEST(Energy, NodePressuresAbsoluteAndBarometric) {
-    auto m = NewModel();
-    AddAirway(*m, Surface(100), Underground(100), 1);
-    EXPECT_DOUBLE_EQ(NodeAbsPressure(*m, -500), 100.5);
-    // Surface pressure level unset: the From end of row 1 (1000) stands for it.
-    EXPECT_NEAR(NodeBarPressure(*m, -500, 500), 100.5 + 500 * 1.2 * 9.81 / 1000, 1e-5);
-    m->Set.SurfaceRL = 900;
-    EXPECT_NEAR(NodeBarPressure(*m, -500, 500), 100.5 + 400 * 1.2 * 9.81 / 1000, 1e-5);
-    m->Set.SurfaceBaro = 95;
-    EXPECT_DOUBLE_EQ(NodeAbsPressure(*m, 0), 95.0);
 }
 
 TEST(Summary, FiguresOfTheWholeNetwork) {
