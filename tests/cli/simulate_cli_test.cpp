@@ -133,6 +133,24 @@ TEST_F(SimulateCli, TroubleshootingModesSayWhatTheyFind) {
     Result r = Run("simulate " + Demo + " --mode 4 --json");
     ASSERT_EQ(r.code, 0);
     EXPECT_TRUE(r.Json()["messages"].empty()) << r.out.substr(0, 2000);
+
+    // Mode 4 lists the duplicates of the demo mine merged behind itself without asking; an
+    // ordinary run asks, and fails on No.
+    const std::string dup = Q(dir_ / "twice.sim");
+    ASSERT_EQ(Run("merge " + Demo + " " + Demo + " " + dup).code, 0);
+    const json doc = Run("simulate " + dup + " --mode 4 --json").Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    for (const auto& msg : doc["messages"]) EXPECT_NE(msg["kind"], "Ask") << msg.dump();
+    ASSERT_FALSE(doc["errors"].empty());
+    EXPECT_EQ(doc["errors"][0]["text"], "Duplicate airway");
+    r = Run("simulate " + dup + " --json");
+    EXPECT_EQ(r.code, 1);
+    EXPECT_EQ(TextsTitled(r.Json(), "Duplicate branches"),
+              std::vector<std::string>{"Duplicate branches exist - delete them ?"});
+    // Yes deletes them and the run goes on.
+    r = Run("--answer yes simulate " + dup + " --json");
+    EXPECT_EQ(r.code, 0) << r.err;
+    EXPECT_EQ(r.Json()["messages"][0]["answer"], "Yes");
 }
 
 TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {
@@ -148,6 +166,17 @@ TEST_F(SimulateCli, TheConvergenceQuestionIsAnsweredYesOnlyAFewTimes) {
     EXPECT_EQ(answers, (std::vector<std::string>{"Yes", "Yes", "Yes", "No"})) << r.err;
     for (const std::string& text : TextsTitled(doc, "Convergence Warning"))
         EXPECT_NE(text.find("\nDo you wish to keep on simulating ?"), std::string::npos);
+
+    // Mode -1 marks the airways that still move in the last pass.
+    r = Run("simulate " + Q(still) + " --mode -1 --max-iter 1 --json");
+    ASSERT_EQ(r.code, 0) << r.err;
+    doc = r.Json();
+    EXPECT_EQ(doc["simFail"], 1);
+    ASSERT_FALSE(doc["errors"].empty());
+    EXPECT_EQ(doc["errors"][0]["text"], "Converge Error");
+    int marked = 0;
+    for (const auto& a : doc["airways"]) marked += a["comment"].get<std::string>().rfind("Converge ", 0) == 0;
+    EXPECT_EQ(static_cast<std::size_t>(marked), doc["errors"].size());
 }
 
 TEST_F(SimulateCli, TheSolverIsChosenByOptionOrByTheFile) {

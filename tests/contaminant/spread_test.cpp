@@ -49,6 +49,26 @@ TEST(Spread, ArrivalTimesAddLengthOverVelocity) {
     EXPECT_FLOAT_EQ(TimeOf(m, net.exhaust), static_cast<float>(first + 300.0 / (20.0 / circle)));
     EXPECT_EQ(m.Smoke.SpreadMax, static_cast<std::int32_t>(std::floor(first + 300.0 / (20.0 / circle))) + 1);
 
+    // Two ways from A to B: a long slow drive entered at once, and a short way round entered
+    // later. B's outgoing airway is timed through the feeder the contaminant entered first,
+    // the long drive, even though air along the way round gets there sooner.
+    auto w = NewModel();
+    const std::int32_t in = Add(*w, Surface(0), Under(0), 20, 100);
+    const std::int32_t drive = Add(*w, Under(0), Under(100), 10, 1000);
+    const std::int32_t round1 = Add(*w, Under(0), Under(50, 50), 10, 100);
+    const std::int32_t round2 = Add(*w, Under(50, 50), Under(100), 10, 100);
+    const std::int32_t out = Add(*w, Under(100), Surface(200), 20, 100);
+    w->Airways[drive].BranchCode = bc::AreaEntry | bc::FixedLength;
+    w->Airways[drive].Width = 8; // m2
+    MakeSource(*w, in, 100);
+    Balanced(*w, ui);
+    RunContaminantSpread(*w, ui);
+    const double atA = 100.0 / (20.0 / 16.0);
+    EXPECT_FLOAT_EQ(TimeOf(*w, drive), static_cast<float>(atA));
+    EXPECT_FLOAT_EQ(TimeOf(*w, round2), static_cast<float>(atA + 100.0 / (10.0 / 16.0)));
+    EXPECT_FLOAT_EQ(TimeOf(*w, out), static_cast<float>(atA + 1000.0 / (10.0 / 8.0)));
+    EXPECT_EQ(Levels(*w, {out, round1}), (std::vector<int>{100, 100}));
+
     // An airway without a shape bit is taken at the least area, 0.05 m2.
     EXPECT_FLOAT_EQ(contaminant::TravelArea(Airway{}), 0.05f);
 }

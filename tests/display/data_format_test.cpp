@@ -140,6 +140,10 @@ TEST(FormatNodeValue, PressuresAndCoordinatesAtTheEnds) {
 
 TEST(DataTypes, ListsMemoryCaptionsAndPopup) {
     Values s;
+    EXPECT_EQ(DataValueNames(2), (std::vector<std::string>{"Total Loss", "Friction Loss", "Boost", "Regulator Load",
+                                                           "Relative", "Absolute", "Barometric"}));
+    EXPECT_EQ(DataGroupName(3), "Airway data");
+    EXPECT_EQ(DataMenuCaption(22), "Loss  Pa");
     EXPECT_EQ(DataTypeByName("velocity"), 13);
     EXPECT_EQ(DataTypeByName("Node atmos kPa"), 27);
     EXPECT_EQ(DataTypeByName("nothing"), 0);

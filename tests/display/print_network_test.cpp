@@ -10,6 +10,7 @@
 #include "display/print_network.h"
 #include "display/recording_surface.h"
 #include "display/renderer.h"
+#include "display/svg_surface.h"
 #include "display_support.h"
 #include "support/golden.h"
 
@@ -169,6 +170,17 @@ TEST(PrintNetwork, FaultsGivePrintingError) {
     s.Ds.WindowCurrent = false;
     EXPECT_FALSE(PrintNetwork(s.M, s.Ds, s.Page, s.Print, s.Ui));
     EXPECT_TRUE(s.Page.Ops.empty());
+}
+
+TEST(PrintNetwork, SvgPageHasPaperSize) {
+    PrintScene s;
+    SvgSurface svg(1, 1);
+    svg.SetPage(200, 280, kDpi);
+    BuildDrawnList(s.M, s.Ds);
+    ASSERT_TRUE(PrintNetwork(s.M, s.Ds, svg, s.Print, s.Ui));
+    const std::string doc = svg.Document();
+    EXPECT_NE(doc.find("width=\"200mm\" height=\"280mm\""), std::string::npos);
+    EXPECT_NE(doc.find("Main drive"), std::string::npos);
 }
 
 } // namespace

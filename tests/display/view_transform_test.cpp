@@ -42,6 +42,30 @@ TEST(ViewTransform, ProjectionAndUnprojectionAreInverseAtALevel) {
     }
 }
 
+TEST(ViewTransform, ProjectAirwayFollowsTheRotationFormulas) {
+    Scene s;
+    const auto row = s.Add(100, 200, 300, -50, 0, 10);
+    s.Ds.View.Is3D = 1;
+    s.Ds.View.Tilt = 0.5f;
+    s.Ds.View.Spin = 0.25f;
+    CacheRotation(s.Ds);
+    ProjectAirway(s.M, s.Ds, row);
+    const float c = std::cos(0.25f), sn = std::sin(0.25f), ct = std::cos(0.5f), st = std::sin(0.5f);
+    EXPECT_FLOAT_EQ(s.Ds.ViewFrom[1].X, c * 100 - sn * 200);
+    EXPECT_FLOAT_EQ(s.Ds.ViewFrom[1].Y, (c * 200 + sn * 100) * ct - st * 300);
+    EXPECT_FLOAT_EQ(s.Ds.ViewTo[1].X, c * -50);
+    // A plan view copies X and Y and ignores the angles.
+    s.Ds.View.Is3D = 0;
+    ProjectAirway(s.M, s.Ds, row);
+    EXPECT_EQ(s.Ds.ViewFrom[1].X, 100);
+    EXPECT_EQ(s.Ds.ViewFrom[1].Y, 200);
+    // Row 0 is the rotation centre.
+    s.Ds.View.RotCentre = {7, 8, 9};
+    ProjectAirway(s.M, s.Ds, 0);
+    EXPECT_EQ(s.Ds.ViewFrom[0].X, 7);
+    EXPECT_EQ(s.Ds.ViewFrom[0].Y, 8);
+}
+
 TEST(ViewTransform, SectionsMoveInTheVerticalPlaneFacingTheViewer) {
     Scene s;
     ViewState& v = s.Ds.View;
@@ -197,6 +221,18 @@ TEST(ViewTransform, FitsOfASingleAirwayAndOfAnEmptyNetwork) {
         EXPECT_FALSE(FitView(s.M, s.Ds, s.Ui));
         EXPECT_EQ(s.Ui.Texts("Message"), std::vector<std::string>{"Error FITTING Graphics on screen!"});
     }
+}
+
+TEST(ViewTransform, FitIn3DUsesTheProjectedEnds) {
+    Scene s;
+    s.Add(0, 0, 0, 0, 0, 400); // a shaft: a point in plan, 400 high in a section
+    s.Add(0, 0, 0, 100, 0, 0);
+    s.Ds.View.Is3D = 1;
+    s.Ds.View.Tilt = static_cast<float>(Pi / 2);
+    BuildDisplayList(s.M, s.Ds);
+    ASSERT_TRUE(FitView(s.M, s.Ds, s.Ui));
+    EXPECT_FLOAT_EQ(s.Ds.View.ScaleHeight, 400 * 1.2f);
+    EXPECT_EQ(s.Ds.View.CentreY, -200);
 }
 
 TEST(ViewTransform, WheelInAndOutReturnsTheSameBoxAndStopsAtItsLimits) {

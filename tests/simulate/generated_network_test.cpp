@@ -1,5 +1,6 @@
-// The fast node pressure flood and neighbour lists equal to the literal procedures on generated
-// networks.
+// The engine on generated networks: Kirchhoff's laws after a run on synthetic mines (flow in
+// equals flow out at every junction, and pressures agree round every loop), and the fast node
+// pressure flood and neighbour lists equal to the literal procedures.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -16,6 +17,20 @@
 
 namespace karvane::simulate {
 namespace {
+
+TEST(GeneratedMines, KirchhoffsLawsHoldAfterARun) {
+    for (const auto& [size, seed] : {std::pair{400, 1}, std::pair{1500, 2}, std::pair{3000, 3}}) {
+        SCOPED_TRACE(size);
+        auto m = simtest::GeneratedMine(size, seed);
+        ui::ScriptedUserInterface ui;
+        ui.DefaultAnswer = ui::Answer::No;
+        RunAirflow(*m, ui);
+        ASSERT_EQ(m->SimFail, 0);
+        ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Text;
+
+        simtest::ExpectKirchhoff(*m);
+    }
+}
 
 // Rows over a small pool of nodes and the surface, sorted by key as the checking stage leaves
 // them: many junctions, rows no path reaches, and surface rows that meet each other. With

@@ -1,6 +1,6 @@
-// Meshing: the full store, and the weight order with its ties, the forest and the mesh walks
-// against the literal procedures on generated networks with many equal weights, fixed flows,
-// fans and blocked airways.
+// Meshing: the mesh lists of a small network, the tree checks of every mode, the full store, and
+// the weight order with its ties, the forest and the mesh walks against the literal procedures
+// on generated networks with many equal weights.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -70,6 +70,86 @@ std::pair<int, int> Travel(const Model& model, std::int32_t e, bool first) {
     const std::int32_t a = std::abs(e);
     const int from = std::abs(model.Run.EntryNodeNo[a]), to = std::abs(model.Run.ExitNodeNo[a]);
     return (e > 0 || first) ? std::make_pair(from, to) : std::make_pair(to, from);
+}
+
+TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorterStretch) {
+    auto model = NewModel();
+    // A chain 1-2-3-4 from the root, and chords: 4->2 (on the same way to the root),
+    // 4->1 fixed flow, 3->1 blocked, 2->4 with a fan.
+    SetGraph(*model, 4, {{1, 2}, {2, 3}, {3, 4}, {4, 2}, {4, 1}, {3, 1}, {2, 4}},
+             {0.1f, 0.1f, 0.1f, 5.0f, 5.0f, 5.0f, 5.0f});
+    model->Airways[5].BranchCode |= bc::FixedFlow;
+    model->Airways[6].Resistance = static_cast<float>(BlockedResValue);
+    model->Airways[7].FanNumber = 1;
+    ui::ScriptedUserInterface ui;
+    PrepareMeshOrder(*model);
+    BuildMeshes(*model, ui);
+    ASSERT_EQ(model->SimFail, 0);
+    ASSERT_EQ(model->Run.NumMeshes, 4);
+    EXPECT_EQ(MeshOf(*model, 1), (std::vector<std::int16_t>{4, 2, 3}));     // only the stretch 2..4
+    EXPECT_EQ(MeshOf(*model, 2), (std::vector<std::int16_t>{-5, 1, 2, 3})); // fixed flow: held
+    EXPECT_EQ(MeshOf(*model, 3), (std::vector<std::int16_t>{-6, 1, 2}));    // blocked: held
+    EXPECT_EQ(MeshOf(*model, 4), (std::vector<std::int16_t>{7, -3, -2}));   // fan: balances
+    EXPECT_TRUE(ui.Transcript.empty());
+}
+
+// The forest of the network in the model, in the given run mode, from a clean error list.
+void ForestInMode(Model& model, int mode) {
+    model.SimMode = static_cast<std::int16_t>(mode);
+    model.SimFail = 0;
+    model.RestrictionFlag = false;
+    model.ErrorList.clear();
+    PrepareMeshOrder(model);
+    BuildForest(model);
+}
+
+TEST(Forest, TreeChecksOfEveryMode) {
+    // A fixed flow that is the only way to node 3 is reported in any mode.
+    auto model = NewModel();
+    for (int mode : {0, 1, 2, 3, -1}) {
+        SetGraph(*model, 3, {{1, 2}, {2, 1}, {2, 3}, {3, 2}}, {0.1f, 0.1f, 1.0f, 1.0f});
+        model->Airways[3].BranchCode |= bc::FixedFlow;
+        model->Airways[4].ResType = 1;
+        model->Airways[4].Resistance = static_cast<float>(BlockedResValue);
+        ForestInMode(*model, mode);
+        ASSERT_FALSE(model->ErrorList.empty()) << mode;
+        EXPECT_EQ(model->ErrorList[0].Text, "FIX restricting flow");
+        EXPECT_EQ(model->Airways[3].Comment, "Bad Fix");
+        EXPECT_FALSE(model->Airways[3].Has(bc::ErrorMark)) << mode; // listed, not marked
+        EXPECT_EQ(model->SimFail, 1);
+        // The bulkhead closes the loop as a chord, so nothing is said of it.
+        EXPECT_EQ(model->ErrorList.size(), 1u) << mode;
+    }
+
+    // Two bulkheads in series: the first in the order goes into the tree and is reported in
+    // modes 1 and 2 only; a fan in the tree is reported in mode 3 only.
+    for (int mode : {0, 1, 2, 3}) {
+        SetGraph(*model, 4, {{1, 2}, {3, 1}, {2, 4}, {4, 3}, {2, 3}}, {0.1f, 0.1f, 0, 0, 0.5f});
+        for (int r : {3, 4}) {
+            model->Airways[r].ResType = 1;
+            model->Airways[r].Resistance = static_cast<float>(BlockedResValue);
+        }
+        ForestInMode(*model, mode);
+        if (mode == 1 || mode == 2) {
+            ASSERT_EQ(model->ErrorList.size(), 1u);
+            EXPECT_EQ(model->ErrorList[0].AirwayNo, 3);
+            EXPECT_EQ(model->ErrorList[0].Text, "BBH not required");
+            EXPECT_EQ(model->Airways[3].Comment, "Bad BBH");
+            EXPECT_TRUE(model->Airways[3].Has(bc::ErrorMark));
+            EXPECT_TRUE(model->RestrictionFlag);
+            EXPECT_EQ(model->SimFail, 1);
+        } else {
+            EXPECT_TRUE(model->ErrorList.empty()) << mode;
+            EXPECT_EQ(model->SimFail, 0);
+        }
+    }
+    SetGraph(*model, 4, {{1, 2}, {3, 1}, {2, 4}, {4, 3}, {2, 3}}, {0.1f, 0.1f, 0, 0, 0.5f});
+    model->Airways[3].FanNumber = 1;
+    model->Airways[4].FanNumber = 2;
+    ForestInMode(*model, 3);
+    ASSERT_EQ(model->ErrorList.size(), 1u);
+    EXPECT_EQ(model->ErrorList[0].Text, "Fan restricted");
+    EXPECT_EQ(model->Airways[3].Comment, "Bad Fan");
 }
 
 TEST(Meshes, AFullStoreIsReportedAndFailsTheRun) {
