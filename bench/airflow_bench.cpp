@@ -68,9 +68,9 @@ struct Mine {
         M->AirwayCount = Count;
         M->Set.LastAirwayNo = LastNo;
         M->ErrorList.clear();
-        M->SimFail = 0;
-        M->SimMode = 0;
-        M->StopFlag = 0;
+        M->SimFail = RunResult::Good;
+        M->SimMode = RunMode::Normal;
+        M->StopFlag = StopRequest::Go;
     }
     // Up to the meshes, as a run leaves them for balancing.
     void CheckAndMesh() {
@@ -212,7 +212,7 @@ void WholeRunFromStillAir(benchmark::State& state) {
         passes += mine.Ui.Passes + 1;
     }
     state.counters["passes"] = static_cast<double>(passes) / static_cast<double>(state.iterations());
-    if (mine.M->SimFail != 0) state.SkipWithError("the generated mine did not run cleanly");
+    if (mine.M->SimFail != RunResult::Good) state.SkipWithError("the generated mine did not run cleanly");
 }
 
 // The everyday case: a run again after a small change, from the flows of the last run.

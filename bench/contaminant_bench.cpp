@@ -79,7 +79,7 @@ Mine& MineOf(std::int64_t size) {
 
 void Spread(benchmark::State& state) {
     Mine& mine = MineOf(state.range(0));
-    if (mine.M->SimValid == 0) {
+    if (mine.M->SimValid == Validity::NotValid) {
         state.SkipWithError("the mine did not balance");
         return;
     }
@@ -94,7 +94,7 @@ void Spread(benchmark::State& state) {
 
 void Sourcing(benchmark::State& state) {
     Mine& mine = MineOf(state.range(0));
-    if (mine.M->SimValid == 0) {
+    if (mine.M->SimValid == Validity::NotValid) {
         state.SkipWithError("the mine did not balance");
         return;
     }

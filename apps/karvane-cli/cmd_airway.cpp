@@ -66,7 +66,7 @@ int ShowAirway(const CommandLine& cl, const AirwayOptions& o) {
     forms::AirInfoCard card;
     if (loaded) {
         if (o.Simulate) {
-            m.SimMode = 0;
+            m.SimMode = RunMode::Normal;
             m.ShowProgress = cl.Global.Progress ? 1 : 0;
             simulate::RunAirflow(m, ui);
         }

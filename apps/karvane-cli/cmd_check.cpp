@@ -22,7 +22,7 @@ void AddCheckCommand(CommandLine& cl) {
         const bool loaded = s.Load(*path);
         Model& m = s.model();
         if (loaded) {
-            m.SimFail = 0;
+            m.SimFail = RunResult::Good;
             m.ErrorList.clear();
             BuildNodeKeys(m, s.ui());
             files::SortAirways(m, s.ui());

@@ -33,7 +33,7 @@ bool BalanceMine(Model& m, ui::ConsoleUserInterface& ui, int iterations, bool pr
         std::cerr << ui::ConsoleUserInterface::OneLine("Sim Fail Error List",
                                                        std::to_string(e.AirwayNo) + "\t" + e.Text)
                   << '\n';
-    return m.SimFail == 0;
+    return m.SimFail == RunResult::Good;
 }
 
 } // namespace

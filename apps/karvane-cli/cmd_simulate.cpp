@@ -19,32 +19,33 @@ namespace {
 struct SimulateOptions {
     std::string Path;
     std::string Out;
-    int Mode = simulate::mode::Normal;
+    int Mode = 0;        // a RunMode by its number
     int MaxIter = 0;     // 0: the network's setting
     double AllowErr = 0; // 0: the network's setting
     std::string Solver;  // empty: the network's setting
     bool Json = false;
 };
 
-const char* ModeName(int mode) {
+const char* ModeName(RunMode mode) {
     switch (mode) {
-    case simulate::mode::FindBulkheads: return "find unnecessary bulkheads";
-    case simulate::mode::RemoveBulkheads: return "remove unnecessary bulkheads";
-    case simulate::mode::RestrictiveFans: return "find restrictive fans";
-    case simulate::mode::DuplicateAirways: return "find duplicate airways";
-    case simulate::mode::NonConverging: return "non-converging airways";
+    case RunMode::FindBulkheads: return "find unnecessary bulkheads";
+    case RunMode::RemoveBulkheads: return "remove unnecessary bulkheads";
+    case RunMode::FindRestrictiveFans: return "find restrictive fans";
+    case RunMode::FindDuplicates: return "find duplicate airways";
+    case RunMode::FindNonConverging: return "non-converging airways";
     default: return "simulation";
     }
 }
 
 // The state of the results after a run, in a word.
 const char* ResultName(const Model& m) {
-    if (m.SimFail == 1) return "failed";
-    if (m.SimFail == 2) return "completed with warnings";
-    return m.SimValid != 0 ? "valid" : "completed";
+    if (m.SimFail == RunResult::Failed) return "failed";
+    if (m.SimFail == RunResult::Warnings) return "completed with warnings";
+    return m.SimValid != Validity::NotValid ? "valid" : "completed";
 }
 
 int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
+    const auto mode = static_cast<RunMode>(o.Mode);
     Session s(cl);
     if (!s.ok()) return ExitUsage;
     // The question whether to keep on simulating carries the convergence reached, which
@@ -58,7 +59,7 @@ int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
         if (o.MaxIter > 0) m.Set.MaxIter = static_cast<std::int16_t>(o.MaxIter);
         if (o.AllowErr > 0) m.Set.AllowErr = static_cast<float>(o.AllowErr);
         ApplySolver(o.Solver, m);
-        m.SimMode = static_cast<std::int16_t>(o.Mode);
+        m.SimMode = mode;
         m.ShowProgress = 0;
         simulate::RunAirflow(m, s.ui());
         ran = m.AirwayCount >= 2;
@@ -73,7 +74,7 @@ int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
         std::cout << j.dump(2) << '\n';
     } else if (loaded) {
         std::ostream& out = std::cout;
-        out << "Run: " << ModeName(o.Mode) << '\n';
+        out << "Run: " << ModeName(mode) << '\n';
         out << "Result: " << ResultName(m) << '\n';
         if (ran) PrintSummary(out, m);
         PrintErrorList(out, m);
@@ -81,7 +82,7 @@ int RunSimulate(const CommandLine& cl, const SimulateOptions& o) {
     }
     if (!loaded || !ran || !saved) return ExitFailure;
     // A troubleshooting run reports what it found; only an ordinary run that failed fails.
-    if (o.Mode == simulate::mode::Normal && m.SimFail == 1) return ExitFailure;
+    if (mode == RunMode::Normal && m.SimFail == RunResult::Failed) return ExitFailure;
     return ExitOk;
 }
 

@@ -39,7 +39,7 @@ void PrintSpread(const Model& m) {
     o << "Mode: " << ModeName(m) << '\n';
     o << "Sources: " << CountSources(m) << '\n';
     o << "Contaminated airways: " << contaminated << '\n';
-    if (m.GasActive != 1) return; // no source with a flow: nothing to show
+    if (m.GasActive != GasDisplay::Spread) return; // no source with a flow: nothing to show
     o << "Legend:";
     for (const float t : m.Smoke.ContaminantThreshold) o << ' ' << contaminant::ThresholdText(t);
     o << '\n';
@@ -69,7 +69,7 @@ void AddSmokeCommand(CommandLine& cl) {
             ApplySolver(o->Solver, m);
             contaminant::RunContaminantSpread(m, s.ui());
         }
-        const bool ran = loaded && m.SimValid != 0 && m.AirwayCount > 1;
+        const bool ran = loaded && m.SimValid != Validity::NotValid && m.AirwayCount > 1;
         if (o->Json) {
             nlohmann::json j = ContaminantResultJson(o->Path, loaded, m, s.ui());
             if (loaded) j["mode"] = m.Set.SmokeCumulative == 1 ? "cumulative" : "fixed";

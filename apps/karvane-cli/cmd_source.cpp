@@ -73,7 +73,7 @@ void AddSourceCommand(CommandLine& cl) {
             ApplySolver(o->Solver, m);
             contaminant::RunSourcing(m, s.ui());
         }
-        const bool ran = loaded && m.GasActive == 2;
+        const bool ran = loaded && m.GasActive == GasDisplay::Sourcing;
         if (o->Json) {
             std::cout << ContaminantResultJson(o->Path, loaded, m, s.ui()).dump(2) << '\n';
         } else if (ran) {

@@ -113,8 +113,8 @@ nlohmann::json ContaminantResultJson(const std::string& path, bool loaded, const
     j["file"] = ToUtf8(path);
     j["loaded"] = loaded;
     if (loaded) {
-        j["simValid"] = model.SimValid != 0;
-        j["gasActive"] = model.GasActive;
+        j["simValid"] = model.SimValid != Validity::NotValid;
+        j["gasActive"] = static_cast<int>(model.GasActive);
         nlohmann::json thresholds = nlohmann::json::array();
         for (const float t : model.Smoke.ContaminantThreshold) thresholds.push_back(JsonSingle(t));
         j["legend"] = {{"thresholds", thresholds}, {"spreadMax", model.Smoke.SpreadMax}};

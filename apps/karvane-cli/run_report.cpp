@@ -70,8 +70,8 @@ nlohmann::json NetworkResultJson(const std::string& path, bool loaded, const Mod
     j["file"] = ToUtf8(path);
     j["loaded"] = loaded;
     if (loaded) {
-        j["simFail"] = model.SimFail;
-        j["simValid"] = model.SimValid != 0;
+        j["simFail"] = static_cast<int>(model.SimFail);
+        j["simValid"] = model.SimValid != Validity::NotValid;
         j["totals"] = TotalsJson(model);
         j["errors"] = ErrorListJson(model);
         j["airways"] = AirwaysJson(model);

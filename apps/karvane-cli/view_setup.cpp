@@ -50,7 +50,7 @@ std::unique_ptr<display::DisplayState> SetUpView(Session& s, const ViewRequest& 
     if (!report.NetworkChanged) return nullptr;
 
     if (o.Simulate) {
-        m.SimMode = 0;
+        m.SimMode = RunMode::Normal;
         m.ShowProgress = o.Progress ? 1 : 0;
         simulate::RunAirflow(m, ui);
     }

@@ -40,7 +40,7 @@ public:
     // Deselect, the runs of the tool bar.
     virtual void RunToolCommand(int value) = 0;
     // An airflow run in a troubleshooting mode, with its progress and error windows.
-    virtual void Troubleshoot(std::int16_t mode) = 0;
+    virtual void Troubleshoot(RunMode mode) = 0;
     // Opens the form of a menu entry (mnuFanData, mnuSummary, ...). False when this host has no
     // such form; the command then tells the user.
     virtual bool OpenForm(const std::string& menuName) = 0;

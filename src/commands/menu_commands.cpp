@@ -55,10 +55,10 @@ void RunFinder(CommandContext& c) {
 
 struct MenuCommand {
     std::string_view Name;
-    int ToolValue = -1;          // a tool bar command value, run through RunToolCommand
-    Handler Run = nullptr;       // a command of its own
-    const char* Form = nullptr;  // a form opened by name
-    std::int16_t Trouble = -100; // a troubleshooting run mode
+    int ToolValue = -1;                // a tool bar command value, run through RunToolCommand
+    Handler Run = nullptr;             // a command of its own
+    const char* Form = nullptr;        // a form opened by name
+    RunMode Trouble = RunMode::Normal; // a troubleshooting run mode
 };
 
 void PlanView(CommandContext& c, bool plan) {
@@ -240,11 +240,11 @@ const std::array kCommands{
                 }},
     MenuCommand{"mnuRemoteStation", -1, nullptr, "mnuRemoteStation"},
     MenuCommand{"mnuRealOut", -1, nullptr, "mnuRealOut"},
-    MenuCommand{"mnuFindResFans", -1, nullptr, nullptr, simulate::mode::RestrictiveFans},
-    MenuCommand{"mnuDupAir", -1, nullptr, nullptr, simulate::mode::DuplicateAirways},
-    MenuCommand{"mnuProblems", -1, nullptr, nullptr, simulate::mode::FindBulkheads},
-    MenuCommand{"mnuRemoveRedund", -1, nullptr, nullptr, simulate::mode::RemoveBulkheads},
-    MenuCommand{"mnnuNonConverge", -1, nullptr, nullptr, simulate::mode::NonConverging},
+    MenuCommand{"mnuFindResFans", -1, nullptr, nullptr, RunMode::FindRestrictiveFans},
+    MenuCommand{"mnuDupAir", -1, nullptr, nullptr, RunMode::FindDuplicates},
+    MenuCommand{"mnuProblems", -1, nullptr, nullptr, RunMode::FindBulkheads},
+    MenuCommand{"mnuRemoveRedund", -1, nullptr, nullptr, RunMode::RemoveBulkheads},
+    MenuCommand{"mnnuNonConverge", -1, nullptr, nullptr, RunMode::FindNonConverging},
     MenuCommand{"mnuResetAirflows", -1,
                 [](CommandContext& c) {
                     simulate::ReseedAirflows(c.M, c.Ui);

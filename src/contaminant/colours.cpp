@@ -26,14 +26,14 @@ bool ArrivedBySpreadLimit(const Model& model, std::int32_t row) {
 int AirwayContaminantColour(const Model& model, std::int32_t row) {
     if (!InTable(model, row)) return NotContaminatedColour;
     const std::int16_t level = model.Airways[row].Gas2;
-    if (model.GasActive == 1) {
+    if (model.GasActive == GasDisplay::Spread) {
         if (level <= 0 || !ArrivedBySpreadLimit(model, row)) return NotContaminatedColour;
         const auto& thresholds = model.Smoke.ContaminantThreshold;
         for (int k = 0; k < ThresholdCount; ++k)
             if (static_cast<float>(level + 1) >= thresholds[k]) return TopLevelColour - k;
         return NotContaminatedColour;
     }
-    if (model.GasActive == 2) return level >= 0 && level <= 7 ? level : NotContaminatedColour;
+    if (model.GasActive == GasDisplay::Sourcing) return level >= 0 && level <= 7 ? level : NotContaminatedColour;
     return NotContaminatedColour;
 }
 

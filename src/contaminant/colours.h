@@ -22,11 +22,11 @@ inline constexpr int TopLevelColour = 6;
 inline constexpr double SpreadDaySeconds = 86404.0;
 
 // The colour index 0..7 of an airway row under the contaminant result on show:
-//  - GasActive 1 (spread): the row has arrived when model.Smoke.SpreadLimit is 0 or its
+//  - GasActive Spread: the row has arrived when model.Smoke.SpreadLimit is 0 or its
 //    absolute value is at least the row's SpreadTime. An arrived row with a level (Gas2)
 //    above 0 takes 6 - k for the lowest k from 0 to 5 whose ContaminantThreshold(k) is at most
 //    Gas2 + 1; below every threshold, or not arrived, or clean: 0.
-//  - GasActive 2 (sourcing): Gas2 itself (0 unknown, 4 smoke, 5 potential source, 7 clear).
+//  - GasActive Sourcing: Gas2 itself (0 unknown, 4 smoke, 5 potential source, 7 clear).
 //  - otherwise, and for a row outside the table: 0.
 // The renderer's own overrides (filters, error marks) go before this one.
 int AirwayContaminantColour(const Model& model, std::int32_t row);

@@ -35,12 +35,12 @@ void Walk(Model& model, std::int16_t pin, std::int16_t state, Next next, Takes t
 } // namespace
 
 void RunSourcing(Model& model, ui::UserInterface& ui, simulate::RunHooks* hooks) {
-    if (model.SimValid == 0) {
-        model.SimMode = 0;
+    if (model.SimValid == Validity::NotValid) {
+        model.SimMode = RunMode::Normal;
         model.ShowProgress = 1;
         simulate::RunAirflow(model, ui, hooks);
         if (hooks) hooks->Redraw();
-        if (model.SimValid == 0) {
+        if (model.SimValid == Validity::NotValid) {
             ui.Message("Network must be successfully balanced before smoke sourcing simulation can work", ProgramName,
                        ui::Icon::None);
             return;
@@ -48,7 +48,7 @@ void RunSourcing(Model& model, ui::UserInterface& ui, simulate::RunHooks* hooks)
     }
     // A valid result whose lists were dropped by a run stopped later: build them again.
     if (!model.Run.NeighboursValid) simulate::BuildNeighbourLists(model);
-    model.GasActive = 2;
+    model.GasActive = GasDisplay::Sourcing;
     const std::int32_t n = CheckedAirwayCount(model);
     for (std::int32_t i = 1; i <= n; ++i) model.Airways[i].Gas2 = UnknownState;
 
@@ -113,7 +113,7 @@ bool ClearPins(Model& model, ui::UserInterface& ui) {
         ui::Answer::Yes)
         return false;
     ClearSourcing(model);
-    model.GasActive = 0;
+    model.GasActive = GasDisplay::None;
     return true;
 }
 

@@ -27,10 +27,10 @@ inline constexpr std::int16_t ClearState = 7;
 inline constexpr float SourcingFlowThreshold = 0.1f;
 
 // The sourcing, from the pins (Gas1) of the present network:
-//  - without a valid airflow result, an airflow run first (SimMode 0, with progress) and a
+//  - without a valid airflow result, an airflow run first (SimMode Normal, with progress) and a
 //    redraw; if the network still does not balance, "Network must be successfully balanced
 //    before smoke sourcing simulation can work" and nothing more;
-//  - GasActive 2 and every state reset to unknown;
+//  - GasActive Sourcing and every state reset to unknown;
 //  - potential walk: smoke pins and everything upstream of them, through unpinned airways
 //    above 0.1 m3/s, are potential sources;
 //  - clear walk: clear pins and everything upstream of them, likewise, are clear, over the

@@ -20,11 +20,10 @@ namespace karvane::contaminant {
 
 namespace {
 
-constexpr std::uint8_t StopRequested = 255;
 // pi as the spread works out the area of a circular airway.
 constexpr double SpreadPi = 3.1415927;
 
-bool Stopped(const Model& model) { return model.StopFlag == StopRequested; }
+bool Stopped(const Model& model) { return model.StopFlag == StopRequest::Stop; }
 
 // A row passes its contaminant on unless it leaves to the surface: the atmosphere carries
 // nothing on to the intakes.
@@ -211,7 +210,7 @@ bool KeysMoved(const Model& model, std::int32_t n) {
 // StopFlag back to "no run is active" however the spread ends.
 struct IdleOnExit {
     Model& model;
-    ~IdleOnExit() { model.StopFlag = StopRequested; }
+    ~IdleOnExit() { model.StopFlag = StopRequest::Stop; }
 };
 
 } // namespace
@@ -228,18 +227,18 @@ float TravelArea(const Airway& airway) {
 void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hooks, bool retainLegend) {
     SpreadHooks none;
     SpreadHooks& h = hooks ? *hooks : none;
-    if (model.SimValid == 0) {
-        model.SimMode = 0;
+    if (model.SimValid == Validity::NotValid) {
+        model.SimMode = RunMode::Normal;
         model.ShowProgress = 1;
         simulate::RunAirflow(model, ui, &h);
-        if (model.SimValid == 0) {
+        if (model.SimValid == Validity::NotValid) {
             ui.Message("Network must be successfully balanced before smoke simulation can work", ProgramName,
                        ui::Icon::None);
             return;
         }
     }
     h.RememberDataTypes();
-    model.StopFlag = 0;
+    model.StopFlag = StopRequest::Go;
     IdleOnExit idle{model};
     if (model.AirwayCount <= 1) {
         ui.Message("No Data to Simulate", ProgramName, ui::Icon::Exclamation);
@@ -266,7 +265,7 @@ void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hook
 
     h.CloseSmokeWindow();
     h.Redraw();
-    model.GasActive = 1;
+    model.GasActive = GasDisplay::Spread;
     h.ShowLegend();
     SetUpLegend(model, n);
     h.ShowContaminantDataTypes();
@@ -318,8 +317,8 @@ void ClearContaminant(Model& model, ui::UserInterface& ui, SpreadHooks* hooks) {
             a.Contaminant = 0;
         }
     }
-    if (model.GasActive == 1) {
-        model.GasActive = 0;
+    if (model.GasActive == GasDisplay::Spread) {
+        model.GasActive = GasDisplay::None;
         if (hooks) {
             hooks->CloseLegend();
             hooks->RestoreDataTypes();
@@ -329,8 +328,8 @@ void ClearContaminant(Model& model, ui::UserInterface& ui, SpreadHooks* hooks) {
 }
 
 void CancelSpread(Model& model, SpreadHooks* hooks) {
-    model.StopFlag = StopRequested;
-    model.GasActive = 0;
+    model.StopFlag = StopRequest::Stop;
+    model.GasActive = GasDisplay::None;
     if (hooks) {
         hooks->CloseSmokeWindow();
         hooks->CloseLegend();

@@ -46,7 +46,7 @@ struct SpreadHooks : simulate::RunHooks {
 };
 
 // The spread, from the sources (bit 8 and Contaminant) of the present network:
-//  - without a valid airflow result, an airflow run first (SimMode 0, with progress); if the
+//  - without a valid airflow result, an airflow run first (SimMode Normal, with progress); if the
 //    network still does not balance, "Network must be successfully balanced before smoke
 //    simulation can work" and nothing more;
 //  - node keys and row order brought up to date, every row's level (Gas2) and arrival time
@@ -58,11 +58,11 @@ struct SpreadHooks : simulate::RunHooks {
 //    weighted mean level of the rows that feed it (plus its own level for a source in
 //    cumulative mode), capped at 20000, and the arrival time through its earliest feeder,
 //    until no level moves by 1 or more; after 100 passes the user may accept the best guess;
-//  - GasActive 1, the legend thresholds, SpreadMax and SpreadLimit 0. The thresholds of the
+//  - GasActive Spread, the legend thresholds, SpreadMax and SpreadLimit 0. The thresholds of the
 //    last legend are kept when the retain choice is on: it follows retainLegend (the "Retain
 //    Legend" box) until a source is placed or changed, and stays as last taken after that.
 // Progress goes to the boxes TxtItt, TxtRate, TxtSpread and TxtErr through ui.ProgressBox; a
-// stop request (StopFlag 255, see CancelSpread) ends the rounds or passes early and shows what
+// stop request (StopFlag Stop, see CancelSpread) ends the rounds or passes early and shows what
 // has been worked out so far.
 void RunContaminantSpread(Model& model, ui::UserInterface& ui, SpreadHooks* hooks = nullptr, bool retainLegend = false);
 

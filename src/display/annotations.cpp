@@ -111,7 +111,7 @@ void DrawAnnotations(const Model& model, DisplayState& ds, Surface& surface) {
     const bool textShown = sz.FontFactor != 0;
     const Colour background = colours[3];
     const Colour darkGrey = FixedColour(DarkGreyIndex);
-    const bool gas = model.GasActive != 0;
+    const bool gas = model.GasActive != GasDisplay::None;
     const bool nodeData = IsNodeDataType(v.DataType);
     const std::int16_t filter = model.Set.DataFilter;
     const std::vector<Fixed4> entryKeys = show(opt::ShowNodeSymbols) ? SortedEntryKeys(model) : std::vector<Fixed4>();

@@ -172,7 +172,7 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
         break;
     }
     case 55:
-        if (model.GasActive == 1 && a.Gas2 != 0) {
+        if (model.GasActive == GasDisplay::Spread && a.Gas2 != 0) {
             text = FormatNumber(a.Gas2 + 0.2, "0", sep);
         } else if (a.Contaminant != 0) {
             text = FormatNumber(static_cast<double>(a.Contaminant) + 0.2, "0", sep);

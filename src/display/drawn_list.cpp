@@ -47,7 +47,7 @@ Colour AirwayLineColour(const Model& model, const DisplayState& ds, const Airway
     } else if (IsSteep(a)) {
         colour = a.Z1 > a.Z2 ? colours[2] : colours[1];
     }
-    if (model.GasActive != 0) {
+    if (model.GasActive != GasDisplay::None) {
         colour = FixedColour(contaminant::AirwayContaminantColour(model, row));
     }
     if (!a.Has(bc::InView) && (v.DimOptions & dim::LinesMask) == dim::Dim) colour = FixedColour(DarkGreyIndex);

@@ -173,7 +173,7 @@ void PrintRowText(const Model& model, const DisplayState& ds, Surface& page, con
         y -= l.Hh;
     }
     UseFont(model, page, 2, l.Font[2]);
-    const bool plain = rowColour == model.Set.Colours[3] || model.GasActive != 0;
+    const bool plain = rowColour == model.Set.Colours[3] || model.GasActive != GasDisplay::None;
     page.SetForeColour(plain ? kBlack : rowColour * l.Cf);
     const std::string name = TrimText(a.BranchName);
     if (Fits(l, page, mx, y, kNameSample) && !name.empty() && static_cast<unsigned char>(name[0]) >= 32 &&
@@ -201,7 +201,7 @@ void PrintRow(const Model& model, const DisplayState& ds, Surface& page, const L
     const Colour darkGrey = FixedColour(DarkGreyIndex);
     Colour colour = d.LineColour;
     int width = 3;
-    if (model.GasActive == 1) {
+    if (model.GasActive == GasDisplay::Spread) {
         const int band = SpreadBand(model, a);
         colour = printColours[static_cast<std::size_t>(band)];
         width = band + 3;
@@ -270,7 +270,7 @@ void PrintLegend(const Model& model, Surface& page, const Layout& l, const std::
                  char sep) {
     const double step = l.W / 20;
     page.SetForeColour(kBlack);
-    if (model.GasActive == 1) {
+    if (model.GasActive == GasDisplay::Spread) {
         page.SetFontSize(18);
         for (int k = 0; k <= 6; ++k) {
             page.FilledRectangle(static_cast<float>(l.Right), static_cast<float>(l.Top + k * step),
@@ -282,7 +282,7 @@ void PrintLegend(const Model& model, Surface& page, const Layout& l, const std::
                 PrintAt(page, l.Right - step - page.TextWidth("XXX"), l.Top + (k + 1) * step, text);
             }
         }
-    } else if (model.GasActive == 2) {
+    } else if (model.GasActive == GasDisplay::Sourcing) {
         page.SetFontSize(10);
         static constexpr int numbers[4] = {8, 9, 6, 4};
         static constexpr const char* captions[4] = {"unknown", "fresh", "potential source", "smoke"};
@@ -299,9 +299,11 @@ std::string TitleLine(const Model& model, const DisplayState& ds, const PrintSet
     std::string title =
         "KARVANE  " + print.PrintTitle + "   Scale 1:" + files::PlainSingle(figure, ds.DecimalSeparator);
     title += "RL Name " + LevelListText(model, ds) + "   ";
-    static constexpr const char* runs[3] = {"AirFlow Simulation  ", "Contaminant Spread Simulation  ",
-                                            "Contaminant Source Simulation  "};
-    title += runs[std::clamp<int>(model.GasActive, 0, 2)];
+    switch (model.GasActive) {
+    case GasDisplay::Spread: title += "Contaminant Spread Simulation  "; break;
+    case GasDisplay::Sourcing: title += "Contaminant Source Simulation  "; break;
+    case GasDisplay::None: title += "AirFlow Simulation  "; break;
+    }
     const int type = ds.View.DataType;
     title += std::string(DataGroupName(type / 10)) + " " + std::string(DataValueName(type));
     return title;

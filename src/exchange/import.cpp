@@ -357,7 +357,7 @@ bool ImportFile(Model& model, ui::UserInterface& ui, const std::string& importPa
 
     RecalcAllAirways(model);
     model.NetworkSaved = No0;
-    model.SimValid = 0;
+    model.SimValid = Validity::NotValid;
     model.Run.NeighboursValid = false;
     BuildNodeKeys(model, ui);
     SortLevels(model);

@@ -144,7 +144,7 @@ std::int32_t CmdSimp(Model& model, ui::UserInterface& ui, files::UndoLog& undo, 
     if (count > 0) {
         if (undo.CurrentStep < INT16_MAX) ++undo.CurrentStep;
         model.NetworkSaved = No0;
-        model.SimValid = 0;
+        model.SimValid = Validity::NotValid;
     }
     CompactAirways(model);
     model.Run.NeighboursValid = false;

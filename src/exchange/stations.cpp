@@ -129,7 +129,7 @@ TickResult ReadStations(Model& model, ui::UserInterface& ui, StationMonitor& mon
     if (model.Stations.Resimulate != 0) {
         const std::int16_t shown = model.ShowProgress;
         model.ShowProgress = 0;
-        model.SimMode = 0;
+        model.SimMode = RunMode::Normal;
         simulate::RunAirflow(model, ui, &hooks);
         model.ShowProgress = shown;
         if (!hooks.Busy()) hooks.RedrawViews();

@@ -14,7 +14,7 @@ bool SameKeys(const Airway& a, const Airway& b) { return a.EntryKey == b.EntryKe
 // The answer to one of the deletion questions; the duplicate search asks nothing and keeps
 // every row.
 bool AgreesToDelete(const Model& model, ui::UserInterface& ui, const char* text, const char* title) {
-    if (model.SimMode == 4) return false;
+    if (model.SimMode == RunMode::FindDuplicates) return false;
     return ui.Ask(text, title, ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
 }
 
@@ -43,7 +43,7 @@ void DeleteOrReport(Model& model, ui::UserInterface& ui, IsFaulty isFaulty, cons
             if (remove) {
                 doomed = ClearRowMarks(model, n);
             } else {
-                model.SimFail = 1;
+                model.SimFail = RunResult::Failed;
             }
         }
         if (remove) {

@@ -294,7 +294,7 @@ bool SaveNetwork(Model& model, ui::UserInterface& ui, int mode) {
         target = (std::filesystem::path(ui.TempPath()) / AutosaveFileName).string();
     } else {
         ui.PumpEvents();
-        if (model.GasActive != 0) {
+        if (model.GasActive != GasDisplay::None) {
             ui.Message("Clear gas simulation first !", ProgramName, ui::Icon::Exclamation);
             return false;
         }

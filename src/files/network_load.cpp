@@ -589,7 +589,7 @@ void NetworkLoader::Rebuild() {
 
     BuildNodeKeys(m_, ui_);
     RecalcAllAirways(m_);
-    m_.SimValid = 0;
+    m_.SimValid = Validity::NotValid;
 }
 
 } // namespace

@@ -112,7 +112,7 @@ void UndoLog::ResetUndo() {
 }
 
 void UndoLog::LogAirway(Model& model, ui::UserInterface& ui, std::int32_t row, int action, std::int16_t step) {
-    model.SimValid = 0;
+    model.SimValid = Validity::NotValid;
     if (!LogTruncated) {
         for (std::int32_t k = 1; k <= UndoCapacity; ++k) {
             if (UndoIndex[static_cast<std::size_t>(k)].UndoStep == step) {

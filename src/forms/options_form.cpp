@@ -208,7 +208,7 @@ OptionsEffects ApplySettings(Model& m, display::DisplayState& ds, OptionsFields&
     // Another balancing method leaves the flows where they stand, but a result is the method's.
     if (const std::int16_t solver = f.OptSolver == 1 ? SolverNewton : SolverHardyCross; solver != s.Solver) {
         s.Solver = solver;
-        m.SimValid = 0;
+        m.SimValid = Validity::NotValid;
     }
     s.ScreenBuffer = f.ChkBuffer;
     s.AutoInfo = f.ChkInfo;
@@ -270,7 +270,7 @@ OptionsEffects ApplySettings(Model& m, display::DisplayState& ds, OptionsFields&
         if (density != s.Density) {
             s.Density = density;
             RecalcAllAirways(m);
-            m.SimValid = 0;
+            m.SimValid = Validity::NotValid;
             fx.ResistancesRecalculated = true;
         }
     }
@@ -314,7 +314,7 @@ OptionsEffects ApplySettings(Model& m, display::DisplayState& ds, OptionsFields&
     if (presetsChanged) {
         // Airways that use a preset follow its new value at once.
         RecalcAllAirways(m);
-        m.SimValid = 0;
+        m.SimValid = Validity::NotValid;
         fx.ResistancesRecalculated = true;
     }
     // 14. Autosave.

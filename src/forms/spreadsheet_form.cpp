@@ -401,7 +401,7 @@ bool SpreadSheetForm::SaveGrid() {
         m_.NetworkSaved = No0;
     }
     Modified = false;
-    m_.SimFail = 0;
+    m_.SimFail = RunResult::Good;
     ui_.SetBusy(false);
     return true;
 }

@@ -460,9 +460,9 @@ MineLayout GenerateMine(Model& model, const MineRequest& request) {
                         static_cast<long long>(request.Seed));
     m.FileNote.clear();
     m.NetworkSaved = No0;
-    m.SimValid = 0;
-    m.SimFail = 0;
-    m.GasActive = 0;
+    m.SimValid = Validity::NotValid;
+    m.SimFail = RunResult::Good;
+    m.GasActive = GasDisplay::None;
     return lay;
 }
 

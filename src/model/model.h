@@ -81,11 +81,11 @@ struct Model {
     bool Confirmations = false;
 
     // Run state of the simulations.
-    std::int16_t SimMode = 0;
-    std::int16_t SimFail = 0;
-    std::uint8_t StopFlag = 255;
-    std::int16_t SimValid = 0;
-    std::int16_t GasActive = 0;
+    RunMode SimMode = RunMode::Normal;
+    RunResult SimFail = RunResult::Good;
+    StopRequest StopFlag = StopRequest::Stop; // no run is active
+    Validity SimValid = Validity::NotValid;
+    GasDisplay GasActive = GasDisplay::None;
     std::int16_t ShowProgress = 1; // 1 show the progress window; 0 run silently
     bool RestrictionFlag = false;  // a troubleshooting run found what it looked for
     bool AirwaysTurned = false;    // the last run turned airways to match their flow (undo reads it)

@@ -110,7 +110,7 @@ void BuildNodeKeys(Model& model, ui::UserInterface& ui) {
         // Reported once the row has its number, so that the list line leads to the airway.
         if (a.EntryKey == SurfaceKey && a.ExitKey == SurfaceKey) {
             ReportAirwayFault(model, row, "both ends on surface", "ends on surface");
-            model.SimFail = 1;
+            model.SimFail = RunResult::Failed;
             bothOnSurface = true;
         }
     }

@@ -43,7 +43,7 @@ Fixed4 EndKey(const Model& model, std::int32_t x, std::int32_t y, std::int32_t z
 //  - a row with AirwayNo 0 takes LastAirwayNo + 1, which becomes the new LastAirwayNo;
 //  - a row with both ends on the surface gets the error line "both ends on surface" (under its
 //    new number when it has just been given one), Comment "ends on surf" and bit 64, and
-//    SimFail becomes 1; the row stays.
+//    SimFail becomes Failed; the row stays.
 // Deleted rows are removed after the loop (the rest keep their order, AirwayCount falls). If
 // any row had both ends on the surface, one plain message box says so after the loop.
 // The caller rebuilds the display list.

@@ -13,6 +13,30 @@
 
 namespace karvane {
 
+// The mode of an airflow run: the ordinary run, or a troubleshooting run in which meshing or
+// balancing reports what it sees. The numbers are those of the command line's --mode.
+enum class RunMode : std::int16_t {
+    Normal = 0,
+    FindBulkheads = 1,       // "Find" unnecessary bulkheads
+    RemoveBulkheads = 2,     // "Remove" them
+    FindRestrictiveFans = 3, // "Find Restrictive Fans"
+    FindDuplicates = 4,      // "Find Duplicate Airways"
+    FindNonConverging = -1,  // "Non-converging Airways"
+};
+
+// How the last run ended: cleanly, failed (the error list is the reason), or with warnings.
+enum class RunResult : std::int16_t { Good = 0, Failed = 1, Warnings = 2 };
+
+// The stop button of the progress window: Go while a run may go on; Stop when it was pressed,
+// and whenever no run is active.
+enum class StopRequest : std::uint8_t { Go = 0, Stop = 255 };
+
+// What the airways show of the contaminant simulations: nothing, a spread or a sourcing.
+enum class GasDisplay : std::int16_t { None = 0, Spread = 1, Sourcing = 2 };
+
+// Whether the airway columns hold the result of a finished run of the present network.
+enum class Validity : std::int16_t { NotValid = 0, Valid = -1 };
+
 // The work store of the Newton balancing: its factorisation and work columns. Made by the
 // solver at its first run and kept, so that later runs of the same network allocate nothing.
 struct NewtonWork;

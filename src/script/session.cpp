@@ -397,8 +397,8 @@ void Session::RedrawWindow() {
 void Session::RunCommand(int value) {
     switch (value) {
     case edit::cmd::Simulate:
-        if (m_.GasActive != 0) m_.GasActive = 0;
-        m_.SimMode = simulate::mode::Normal;
+        if (m_.GasActive != GasDisplay::None) m_.GasActive = GasDisplay::None;
+        m_.SimMode = RunMode::Normal;
         m_.ShowProgress = 0;
         simulate::RunAirflow(m_, ui_, hooks_.get());
         AfterRun();
@@ -419,7 +419,7 @@ void Session::RunCommand(int value) {
         AfterLevelChange();
         break;
     case edit::cmd::Smoke:
-        if (m_.GasActive == 1) {
+        if (m_.GasActive == GasDisplay::Spread) {
             ui_.Message("Contaminant must be cleared before simulating", ProgramName, ui::Icon::Exclamation);
             break;
         }
@@ -560,7 +560,7 @@ void Session::AfterLevelChange() {
     SaveWindowState();
 }
 
-void Session::Troubleshoot(std::int16_t mode) {
+void Session::Troubleshoot(RunMode mode) {
     simulate::RunTroubleshoot(m_, ui_, mode, hooks_.get());
     AfterRun();
 }
@@ -574,7 +574,7 @@ void Session::AfterMerge() { AfterRun(); }
 
 void Session::AfterNewNetwork() {
     undo_.ResetUndo();
-    m_.GasActive = 0;
+    m_.GasActive = GasDisplay::None;
     display::ResetViewOptions(m_, *ds_);
     display::AdoptLoadedLevel(m_, *ds_);
     ds_->View.LevelMode = display::lm::Single;

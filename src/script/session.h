@@ -115,7 +115,7 @@ public:
     bool ViewWindowOpen() const override { return !ds_->WindowFrozen; }
     void AfterLevelChange() override;
     void RunToolCommand(int value) override { dispatcher_->RunToolCommand(value); }
-    void Troubleshoot(std::int16_t mode) override;
+    void Troubleshoot(RunMode mode) override;
     bool OpenForm(const std::string& menuName) override;
     void AfterLoad(const files::LoadReport& report) override;
     void AfterMerge() override;

@@ -71,8 +71,8 @@ std::string ScenarioFileName(int index, const std::string& name) {
 }
 
 void Measure(const Model& m, const StudyOptions& o, ScenarioResult& r) {
-    r.SimValid = m.SimValid != 0;
-    r.SimFail = m.SimFail != 0;
+    r.SimValid = m.SimValid != Validity::NotValid;
+    r.SimFail = m.SimFail != RunResult::Good;
     r.Totals = simulate::Summarize(m);
     for (std::int32_t row = 1; row <= m.AirwayCount; ++row) {
         const Airway& a = m.Airways[static_cast<std::size_t>(row)];
@@ -128,7 +128,7 @@ ScenarioResult RunScenario(const Model& base, const StudyScenario& scenario, int
         if (!fault.empty()) {
             r.Failure = StudyLineFault(scenario, fault);
         } else {
-            m->SimMode = 0;
+            m->SimMode = RunMode::Normal;
             m->ShowProgress = 0;
             ui.Passes = 0;
             simulate::RunAirflow(*m, ui);

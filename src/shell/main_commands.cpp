@@ -109,8 +109,8 @@ void MainWindow::SetRunActive(bool active) {
 void MainWindow::Simulate() {
     if (runActive_) return;
     // The air simulation ends a contaminant display.
-    if (model_->GasActive != 0) EndContaminantDisplay();
-    model_->SimMode = simulate::mode::Normal;
+    if (model_->GasActive != GasDisplay::None) EndContaminantDisplay();
+    model_->SimMode = RunMode::Normal;
     model_->ShowProgress = 1;
     SetRunActive(true);
     simulate::RunAirflow(*model_, ui_, hooks_.get());
@@ -118,7 +118,7 @@ void MainWindow::Simulate() {
     AfterRun();
 }
 
-void MainWindow::Troubleshoot(std::int16_t mode) {
+void MainWindow::Troubleshoot(RunMode mode) {
     if (runActive_) return;
     SetRunActive(true);
     simulate::RunTroubleshoot(*model_, ui_, mode, hooks_.get());
@@ -170,11 +170,11 @@ void MainWindow::SourcingSimulation() {
     contaminant::RunSourcing(*model_, ui_, hooks_.get());
     SetRunActive(false);
     AfterRun();
-    if (model_->GasActive == 2) runWindows_->ShowTrace();
+    if (model_->GasActive == GasDisplay::Sourcing) runWindows_->ShowTrace();
 }
 
 void MainWindow::EndContaminantDisplay() {
-    model_->GasActive = 0;
+    model_->GasActive = GasDisplay::None;
     runWindows_->CloseSmokeWindows();
 }
 
@@ -446,7 +446,7 @@ void MainWindow::ShowStationDialog(bool input) {
 void MainWindow::BeforeLoad() {
     dispatcher_->CancelGesture();
     if (!views_->CurrentOpen() && views_->Table().OpenCount() == 0) NewViewWindow();
-    if (model_->GasActive != 0 || runWindows_->LegendOrTraceShown()) EndContaminantDisplay();
+    if (model_->GasActive != GasDisplay::None || runWindows_->LegendOrTraceShown()) EndContaminantDisplay();
     runWindows_->HideErrorList();
 }
 

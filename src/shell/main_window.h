@@ -93,7 +93,7 @@ public:
 
     // The commands of the program.
     void Simulate();
-    void Troubleshoot(std::int16_t mode) override;
+    void Troubleshoot(RunMode mode) override;
 
     // edit::ToolHost
     display::Surface* CurrentSurface() override { return views_->CurrentSurface(); }

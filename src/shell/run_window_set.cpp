@@ -27,12 +27,12 @@ RunWindowSet::RunWindowSet(QWidget& main, Model& model, ui::UserInterface& ui, O
       trace_(new dialogs::SmokeTraceWindow(&main)) {
     progress_->OnCancel = [this] {
         // The run sees the request at its next test; the views come back at once.
-        model_.StopFlag = 255;
+        model_.StopFlag = StopRequest::Stop;
         owner_.RedrawWindow();
     };
     errors_->OnGoto = [this](std::int32_t n) { owner_.GotoAirway(n); };
     errors_->OnCancel = [this] {
-        model_.StopFlag = 255;
+        model_.StopFlag = StopRequest::Stop;
         progress_->hide();
         owner_.RedrawWindow();
     };
@@ -58,7 +58,7 @@ void RunWindowSet::ShowErrorList() {
 void RunWindowSet::HideErrorList() { errors_->hide(); }
 
 void RunWindowSet::OpenSmoke() {
-    if (model_.GasActive == 1) {
+    if (model_.GasActive == GasDisplay::Spread) {
         ui_.Message("Contaminant must be cleared before simulating", ProgramName, ui::Icon::Exclamation);
         return;
     }
@@ -96,11 +96,11 @@ void RunWindowSet::ConnectSmoke() {
         owner_.RedrawWindow();
     };
     legend_->OnToggleSmoke = [this] {
-        if (model_.GasActive != 0) {
-            model_.GasActive = 0;
+        if (model_.GasActive != GasDisplay::None) {
+            model_.GasActive = GasDisplay::None;
             legend_->SetSmokeShown(false);
         } else {
-            model_.GasActive = 1;
+            model_.GasActive = GasDisplay::Spread;
             legend_->SetSmokeShown(true);
             smoke_->show();
             ui_.SetBusy(true);
@@ -118,7 +118,7 @@ void RunWindowSet::ConnectSmoke() {
     };
     auto exit = [this] {
         model_.Smoke.SpreadLimit = 0;
-        model_.GasActive = 0;
+        model_.GasActive = GasDisplay::None;
         legend_->hide();
         owner_.RestoreDataTypes();
         owner_.RedrawAllWindows();
@@ -140,16 +140,16 @@ void RunWindowSet::ConnectTrace() {
         if (contaminant::ClearPins(model_, ui_)) owner_.RedrawAllWindows();
     };
     trace_->OnExit = [this] {
-        model_.GasActive = 0;
+        model_.GasActive = GasDisplay::None;
         trace_->hide();
         owner_.RedrawAllWindows();
     };
     trace_->OnToggleTrace = [this] {
-        if (model_.GasActive != 0) {
-            model_.GasActive = 0;
+        if (model_.GasActive != GasDisplay::None) {
+            model_.GasActive = GasDisplay::None;
             trace_->SetTraceShown(false);
         } else {
-            model_.GasActive = 2;
+            model_.GasActive = GasDisplay::Sourcing;
             trace_->SetTraceShown(true);
         }
         owner_.RedrawAllWindows();

@@ -115,8 +115,8 @@ AfterPass EndPass(Model& model, ui::UserInterface& ui, std::int32_t& it, std::in
         ui.ProgressAttempt(std::to_string(it));
         ui.ProgressError(WorstCorrectionText(worst, ui.DecimalSeparator()));
         ui.PumpEvents();
-        if (model.StopFlag == 255) {
-            model.SimFail = 1;
+        if (model.StopFlag == StopRequest::Stop) {
+            model.SimFail = RunResult::Failed;
             return AfterPass::Stopped;
         }
         if (it < model.Set.MaxIter) return AfterPass::Next;
@@ -153,9 +153,9 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
         // One pass over the meshes; each correction acts at once on the meshes after it.
         std::int32_t open = 0;
         float worst = 0.0f;
-        const bool markPass = model.SimMode == -1 && it == model.Set.MaxIter - 1;
+        const bool markPass = model.SimMode == RunMode::FindNonConverging && it == model.Set.MaxIter - 1;
         for (std::int32_t m = 1; m <= meshes; ++m) {
-            if (model.StopFlag == 255) {
+            if (model.StopFlag == StopRequest::Stop) {
                 CopyFlowsOut(model);
                 return;
             }
@@ -202,7 +202,7 @@ void CloseBalance(Model& model) {
     float* closing = run.FlatR.data(); // free in this step: holds each fixed chord's value
     for (std::int32_t i = 1; i <= n; ++i) closing[i] = 0.0f;
     for (std::int32_t m = 1; m <= run.NumMeshes; ++m) {
-        if (model.StopFlag == 255) return;
+        if (model.StopFlag == StopRequest::Stop) return;
         const std::int32_t first = run.MeshStart[m], last = run.MeshStart[m + 1];
         if (list[first] >= 0) continue;
         const MeshSums sums = SumMesh(model, list, first, last, cols, run.Work.data());

@@ -125,7 +125,7 @@ bool BuildWorkingCurves(Model& model, ui::UserInterface& ui) {
                                std::to_string(slotLimit) +
                                ") - please increase the Max Number of Fan Types in the defaults settings !",
                            "Fans Error", ui::Icon::Exclamation);
-                model.SimFail = 1;
+                model.SimFail = RunResult::Failed;
                 return false;
             }
             slot = ++run.WorkFanCount;

@@ -69,16 +69,16 @@ void TreeChecks(Model& model, std::int32_t a) {
         // as an error of the drawing: the airway keeps its own look.
         model.ErrorList.push_back({w.AirwayNo, "FIX restricting flow"});
         w.Comment = FitText("Bad Fix", CommentWidth);
-        model.SimFail = 1;
+        model.SimFail = RunResult::Failed;
     }
-    if ((model.SimMode == 1 || model.SimMode == 2) && w.ResType == 1) {
+    if ((model.SimMode == RunMode::FindBulkheads || model.SimMode == RunMode::RemoveBulkheads) && w.ResType == 1) {
         ReportAirwayFault(model, a, "BBH not required", "Bad BBH");
-        model.SimFail = 1;
+        model.SimFail = RunResult::Failed;
         model.RestrictionFlag = true;
     }
-    if (model.SimMode == 3 && w.FanNumber != 0) {
+    if (model.SimMode == RunMode::FindRestrictiveFans && w.FanNumber != 0) {
         ReportAirwayFault(model, a, "Fan restricted", "Bad Fan");
-        model.SimFail = 1;
+        model.SimFail = RunResult::Failed;
         model.RestrictionFlag = true;
     }
 }
@@ -87,7 +87,7 @@ void MeshStoreFull(Model& model, ui::UserInterface& ui) {
     ui.Message("Number of meshes exceed reserved memory setting - please increase the allowable branch numbers "
                "in the defaults settings !",
                "meshes Error", ui::Icon::Exclamation);
-    model.SimFail = 1;
+    model.SimFail = RunResult::Failed;
 }
 
 } // namespace
@@ -135,7 +135,7 @@ void BuildForest(Model& model) {
     auto exitOf = [&run](std::int32_t a) { return static_cast<std::int32_t>(run.ExitNodeNo[a]); };
 
     for (std::int32_t p = n; p >= 1; --p) {
-        if (model.StopFlag == 255) break;
+        if (model.StopFlag == StopRequest::Stop) break;
         const std::int32_t a = run.SortOrder[p];
         const std::int32_t e = entryOf(a), x = exitOf(a);
         const std::int32_t te = forest.Comp(e), tx = forest.Comp(x);
@@ -251,8 +251,8 @@ bool BuildMeshLists(Model& model, ui::UserInterface& ui) {
 
 void BuildMeshes(Model& model, ui::UserInterface& ui) {
     BuildForest(model);
-    if (model.StopFlag == 255) return;
-    if (model.SimMode >= 1 && model.SimMode <= 4) {
+    if (model.StopFlag == StopRequest::Stop) return;
+    if (model.SimMode >= RunMode::FindBulkheads && model.SimMode <= RunMode::FindDuplicates) {
         // The troubleshooting modes end with the forest: they build no meshes.
         AfterForestChecks(model, ui);
         return;

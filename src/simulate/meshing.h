@@ -20,8 +20,8 @@ inline constexpr float RestrictionWeight = 999997.0f;
 // airway's Quantity becomes 0.
 void PrepareMeshOrder(Model& model);
 
-// Builds the forest, runs the tree checks of the present SimMode, and in SimMode 0 and -1
-// builds the mesh lists. Faults go to the error list and SimFail. Needs the node numbers of
+// Builds the forest, runs the tree checks of the present SimMode, and in SimMode Normal and
+// FindNonConverging builds the mesh lists. Faults go to the error list and SimFail. Needs the node numbers of
 // the checking stage and PrepareMeshOrder.
 void BuildMeshes(Model& model, ui::UserInterface& ui);
 

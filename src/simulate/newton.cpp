@@ -427,7 +427,7 @@ void BalanceFlowsNewton(Model& model, ui::UserInterface& ui) {
     const char sep = ui.DecimalSeparator();
     std::int32_t it = 0;
     for (;;) {
-        if (model.StopFlag == 255) return store();
+        if (model.StopFlag == StopRequest::Stop) return store();
         std::int32_t open = 0;
         float worst = 0.0f;
         bool solved = true;
@@ -450,7 +450,7 @@ void BalanceFlowsNewton(Model& model, ui::UserInterface& ui) {
                     if (size > worst) worst = size;
                 }
             }
-            if (model.SimMode == -1 && it == model.Set.MaxIter - 1) {
+            if (model.SimMode == RunMode::FindNonConverging && it == model.Set.MaxIter - 1) {
                 for (std::int32_t m = 1; m <= nt.Meshes; ++m) {
                     const auto size = static_cast<float>(w.Size[m]);
                     if (nt.FixedMesh(m) || !(size > allowErr)) continue;

@@ -20,8 +20,6 @@ namespace karvane::simulate {
 
 namespace {
 
-constexpr std::uint8_t StopRequested = 255;
-
 // The progress of one run: what the user sees of it, and the hooks to the application.
 class Progress {
 public:
@@ -35,7 +33,7 @@ public:
     void Caption(const char* text) {
         if (Shown()) ui_.ProgressCaption(text);
     }
-    bool Stopped() const { return model_.StopFlag == StopRequested; }
+    bool Stopped() const { return model_.StopFlag == StopRequest::Stop; }
     void Redraw() {
         if (hooks_) hooks_->Redraw();
     }
@@ -56,7 +54,7 @@ private:
 // allowed error are turned round, fans that run backwards are reported.
 void PostRunStep(Model& model, Progress& progress) {
     progress.Redraw();
-    if (progress.Stopped() || model.SimFail == 1) {
+    if (progress.Stopped() || model.SimFail == RunResult::Failed) {
         progress.Caption("Simulation Failed !");
         return;
     }
@@ -76,7 +74,7 @@ void PostRunStep(Model& model, Progress& progress) {
             turned = true;
         } else {
             ReportAirwayFault(model, i, "Fan flow reversed", "Flow Reversed");
-            if (model.SimFail == 0) model.SimFail = 2;
+            if (model.SimFail == RunResult::Good) model.SimFail = RunResult::Warnings;
         }
     }
     if (turned) progress.EndUndoStep();
@@ -93,8 +91,8 @@ void RunStages(Model& model, ui::UserInterface& ui, Progress& progress) {
     progress.Caption("Checking airways");
     CheckNetwork(model, ui, show);
     if (progress.Stopped()) return PostRunStep(model, progress);
-    if (model.SimFail == 1) {
-        model.SimMode = 1;
+    if (model.SimFail == RunResult::Failed) {
+        model.SimMode = RunMode::FindBulkheads;
         return PostRunStep(model, progress);
     }
 
@@ -105,8 +103,10 @@ void RunStages(Model& model, ui::UserInterface& ui, Progress& progress) {
     BuildMeshes(model, ui);
     progress.Show(50);
     if (progress.Stopped()) return PostRunStep(model, progress);
-    if (model.SimFail == 0 && model.SimMode >= 1 && model.SimMode <= 3) SayNothingFound(model, ui);
-    if (model.SimFail == 1 || model.SimMode > 0) return PostRunStep(model, progress);
+    if (model.SimFail == RunResult::Good && model.SimMode >= RunMode::FindBulkheads &&
+        model.SimMode <= RunMode::FindRestrictiveFans)
+        SayNothingFound(model, ui);
+    if (model.SimFail == RunResult::Failed || model.SimMode > RunMode::Normal) return PostRunStep(model, progress);
 
     if (!BuildWorkingCurves(model, ui)) return PostRunStep(model, progress);
     progress.Show(60);
@@ -128,9 +128,9 @@ void RunStages(Model& model, ui::UserInterface& ui, Progress& progress) {
     CheckFixedDirections(model, ui);
     BuildNeighbourLists(model);
     progress.Show(100);
-    if (model.SimFail == 0 && model.SimMode == -1)
+    if (model.SimFail == RunResult::Good && model.SimMode == RunMode::FindNonConverging)
         ui.Message("There are NO major convergence problems", ProgramName, ui::Icon::None);
-    model.SimValid = -1;
+    model.SimValid = Validity::Valid;
 }
 
 // Rows 1..n ordered by one key column, then by row.
@@ -159,18 +159,18 @@ std::pair<const std::int32_t*, const std::int32_t*> RowsWithKey(const std::int32
 void RunAirflow(Model& model, ui::UserInterface& ui, RunHooks* hooks) {
     model.RestrictionFlag = false;
     model.AirwaysTurned = false;
-    model.StopFlag = 0;
+    model.StopFlag = StopRequest::Go;
     // A count beyond the table can only come from a damaged state; the table holds no more.
     model.AirwayCount = std::clamp(model.AirwayCount, 0, MaxAirways);
     if (model.AirwayCount < 2) {
         ui.Message(model.AirwayCount < 1 ? "No data to simulate" : "Not enough data to simulate", ProgramName,
                    ui::Icon::Exclamation);
-        model.StopFlag = StopRequested; // no run is active
+        model.StopFlag = StopRequest::Stop; // no run is active
         return;
     }
     ui.SetBusy(true);
     CheckFanCurves(model, ui);
-    model.SimFail = 0;
+    model.SimFail = RunResult::Good;
     model.ErrorList.clear();
     model.Run.NeighboursValid = false;
 
@@ -182,24 +182,24 @@ void RunAirflow(Model& model, ui::UserInterface& ui, RunHooks* hooks) {
     }
     RunStages(model, ui, progress);
 
-    model.StopFlag = StopRequested;
+    model.StopFlag = StopRequest::Stop;
     if (progress.Shown()) ui.ProgressClose();
     progress.Redraw();
-    if (model.SimFail == 0 || model.SimMode == 2) {
+    if (model.SimFail == RunResult::Good || model.SimMode == RunMode::RemoveBulkheads) {
         model.Run.ErrorListOpen = false;
     } else {
         model.Run.ErrorListOpen = true;
-        model.Run.ErrorListCaption = model.SimFail == 2 ? WarningListTitle : ErrorListTitle;
+        model.Run.ErrorListCaption = model.SimFail == RunResult::Warnings ? WarningListTitle : ErrorListTitle;
     }
     model.RestrictionFlag = false;
     ui.SetBusy(false);
     model.NetworkSaved = No0;
 }
 
-void InvalidateSimulation(Model& model) { model.SimValid = 0; }
+void InvalidateSimulation(Model& model) { model.SimValid = Validity::NotValid; }
 
 SimIndicator SimStatus(const Model& model) {
-    if (model.SimValid == -1) return {Rgb(0x00, 0xFF, 0x00), "OK", Rgb(0xC0, 0xFF, 0xC0)};
+    if (model.SimValid == Validity::Valid) return {Rgb(0x00, 0xFF, 0x00), "OK", Rgb(0xC0, 0xFF, 0xC0)};
     return {Rgb(0xFF, 0xC0, 0x80), "SIM", Rgb(0xFF, 0xFF, 0xC0)};
 }
 

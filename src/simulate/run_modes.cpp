@@ -12,24 +12,24 @@ namespace karvane::simulate {
 void AfterForestChecks(Model& model, ui::UserInterface& ui) {
     if (!model.RestrictionFlag) return;
     switch (model.SimMode) {
-    case mode::FindBulkheads:
+    case RunMode::FindBulkheads:
         model.RestrictionFlag = false;
         ui.Message("CAUTION - Bulkheads are present which MAY restrict meshes formation.", "Possible meshing problems",
                    ui::Icon::Exclamation);
-        model.SimFail = 1;
+        model.SimFail = RunResult::Failed;
         break;
-    case mode::RestrictiveFans:
+    case RunMode::FindRestrictiveFans:
         model.RestrictionFlag = false;
         ui.Message("WARNING - Fans are present which restrict other fans.", "Possible meshing problems",
                    ui::Icon::Exclamation);
-        model.SimFail = 1;
+        model.SimFail = RunResult::Failed;
         break;
-    case mode::RemoveBulkheads: {
+    case RunMode::RemoveBulkheads: {
         model.RestrictionFlag = false;
         const ui::Answer answer = ui.Ask("WARNING - This will remove redundant bulkheads from the network.  Continue ?",
                                          "Remove redundant bulkheads", ui::Buttons::YesNo, ui::Icon::Exclamation);
         if (answer != ui::Answer::Yes) {
-            model.SimFail = 1;
+            model.SimFail = RunResult::Failed;
             return;
         }
         std::int32_t removed = 0;
@@ -53,9 +53,9 @@ void AfterForestChecks(Model& model, ui::UserInterface& ui) {
 void SayNothingFound(Model& model, ui::UserInterface& ui) {
     const char* text = nullptr;
     switch (model.SimMode) {
-    case mode::FindBulkheads: text = "There are NO unnecessary bulkheads."; break;
-    case mode::RemoveBulkheads: text = "There were NO unnecessary bulkheads removed."; break;
-    case mode::RestrictiveFans: text = "There are NO fans that are being restricted by other fans."; break;
+    case RunMode::FindBulkheads: text = "There are NO unnecessary bulkheads."; break;
+    case RunMode::RemoveBulkheads: text = "There were NO unnecessary bulkheads removed."; break;
+    case RunMode::FindRestrictiveFans: text = "There are NO fans that are being restricted by other fans."; break;
     default: return;
     }
     ui.Message(text, ProgramName, ui::Icon::None);
@@ -66,7 +66,7 @@ void MarkNonConverging(Model& model, std::int32_t row, float correction, char de
     if (a.Has(bc::ErrorMark)) return;
     const std::string comment = "Converge " + FormatNumber(correction, "0.0", decimalSeparator);
     ReportAirwayFault(model, row, "Converge Error", comment.c_str());
-    model.SimFail = 1;
+    model.SimFail = RunResult::Failed;
 }
 
 } // namespace karvane::simulate

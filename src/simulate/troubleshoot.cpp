@@ -9,7 +9,7 @@
 
 namespace karvane::simulate {
 
-void RunTroubleshoot(Model& model, ui::UserInterface& ui, std::int16_t simMode, RunHooks* hooks) {
+void RunTroubleshoot(Model& model, ui::UserInterface& ui, RunMode simMode, RunHooks* hooks) {
     model.SimMode = simMode;
     model.ShowProgress = 1;
     RunAirflow(model, ui, hooks);

@@ -16,7 +16,7 @@ struct RunHooks;
 
 // A menu entry of the Troubleshoot menu: sets SimMode and ShowProgress, runs the simulation
 // and redraws.
-void RunTroubleshoot(Model& model, ui::UserInterface& ui, std::int16_t simMode, RunHooks* hooks = nullptr);
+void RunTroubleshoot(Model& model, ui::UserInterface& ui, RunMode simMode, RunHooks* hooks = nullptr);
 
 // "Re-seed Airflows": asks for a seed value and gives it, taken down to a whole number, to
 // every airway without a fixed flow. An empty or cancelled answer does nothing. The caller

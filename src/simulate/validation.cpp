@@ -75,7 +75,7 @@ private:
 
 void Fault(Model& model, std::int32_t row, const char* line, const char* comment) {
     ReportAirwayFault(model, row, line, comment);
-    model.SimFail = 1;
+    model.SimFail = RunResult::Failed;
 }
 
 } // namespace
@@ -167,7 +167,7 @@ bool CheckNetwork(Model& model, ui::UserInterface& ui, const std::function<void(
     if (show) show(20);
     CheckConnections(model);
     if (show) show(30);
-    return model.SimFail != 1;
+    return model.SimFail != RunResult::Failed;
 }
 
 std::string ErrorListLine(const NetworkError& error) { return std::to_string(error.AirwayNo) + "\t" + error.Text; }

@@ -1,7 +1,7 @@
 // The "Checking airways" stage of an airflow run: node keys, the sort of the rows with the
 // duplicate and zero-length checks, node numbers and the connection checks. Every fault found
 // goes to the network error list (model.ErrorList), most also to the airway's Comment and
-// BranchCode bit 64, and sets SimFail to 1; all checks run so that one run lists every fault.
+// BranchCode bit 64, and sets SimFail to Failed; all checks run so that one run lists every fault.
 #pragma once
 
 #include <functional>
@@ -27,13 +27,13 @@ namespace karvane::simulate {
 //     Run.SortOrder) cleared, a Quantity beyond 9994 either way set to 0, and a row with the
 //     same keys as the row before reported as "Duplicate branch" / "Error-Duplic".
 // Lines come step by step, rows in order within a step; a later fault's Comment replaces an
-// earlier one. Each fault sets SimFail to 1. Nothing is asked or shown.
+// earlier one. Each fault sets SimFail to Failed. Nothing is asked or shown.
 void CheckConnections(Model& model);
 
 // The whole checking stage for the run driver: BuildNodeKeys, show(10), files::SortAirways,
-// show(20), CheckConnections, show(30). The caller has set SimFail to 0, emptied ErrorList and
+// show(20), CheckConnections, show(30). The caller has set SimFail to Good, emptied ErrorList and
 // set the caption "Checking airways" first; show may be empty. Returns false when the stage
-// failed (SimFail 1): the driver then ends the run with the error list on show. A stop
+// failed (SimFail Failed): the driver then ends the run with the error list on show. A stop
 // request is the driver's to test afterwards. Rows are left sorted by key, resistances
 // recalculated and node numbers set for the meshing stage.
 bool CheckNetwork(Model& model, ui::UserInterface& ui, const std::function<void(int percent)>& show = {});

@@ -52,8 +52,8 @@ TEST(DefaultMines, RunCleanlyWithinTheMeshStore) {
         simulate::RunAirflow(m, ui);
         // Not a word: no mesh store message, no convergence question, no fault.
         ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Title << ": " << ui.Transcript.front().Text;
-        EXPECT_EQ(m.SimFail, 0);
-        EXPECT_NE(m.SimValid, 0);
+        EXPECT_EQ(m.SimFail, RunResult::Good);
+        EXPECT_NE(m.SimValid, Validity::NotValid);
         EXPECT_LE(m.Run.MeshStart[m.Run.NumMeshes + 1] - 1, MeshListCapacity / 2)
             << "the mine should leave the mesh store room to grow";
 
@@ -83,7 +83,7 @@ TEST(DefaultMines, ARunAgainAllocatesNothing) {
         ui::ScriptedUserInterface ui;
         ui.DefaultAnswer = ui::Answer::No;
         simulate::RunAirflow(m, ui); // turns airways to their flow: the next run sorts again
-        ASSERT_EQ(m.SimFail, 0);
+        ASSERT_EQ(m.SimFail, RunResult::Good);
         std::swap(m.Airways[1], m.Airways[m.AirwayCount]);
         std::swap(m.Airways[2], m.Airways[m.AirwayCount / 2]);
         for (int run = 0; run < 2; ++run) {
@@ -93,7 +93,7 @@ TEST(DefaultMines, ARunAgainAllocatesNothing) {
             const long long before = karvane::bench::allocations;
             simulate::RunAirflow(m, ui);
             EXPECT_EQ(karvane::bench::allocations - before, 0) << "run " << run;
-            EXPECT_EQ(m.SimFail, 0);
+            EXPECT_EQ(m.SimFail, RunResult::Good);
         }
         EXPECT_TRUE(ui.Transcript.empty());
     }

@@ -17,7 +17,7 @@ TEST(ContaminantColours, SpreadLevelsByThresholdAndArrival) {
     for (int k = 0; k < 8; ++k) m->Airways[k + 1].Gas2 = levels[k];
     SetDefaultThresholds(*m, 100);
     EXPECT_EQ(m->Smoke.ContaminantThreshold, (std::array<float, 6>{100, 80, 60, 40, 20, 0}));
-    m->GasActive = 1;
+    m->GasActive = GasDisplay::Spread;
     for (int r = 1; r <= 8; ++r) m->Smoke.SpreadTime[r] = static_cast<float>(10 * r);
     m->Smoke.SpreadTime[8] = NeverReached;
 
@@ -43,16 +43,16 @@ TEST(ContaminantColours, SpreadLevelsByThresholdAndArrival) {
     EXPECT_EQ(AirwayContaminantColour(*m, 1), 0);
 
     // A sourcing result shows its states; no result shows nothing; rows off the table are grey.
-    m->GasActive = 2;
+    m->GasActive = GasDisplay::Sourcing;
     m->Airways[1].Gas2 = 4;
     m->Airways[2].Gas2 = 7;
     m->Airways[3].Gas2 = 123;
     EXPECT_EQ(AirwayContaminantColour(*m, 1), 4);
     EXPECT_EQ(AirwayContaminantColour(*m, 2), 7);
     EXPECT_EQ(AirwayContaminantColour(*m, 3), 0);
-    m->GasActive = 0;
+    m->GasActive = GasDisplay::None;
     EXPECT_EQ(AirwayContaminantColour(*m, 1), 0);
-    m->GasActive = 1;
+    m->GasActive = GasDisplay::Spread;
     EXPECT_EQ(AirwayContaminantColour(*m, 0), 0);
     EXPECT_EQ(AirwayContaminantColour(*m, 9), 0);
     EXPECT_EQ(AirwayContaminantColour(*m, MaxAirways + 5), 0);

@@ -28,7 +28,7 @@ std::unique_ptr<Model> BalancedMine(std::int32_t airways, std::uint64_t seed) {
     ui::ScriptedUserInterface ui;
     ui.DefaultAnswer = ui::Answer::No;
     simulate::RunAirflow(*m, ui);
-    EXPECT_EQ(m->SimValid, -1);
+    EXPECT_EQ(m->SimValid, Validity::Valid);
     return m;
 }
 
@@ -56,7 +56,7 @@ TEST(SpreadOracle, ReachRoundsListTheRowsAsAVisitOfEveryRowWould) {
                 fast->Set.SmokeCumulative = static_cast<std::int16_t>(cumulative);
                 SmokeUi ui;
                 contaminant::RunContaminantSpread(*fast, ui);
-                ASSERT_EQ(fast->GasActive, 1);
+                ASSERT_EQ(fast->GasActive, GasDisplay::Spread);
 
                 auto slow = std::make_unique<Model>(*fast); // rows as the spread sorted them
                 const LiteralSpreadRecord rec = LiteralSpread(*slow);

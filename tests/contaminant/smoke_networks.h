@@ -66,7 +66,7 @@ inline void MakeSource(Model& model, std::int32_t row, float level) {
 // result valid, so that a contaminant run reads them without an airflow run of its own.
 inline void Balanced(Model& model, ui::UserInterface& ui) {
     BuildNodeKeys(model, ui);
-    model.SimValid = -1;
+    model.SimValid = Validity::Valid;
 }
 
 // The row of a lasting airway number (a spread sorts the rows).

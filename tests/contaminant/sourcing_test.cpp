@@ -66,7 +66,7 @@ TEST(Sourcing, PrecedenceOfTheWalksAndTheirLimits) {
         Balanced(*m, ui);
         RunSourcing(*m, ui);
         EXPECT_EQ(States(*m), c.States);
-        EXPECT_EQ(static_cast<int>(m->GasActive), 2);
+        EXPECT_EQ(m->GasActive, GasDisplay::Sourcing);
         EXPECT_TRUE(ui.Transcript.empty());
     }
 }
@@ -83,7 +83,7 @@ TEST(Sourcing, ANetworkThatDoesNotBalanceIsRefused) {
     EXPECT_EQ(ui.Transcript.back().Text,
               "Network must be successfully balanced before smoke sourcing simulation can work");
     EXPECT_EQ(ui.Transcript.back().Title, ProgramName);
-    EXPECT_EQ(m->GasActive, 0);
+    EXPECT_EQ(m->GasActive, GasDisplay::None);
 }
 
 TEST(Sourcing, ReportPinsAndTheirConflicts) {
@@ -126,11 +126,11 @@ TEST(Sourcing, ReportPinsAndTheirConflicts) {
     EXPECT_FALSE(PlaceReport(m, ui, 0, 0.5f));
 
     // Clearing: the menu command keeps the result on show; the legend's button asks first.
-    m.GasActive = 2;
+    m.GasActive = GasDisplay::Sourcing;
     ClearSourcing(m);
     EXPECT_EQ(m.Airways[bd].Gas1, NoPin);
     EXPECT_EQ(m.Airways[bd].Gas2, UnknownState);
-    EXPECT_EQ(m.GasActive, 2);
+    EXPECT_EQ(m.GasActive, GasDisplay::Sourcing);
     m.Airways[in].Gas1 = ClearPin;
     ui::ScriptedUserInterface pins;
     pins.Answers = {ui::Answer::No, ui::Answer::Yes};
@@ -138,7 +138,7 @@ TEST(Sourcing, ReportPinsAndTheirConflicts) {
     EXPECT_EQ(m.Airways[in].Gas1, ClearPin);
     EXPECT_TRUE(ClearPins(m, pins));
     EXPECT_EQ(m.Airways[in].Gas1, NoPin);
-    EXPECT_EQ(m.GasActive, 0);
+    EXPECT_EQ(m.GasActive, GasDisplay::None);
     EXPECT_EQ(pins.Texts("Ask"), std::vector<std::string>(2, "Confirm deletion of all report pins"));
     EXPECT_EQ(pins.Transcript[0].Title, "Delete smoke reports");
 }

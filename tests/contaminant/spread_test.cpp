@@ -166,7 +166,7 @@ TEST(Spread, SpreadsAsRecorded) {
     {
         auto m = NewModel();
         Add(*m, Surface(0), Under(0), 1);
-        m->SimValid = -1;
+        m->SimValid = Validity::Valid;
         SmokeUi ui;
         spread(*m, "one airway and a result that counts as valid", ui);
     }
@@ -230,7 +230,7 @@ TEST(Spread, AnUnbalancedNetworkIsBalancedFirst) {
     MakeSource(*m, left, 100);
     SmokeUi ui;
     RunContaminantSpread(*m, ui);
-    EXPECT_EQ(m->SimValid, -1);
+    EXPECT_EQ(m->SimValid, Validity::Valid);
     EXPECT_EQ(ui.ProgressCaptions.front(), "Simulate");
     EXPECT_EQ(ui.Transcript.front().Title, "Reverse airways");
     EXPECT_NEAR(m->Airways[RowOf(*m, left)].Quantity, 10.0f, 0.01f);
@@ -273,14 +273,14 @@ TEST(Spread, PlacingAndClearingSources) {
 
     // Clearing: No keeps the sources and clears the stray levels of other airways; Yes clears all.
     m.Airways[net.exhaust].Contaminant = 7;
-    m.GasActive = 1;
+    m.GasActive = GasDisplay::Spread;
     WindowHooks hooks;
     SmokeUi ask;
     ask.Answers = {ui::Answer::No, ui::Answer::Yes};
     contaminant::ClearContaminant(m, ask, &hooks);
     EXPECT_EQ(m.Airways[net.exhaust].Contaminant, 0.0f);
     EXPECT_EQ(m.Airways[net.intake].Contaminant, 100.0f);
-    EXPECT_EQ(m.GasActive, 0);
+    EXPECT_EQ(m.GasActive, GasDisplay::None);
     EXPECT_EQ(hooks.Calls, (std::vector<std::string>{"CloseLegend", "RestoreDataTypes", "Redraw"}));
     contaminant::ClearContaminant(m, ask, &hooks);
     for (std::int32_t r = 1; r <= m.AirwayCount; ++r) {

@@ -76,7 +76,7 @@ TEST(FormatAirwayValue, EveryDataTypeAsRecorded) {
     a.Contaminant = 3.4f;
     values("power at ten times the price, a contaminant level");
     a.Gas2 = 2;
-    s.M.GasActive = 1;
+    s.M.GasActive = GasDisplay::Spread;
     s.M.Smoke.SpreadTime[static_cast<std::size_t>(s.A)] = 3600;
     a.BranchCode = bc::Circular;
     a.Width = 3;

@@ -135,7 +135,7 @@ TEST(PrintNetwork, PagesPrintAsRecorded) {
     {
         PrintScene s;
         print(s, "the title line holds the scale, the level and the value, in the margin over the frame", 2500);
-        s.M.GasActive = 1;
+        s.M.GasActive = GasDisplay::Spread;
         s.M.Smoke.ContaminantThreshold = {100, 80, 60, 40, 20, 1};
         s.Row(s.Main).Gas2 = 50;
         print(s, "in colour the spread draws its bands");
@@ -148,7 +148,7 @@ TEST(PrintNetwork, PagesPrintAsRecorded) {
     }
     {
         PrintScene s;
-        s.M.GasActive = 2;
+        s.M.GasActive = GasDisplay::Sourcing;
         const std::int32_t edge = s.Add(230, -60, 490, 248, -60, 490);
         s.Row(edge).BranchName = "Edge";
         s.Refresh();

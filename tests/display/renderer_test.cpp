@@ -147,7 +147,7 @@ TEST(Renderer, ViewsDrawAsRecorded) {
     }
     {
         Drive s;
-        s.M.GasActive = 2;
+        s.M.GasActive = GasDisplay::Sourcing;
         s.Row(s.Main).Gas2 = 4;
         s.Row(s.Cross).Gas2 = 7;
         s.Row(s.Raise).BranchCode |= bc::ErrorMark;

@@ -54,7 +54,7 @@ TEST(Robustness, DamagedNetworksAndViewsDrawAndPickWithoutFault) {
                 *f = static_cast<std::int16_t>(rng());
         }
         s.M.FloatingTexts[1] = {true, "Far", coord(), coord(), coord()};
-        s.M.GasActive = static_cast<std::int16_t>(rng() % 3);
+        s.M.GasActive = static_cast<GasDisplay>(rng() % 3);
         ViewState& v = s.Ds.View;
         v.Is3D = static_cast<std::int16_t>(rng() % 2);
         v.Tilt = round % 3 == 0 ? special() : static_cast<float>(rng() % 700) / 100;

@@ -278,7 +278,7 @@ TEST(StationTimers, InputTickReadsRedrawsAndResimulates) {
     EXPECT_EQ(ReadStations(m, b.ui(), monitor, views), TickResult::Done);
     EXPECT_EQ(views.Redraws, 3);
     EXPECT_EQ(m.ShowProgress, 1);
-    EXPECT_EQ(m.SimValid, -1) << (b.ui().Transcript.empty() ? "" : b.ui().Transcript.front().Text);
+    EXPECT_EQ(m.SimValid, Validity::Valid) << (b.ui().Transcript.empty() ? "" : b.ui().Transcript.front().Text);
     for (std::int32_t r = 1; r <= 3; ++r) EXPECT_NEAR(m.Airways[static_cast<std::size_t>(r)].Quantity, 25.4, 0.01) << r;
 }
 

@@ -120,11 +120,11 @@ TEST(NetworkFile, SaveStepsAndStamp) {
     model.MasterFile = false;
 
     // A contaminant simulation on show must be cleared first.
-    model.GasActive = 1;
+    model.GasActive = GasDisplay::Spread;
     EXPECT_FALSE(SaveNetwork(model, dir.Ui, 0));
     EXPECT_EQ(dir.Ui.Texts("Message").back(), "Clear gas simulation first !");
     EXPECT_EQ(dir.Read("mine.sim"), saved);
-    model.GasActive = 0;
+    model.GasActive = GasDisplay::None;
 
     // No view window, or no name: nothing is written and nothing said.
     const std::size_t said = dir.Ui.Transcript.size();
@@ -146,7 +146,7 @@ TEST(NetworkFile, AutosaveLeavesNameAndRecentFilesAlone) {
     model.FileName.clear();
     model.MasterFile = true; // the autosave never asks
     model.NetworkSaved = No0;
-    model.GasActive = 2;
+    model.GasActive = GasDisplay::Sourcing;
 
     ASSERT_TRUE(SaveNetwork(model, dir.Ui, AutosaveMode));
     EXPECT_TRUE(temp.Exists("tempsim.sim"));

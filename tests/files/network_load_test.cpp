@@ -97,7 +97,7 @@ TEST(NetworkLoad, EveryVersionAsWrittenNow) {
         EXPECT_EQ(l.model.CurrentRLMin, 480);
         EXPECT_EQ(l.model.CurrentRLMax, 520);
         EXPECT_EQ(l.model.NetworkSaved, Yes255);
-        EXPECT_EQ(l.model.SimValid, 0);
+        EXPECT_EQ(l.model.SimValid, Validity::NotValid);
         EXPECT_EQ(l.model.Airways[1].EntryKey, SurfaceKey); // keys rebuilt: the shaft top is at the surface
         ExpectGolden(std::string("loaded_") + c.File, NetworkText(l.model, '.'));
     }

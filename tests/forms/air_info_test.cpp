@@ -216,7 +216,7 @@ TEST(Summary, AFreshNetworkKeepsTheFiguresItCannotWorkOutAndARunFillsThem) {
     EXPECT_NE(t.LblNF, "0");
 
     simulate::RunAirflow(s.M, s.Ui);
-    ASSERT_EQ(s.M.SimValid, -1);
+    ASSERT_EQ(s.M.SimValid, Validity::Valid);
     t = FillSummary(s.M, '.');
     EXPECT_NE(t.LblAF, "0.0 m3/s");
     EXPECT_TRUE(t.LblEff.ends_with(" %") || t.LblEff.ends_with("%")) << t.LblEff;

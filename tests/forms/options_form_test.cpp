@@ -70,11 +70,11 @@ TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
     OptionsScene s;
     const std::int32_t row = s.Add(0, 0, 0, 100, 0, 0);
     s.Row(row).WallType = 4;
-    s.M.SimValid = -1;
+    s.M.SimValid = Validity::Valid;
     OptionsForm same(s.M, s.Ds, s.Ui);
     same.PressButton("cmdOK");
     EXPECT_FALSE(same.Effects.ResistancesRecalculated);
-    EXPECT_EQ(s.M.SimValid, -1);
+    EXPECT_EQ(s.M.SimValid, Validity::Valid);
     EXPECT_EQ(s.Row(row).Resistance, 0); // untouched: nothing recalculated
 
     OptionsForm denser(s.M, s.Ds, s.Ui);
@@ -83,7 +83,7 @@ TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
     EXPECT_TRUE(denser.Effects.ResistancesRecalculated);
     EXPECT_FLOAT_EQ(s.M.Set.Density, 1.3f);
     EXPECT_GT(s.Row(row).Resistance, 0);
-    EXPECT_EQ(s.M.SimValid, 0);
+    EXPECT_EQ(s.M.SimValid, Validity::NotValid);
 
     // A preset value typed in the work copy, with a negative sign, goes in as its magnitude; a
     // name "undefined" is stored empty. Cancel leaves the presets alone.
@@ -106,17 +106,17 @@ TEST(OptionsForm, DensityAndPresetsRecalculateResistancesOnlyWhenChanged) {
 // The balancing method is one more setting: a change drops the valid state of the results.
 TEST(OptionsForm, BalancingMethod) {
     OptionsScene s;
-    s.M.SimValid = -1;
+    s.M.SimValid = Validity::Valid;
     OptionsForm newton(s.M, s.Ds, s.Ui);
     EXPECT_EQ(newton.F.OptSolver, 0);
     newton.SetField("OptSolver", "1");
     newton.PressButton("cmdOK");
-    EXPECT_EQ(std::make_tuple(s.M.Set.Solver, s.M.SimValid), std::make_tuple(SolverNewton, 0));
-    s.M.SimValid = -1;
+    EXPECT_EQ(std::make_tuple(s.M.Set.Solver, s.M.SimValid), std::make_tuple(SolverNewton, Validity::NotValid));
+    s.M.SimValid = Validity::Valid;
     OptionsForm same(s.M, s.Ds, s.Ui);
     EXPECT_EQ(same.F.OptSolver, 1);
     same.PressButton("cmdOK");
-    EXPECT_EQ(s.M.SimValid, -1);
+    EXPECT_EQ(s.M.SimValid, Validity::Valid);
 }
 
 TEST(OptionsForm, AUnitSwitchChangesEveryShownValueAndNoStoredOne) {

@@ -192,7 +192,7 @@ TEST(SpreadSheet, FlowAndPressureTogetherOfferTheResistance) {
     EXPECT_EQ(std::tie(s.Row(2).Resistance, s.Row(2).ResType, s.Row(2).Quantity),
               std::make_tuple(0.25f, CustomPreset, 20.0f));
     EXPECT_TRUE(s.Row(2).Has(bc::FixedFlow));
-    EXPECT_EQ(s.M.SimFail, 0);
+    EXPECT_EQ(s.M.SimFail, RunResult::Good);
 
     // Unfixing a preset resistance makes the airway calculated again.
     s.Row(3).ResType = 4;

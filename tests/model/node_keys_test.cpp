@@ -87,7 +87,7 @@ TEST_F(NodeKeysTest, SurfaceEndsShareOneKey) {
     EXPECT_EQ(EndKey(model, 5, 5, 1, false), NodeKey(5, 5, 1));
     EXPECT_TRUE(model.ErrorList.empty());
     EXPECT_TRUE(ui.Transcript.empty());
-    EXPECT_EQ(model.SimFail, 0);
+    EXPECT_EQ(model.SimFail, RunResult::Good);
 }
 
 TEST_F(NodeKeysTest, BothEndsOnSurfaceIsReportedAndKept) {
@@ -105,7 +105,7 @@ TEST_F(NodeKeysTest, BothEndsOnSurfaceIsReportedAndKept) {
     EXPECT_EQ(model.Airways[2].Comment, "ends on surf");
     EXPECT_TRUE(model.Airways[2].Has(bc::ErrorMark));
     EXPECT_FALSE(model.Airways[1].Has(bc::ErrorMark));
-    EXPECT_EQ(model.SimFail, 1);
+    EXPECT_EQ(model.SimFail, RunResult::Failed);
     // One message after the loop, however many rows.
     ASSERT_EQ(ui.Transcript.size(), 1u);
     EXPECT_EQ(ui.Transcript[0].Kind, "Message");

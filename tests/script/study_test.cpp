@@ -220,14 +220,14 @@ TEST(Study, ResultsEqualTheOracleWhateverTheWorkers) {
             script::Session session(copy, ui);
             session.ShowNetwork(files::LoadReport{});
             ASSERT_EQ(session.RunText(study.Scenarios[k].Text), "");
-            copy.SimMode = 0;
+            copy.SimMode = RunMode::Normal;
             copy.ShowProgress = 0;
             simulate::RunAirflow(copy, ui);
         }
         EXPECT_EQ(
             std::make_tuple(one[k].SimValid, one[k].SimFail, one[k].Totals.TotalAirflow, one[k].Totals.InputPowerKW),
-            std::make_tuple(copy.SimValid != 0, copy.SimFail != 0, simulate::Summarize(copy).TotalAirflow,
-                            simulate::Summarize(copy).InputPowerKW));
+            std::make_tuple(copy.SimValid != Validity::NotValid, copy.SimFail != RunResult::Good,
+                            simulate::Summarize(copy).TotalAirflow, simulate::Summarize(copy).InputPowerKW));
         for (const auto& [no, q] : one[k].Watched) {
             ASSERT_TRUE(q.has_value());
             for (std::int32_t row = 1; row <= copy.AirwayCount; ++row)

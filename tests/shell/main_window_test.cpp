@@ -220,7 +220,7 @@ void MainWindowTest::aFailedRunShowsTheErrorListAndGotoFindsTheAirway() {
     QVERIFY(errors->isVisible());
     errors->findChild<QPushButton*>(QStringLiteral("Command1"))->click();
     QVERIFY(!errors->isVisible());
-    QCOMPARE(m.StopFlag, std::uint8_t(255));
+    QCOMPARE(m.StopFlag, StopRequest::Stop);
 }
 
 void MainWindowTest::theEndAsksAboutUnsavedWorkAndCancelKeepsTheProgram() {

@@ -245,7 +245,7 @@ TEST(Newton, ClosedFormsAndAwkwardNetworksGiveWhatHardyCrossGives) {
     }
     // The fixed flow that no loop can carry stops both runs at the meshing stage.
     const Outcome bad = RunBy(ClosedAndAwkwardNetworks().back().Build, SolverNewton);
-    EXPECT_EQ(bad.M->SimFail, 1);
+    EXPECT_EQ(bad.M->SimFail, RunResult::Failed);
     EXPECT_EQ(ErrorLines(*bad.M), (std::vector<std::string>{"8\tFIX restricting flow"}));
 
     // From still air Hardy Cross walks up the rising stretch the wrong way (its derivative there
@@ -254,7 +254,7 @@ TEST(Newton, ClosedFormsAndAwkwardNetworksGiveWhatHardyCrossGives) {
     const Outcome h = RunBy(RisingFanLoop, SolverHardyCross);
     EXPECT_EQ(ErrorLines(*h.M), (std::vector<std::string>{"5\tFan flow reversed"}));
     const Outcome n = RunBy(RisingFanLoop, SolverNewton);
-    EXPECT_EQ(n.M->SimFail, 0);
+    EXPECT_EQ(n.M->SimFail, RunResult::Good);
     EXPECT_TRUE(n.Messages.empty());
     EXPECT_NEAR(n.ByNumber.at(5)->Quantity, 50.0 * (std::sqrt(5.0) - 1.0), 2e-3);
 }
@@ -265,7 +265,7 @@ TEST(Newton, GeneratedMinesBalanceToTheAnswerOfHardyCross) {
         const Builder build = [size = size, seed = seed] { return GeneratedMine(size, seed, 2, 2); };
         const Outcome h = RunBy(build, SolverHardyCross);
         Outcome n = RunBy(build, SolverNewton);
-        ASSERT_EQ(n.M->SimFail, 0);
+        ASSERT_EQ(n.M->SimFail, RunResult::Good);
         ASSERT_TRUE(n.Messages.empty()) << n.Messages.front();
         ExpectKirchhoff(*n.M);
         EXPECT_LE(n.Passes, 15) << "iterations from still air";
@@ -281,7 +281,7 @@ TEST(Newton, GeneratedMinesBalanceToTheAnswerOfHardyCross) {
             n.M->Set.Solver = solver;
             RunAirflow(*n.M, again);
             EXPECT_EQ(again.Attempts, (std::vector<std::string>{"", ""})) << solver;
-            EXPECT_EQ(n.M->SimFail, 0);
+            EXPECT_EQ(n.M->SimFail, RunResult::Good);
         }
     }
 }
@@ -313,8 +313,8 @@ TEST(Balance, TheConvergenceQuestionAndWhatEitherAnswerLeaves) {
         EXPECT_EQ(ui.Transcript[0].Title, "Convergence Warning");
         EXPECT_EQ(ui.Attempts, (std::vector<std::string>{"", "", "1", "1"}));
         EXPECT_EQ(ui.Errors.size(), 4u);
-        EXPECT_EQ(static_cast<int>(m.SimFail), 0);
-        EXPECT_EQ(static_cast<int>(m.SimValid), -1);
+        EXPECT_EQ(m.SimFail, RunResult::Good);
+        EXPECT_EQ(m.SimValid, Validity::Valid);
         const float q2 = AirwayNo(m, 2).Quantity, q3 = AirwayNo(m, 3).Quantity;
         EXPECT_NEAR(q2 + q3, 100.0f, 1e-3); // continuity holds after any pass
         EXPECT_GT(std::fabs(q2 - 200.0f / 3), 1e-3);
@@ -324,7 +324,7 @@ TEST(Balance, TheConvergenceQuestionAndWhatEitherAnswerLeaves) {
     coarse->Set.AllowErr = 5.0f;
     WatchingUi once;
     RunAirflow(*coarse, once);
-    EXPECT_EQ(static_cast<int>(coarse->SimFail), 0);
+    EXPECT_EQ(coarse->SimFail, RunResult::Good);
     EXPECT_NEAR(AirwayNo(*coarse, 5).Quantity, 61.8, 10.0);
 }
 
@@ -336,11 +336,11 @@ TEST(Balance, NewtonMarksTheNonConvergingAirwaysOfTheMeshesStillOpen) {
         Model& m = *model;
         m.Set.Solver = SolverNewton;
         m.Set.MaxIter = 1;
-        m.SimMode = -1;
+        m.SimMode = RunMode::FindNonConverging;
         WatchingUi ui;
         ui.DefaultAnswer = ui::Answer::No;
         RunAirflow(m, ui);
-        EXPECT_EQ(m.SimFail, 1);
+        EXPECT_EQ(m.SimFail, RunResult::Failed);
         EXPECT_FALSE(ErrorLines(m).empty());
         for (const auto& line : ErrorLines(m)) EXPECT_NE(line.find("\tConverge Error"), std::string::npos);
     }

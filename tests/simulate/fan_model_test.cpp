@@ -95,9 +95,9 @@ TEST(WorkingCurves, SlotsByFanAndCodeScaledForParallelAndSeries) {
 
     // More distinct fan groupings than the database has rows cannot be run.
     model->Fans.resize(3); // MaxFans 2
-    model->SimFail = 0;
+    model->SimFail = RunResult::Good;
     EXPECT_FALSE(BuildWorkingCurves(*model, ui));
-    EXPECT_EQ(model->SimFail, 1);
+    EXPECT_EQ(model->SimFail, RunResult::Failed);
     ASSERT_EQ(ui.Transcript.size(), 1u);
     EXPECT_EQ(ui.Transcript[0].Title, "Fans Error");
 }

@@ -25,7 +25,7 @@ TEST(GeneratedMines, KirchhoffsLawsHoldAfterARun) {
         ui::ScriptedUserInterface ui;
         ui.DefaultAnswer = ui::Answer::No;
         RunAirflow(*m, ui);
-        ASSERT_EQ(m->SimFail, 0);
+        ASSERT_EQ(m->SimFail, RunResult::Good);
         ASSERT_TRUE(ui.Transcript.empty()) << ui.Transcript.front().Text;
 
         simtest::ExpectKirchhoff(*m);

@@ -84,7 +84,7 @@ TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorter
     ui::ScriptedUserInterface ui;
     PrepareMeshOrder(*model);
     BuildMeshes(*model, ui);
-    ASSERT_EQ(model->SimFail, 0);
+    ASSERT_EQ(model->SimFail, RunResult::Good);
     ASSERT_EQ(model->Run.NumMeshes, 4);
     EXPECT_EQ(MeshOf(*model, 1), (std::vector<std::int16_t>{4, 2, 3}));     // only the stretch 2..4
     EXPECT_EQ(MeshOf(*model, 2), (std::vector<std::int16_t>{-5, 1, 2, 3})); // fixed flow: held
@@ -94,9 +94,9 @@ TEST(Meshes, FixedAndBlockedChordsAreHeldFanChordsBalanceAndAMeshTakesTheShorter
 }
 
 // The forest of the network in the model, in the given run mode, from a clean error list.
-void ForestInMode(Model& model, int mode) {
-    model.SimMode = static_cast<std::int16_t>(mode);
-    model.SimFail = 0;
+void ForestInMode(Model& model, RunMode mode) {
+    model.SimMode = mode;
+    model.SimFail = RunResult::Good;
     model.RestrictionFlag = false;
     model.ErrorList.clear();
     PrepareMeshOrder(model);
@@ -106,47 +106,49 @@ void ForestInMode(Model& model, int mode) {
 TEST(Forest, TreeChecksOfEveryMode) {
     // A fixed flow that is the only way to node 3 is reported in any mode.
     auto model = NewModel();
-    for (int mode : {0, 1, 2, 3, -1}) {
+    for (RunMode mode : {RunMode::Normal, RunMode::FindBulkheads, RunMode::RemoveBulkheads,
+                         RunMode::FindRestrictiveFans, RunMode::FindNonConverging}) {
         SetGraph(*model, 3, {{1, 2}, {2, 1}, {2, 3}, {3, 2}}, {0.1f, 0.1f, 1.0f, 1.0f});
         model->Airways[3].BranchCode |= bc::FixedFlow;
         model->Airways[4].ResType = 1;
         model->Airways[4].Resistance = static_cast<float>(BlockedResValue);
         ForestInMode(*model, mode);
-        ASSERT_FALSE(model->ErrorList.empty()) << mode;
+        ASSERT_FALSE(model->ErrorList.empty()) << static_cast<int>(mode);
         EXPECT_EQ(model->ErrorList[0].Text, "FIX restricting flow");
         EXPECT_EQ(model->Airways[3].Comment, "Bad Fix");
-        EXPECT_FALSE(model->Airways[3].Has(bc::ErrorMark)) << mode; // listed, not marked
-        EXPECT_EQ(model->SimFail, 1);
+        EXPECT_FALSE(model->Airways[3].Has(bc::ErrorMark)) << static_cast<int>(mode); // listed, not marked
+        EXPECT_EQ(model->SimFail, RunResult::Failed);
         // The bulkhead closes the loop as a chord, so nothing is said of it.
-        EXPECT_EQ(model->ErrorList.size(), 1u) << mode;
+        EXPECT_EQ(model->ErrorList.size(), 1u) << static_cast<int>(mode);
     }
 
     // Two bulkheads in series: the first in the order goes into the tree and is reported in
-    // modes 1 and 2 only; a fan in the tree is reported in mode 3 only.
-    for (int mode : {0, 1, 2, 3}) {
+    // the bulkhead modes only; a fan in the tree is reported in FindRestrictiveFans only.
+    for (RunMode mode :
+         {RunMode::Normal, RunMode::FindBulkheads, RunMode::RemoveBulkheads, RunMode::FindRestrictiveFans}) {
         SetGraph(*model, 4, {{1, 2}, {3, 1}, {2, 4}, {4, 3}, {2, 3}}, {0.1f, 0.1f, 0, 0, 0.5f});
         for (int r : {3, 4}) {
             model->Airways[r].ResType = 1;
             model->Airways[r].Resistance = static_cast<float>(BlockedResValue);
         }
         ForestInMode(*model, mode);
-        if (mode == 1 || mode == 2) {
+        if (mode == RunMode::FindBulkheads || mode == RunMode::RemoveBulkheads) {
             ASSERT_EQ(model->ErrorList.size(), 1u);
             EXPECT_EQ(model->ErrorList[0].AirwayNo, 3);
             EXPECT_EQ(model->ErrorList[0].Text, "BBH not required");
             EXPECT_EQ(model->Airways[3].Comment, "Bad BBH");
             EXPECT_TRUE(model->Airways[3].Has(bc::ErrorMark));
             EXPECT_TRUE(model->RestrictionFlag);
-            EXPECT_EQ(model->SimFail, 1);
+            EXPECT_EQ(model->SimFail, RunResult::Failed);
         } else {
-            EXPECT_TRUE(model->ErrorList.empty()) << mode;
-            EXPECT_EQ(model->SimFail, 0);
+            EXPECT_TRUE(model->ErrorList.empty()) << static_cast<int>(mode);
+            EXPECT_EQ(model->SimFail, RunResult::Good);
         }
     }
     SetGraph(*model, 4, {{1, 2}, {3, 1}, {2, 4}, {4, 3}, {2, 3}}, {0.1f, 0.1f, 0, 0, 0.5f});
     model->Airways[3].FanNumber = 1;
     model->Airways[4].FanNumber = 2;
-    ForestInMode(*model, 3);
+    ForestInMode(*model, RunMode::FindRestrictiveFans);
     ASSERT_EQ(model->ErrorList.size(), 1u);
     EXPECT_EQ(model->ErrorList[0].Text, "Fan restricted");
     EXPECT_EQ(model->Airways[3].Comment, "Bad Fan");
@@ -165,7 +167,7 @@ TEST(Meshes, AFullStoreIsReportedAndFailsTheRun) {
     ui::ScriptedUserInterface ui;
     PrepareMeshOrder(*model);
     BuildMeshes(*model, ui);
-    EXPECT_EQ(model->SimFail, 1);
+    EXPECT_EQ(model->SimFail, RunResult::Failed);
     ASSERT_EQ(ui.Transcript.size(), 1u);
     EXPECT_EQ(ui.Transcript[0].Title, "meshes Error");
     EXPECT_EQ(ui.Transcript[0].Text, text);
@@ -173,11 +175,11 @@ TEST(Meshes, AFullStoreIsReportedAndFailsTheRun) {
     // Many short meshes fit, up to one per airway: 20,000 chords between two nodes.
     ends.assign(20001, {1, 2});
     SetGraph(*model, 2, ends, std::vector<float>(ends.size(), 1.0f));
-    model->SimFail = 0;
+    model->SimFail = RunResult::Good;
     ui.Transcript.clear();
     PrepareMeshOrder(*model);
     BuildMeshes(*model, ui);
-    EXPECT_EQ(model->SimFail, 0);
+    EXPECT_EQ(model->SimFail, RunResult::Good);
     EXPECT_TRUE(ui.Transcript.empty());
     EXPECT_EQ(model->Run.NumMeshes, 20000);
     EXPECT_EQ(MeshOf(*model, 20000), (std::vector<std::int16_t>{20001, -1}));
@@ -194,8 +196,8 @@ TEST(Meshes, FastForestAndMeshWalksEqualTheLiteralProceduresOnGeneratedNetworks)
         const std::int32_t nodes = 2 + static_cast<std::int32_t>(rng() % 400);
         const std::int32_t airways = nodes + static_cast<std::int32_t>(rng() % (2 * nodes + 1));
         RandomGraph(*model, rng, nodes, airways);
-        model->SimMode = 0;
-        model->SimFail = 0;
+        model->SimMode = RunMode::Normal;
+        model->SimFail = RunResult::Good;
         model->ErrorList.clear();
         PrepareMeshOrder(*model);
         const auto order = oracle::SortOrder(*model);

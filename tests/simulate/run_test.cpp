@@ -51,7 +51,7 @@ TEST(Run, RunsAsRecorded) {
     EXPECT_EQ(m->NetworkSaved, Yes255);
 
     m = LoopWithFixedFlow(100, false);
-    m->SimValid = 0;
+    m->SimValid = Validity::NotValid;
     run(*m, "a good run shows every stage and leaves valid results");
     EXPECT_EQ(m->NetworkSaved, No0);
     EXPECT_EQ(SimStatus(*m).Caption, std::string("OK"));
@@ -113,8 +113,8 @@ TEST(Run, TheStopButtonEndsTheRunWithFlowsAsTheyStood) {
         RunAirflow(*m, ui);
         EXPECT_EQ(ui.ProgressPercents, (std::vector<int>{0, 10, 20, 30, 40, 50, 60, 70}));
         EXPECT_EQ(ui.ProgressCaptions.back(), "Simulation Failed !");
-        EXPECT_EQ(static_cast<int>(m->SimValid), 0);
-        EXPECT_EQ(static_cast<int>(m->SimFail), 1);
+        EXPECT_EQ(m->SimValid, Validity::NotValid);
+        EXPECT_EQ(m->SimFail, RunResult::Failed);
         EXPECT_EQ(ui.Attempts.back(), "1");
         // Continuity holds at the stop: every correction ran round a whole loop.
         EXPECT_NEAR(AirwayNo(*m, 2).Quantity + AirwayNo(*m, 3).Quantity, 100.0f, 1e-3);
@@ -127,7 +127,7 @@ TEST(Run, TheStopButtonEndsTheRunWithFlowsAsTheyStood) {
     stopper.StopAtPump = 3;
     RunAirflow(*early, stopper);
     EXPECT_EQ(stopper.ProgressPercents, (std::vector<int>{0, 10, 20, 30}));
-    EXPECT_EQ(early->SimValid, 0);
+    EXPECT_EQ(early->SimValid, Validity::NotValid);
 }
 
 } // namespace

@@ -38,7 +38,7 @@ inline std::unique_ptr<Model> NewModel() {
     model->Levels[2] = {"U/Ground", 500, 480};
     model->Set.AllowErr = 0.0001f;
     model->Set.MaxIter = 500;
-    model->StopFlag = 0; // as inside a run, for the tests that call one stage
+    model->StopFlag = StopRequest::Go; // as inside a run, for the tests that call one stage
     return model;
 }
 
@@ -128,7 +128,7 @@ public:
     void ProgressError(const std::string& text) override { Errors.push_back(text); }
     void PumpEvents() override {
         ui::ScriptedUserInterface::PumpEvents();
-        if (StopModel && StopAtPump != 0 && PumpCount == StopAtPump) StopModel->StopFlag = 255;
+        if (StopModel && StopAtPump != 0 && PumpCount == StopAtPump) StopModel->StopFlag = StopRequest::Stop;
     }
 };
 

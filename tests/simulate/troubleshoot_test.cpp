@@ -45,25 +45,25 @@ TEST(Troubleshoot, EachSearchAsRecorded) {
     // this mode; a clean network has none.
     auto m = SeriesPair(false);
     m->Airways[2].Quantity = 12.5f;
-    search(*m, mode::FindBulkheads, "find unnecessary bulkheads");
+    search(*m, RunMode::FindBulkheads, "find unnecessary bulkheads");
     EXPECT_FALSE(m->RestrictionFlag);
-    search(*SeriesPair(false, false), mode::FindBulkheads, "find unnecessary bulkheads, none");
+    search(*SeriesPair(false, false), RunMode::FindBulkheads, "find unnecessary bulkheads, none");
     // Removing them asks first; the error list is closed in this mode whatever the result.
-    search(*SeriesPair(false), mode::RemoveBulkheads, "remove unnecessary bulkheads", {ui::Answer::Yes});
-    search(*SeriesPair(false), mode::RemoveBulkheads, "remove unnecessary bulkheads, refused", {ui::Answer::No});
-    search(*SeriesPair(false, false), mode::RemoveBulkheads, "remove unnecessary bulkheads, none");
+    search(*SeriesPair(false), RunMode::RemoveBulkheads, "remove unnecessary bulkheads", {ui::Answer::Yes});
+    search(*SeriesPair(false), RunMode::RemoveBulkheads, "remove unnecessary bulkheads, refused", {ui::Answer::No});
+    search(*SeriesPair(false, false), RunMode::RemoveBulkheads, "remove unnecessary bulkheads, none");
     // Fans that restrict other fans; the fixed pressure closes its own loop.
-    search(*SeriesPair(true), mode::RestrictiveFans, "restrictive fans");
-    search(*SeriesPair(false, false), mode::RestrictiveFans, "restrictive fans, none");
+    search(*SeriesPair(true), RunMode::FindRestrictiveFans, "restrictive fans");
+    search(*SeriesPair(false, false), RunMode::FindRestrictiveFans, "restrictive fans, none");
     // Duplicate airways are listed without a question; a clean network passes meshing, says
     // nothing and stores no new flows.
     m = SeriesPair(false, false);
     AddAirway(*m, Underground(100), Underground(200), 0.7f); // a second A-B
     m->Airways[2].Quantity = 3;
-    search(*m, mode::DuplicateAirways, "duplicate airways");
+    search(*m, RunMode::FindDuplicates, "duplicate airways");
     m = SeriesPair(false, false);
     m->Airways[2].Quantity = 3;
-    search(*m, mode::DuplicateAirways, "duplicate airways, none");
+    search(*m, RunMode::FindDuplicates, "duplicate airways, none");
     karvane::testing::ExpectGolden("troubleshoot_searches.txt", record);
 }
 
@@ -72,10 +72,10 @@ TEST(Troubleshoot, NonConvergingAirwaysAreMarkedInTheLastPassAndTheRunStillStore
     m->Set.MaxIter = 2;
     WatchingUi ui;
     ui.Answers = {ui::Answer::No};
-    RunTroubleshoot(*m, ui, mode::NonConverging);
+    RunTroubleshoot(*m, ui, RunMode::FindNonConverging);
     ASSERT_EQ(ui.Texts("Ask").size(), 1u);
-    EXPECT_EQ(m->SimFail, 1);
-    EXPECT_EQ(m->SimValid, -1); // a valid result with a list of the airways that moved most
+    EXPECT_EQ(m->SimFail, RunResult::Failed);
+    EXPECT_EQ(m->SimValid, Validity::Valid); // a valid result with a list of the airways that moved most
     ASSERT_FALSE(m->ErrorList.empty());
     for (const auto& e : m->ErrorList) {
         EXPECT_EQ(e.Text, "Converge Error");
@@ -98,11 +98,11 @@ TEST(Troubleshoot, NonConvergingAirwaysAreMarkedInTheLastPassAndTheRunStillStore
 
     auto good = SeriesPair(false, false);
     WatchingUi fine;
-    RunTroubleshoot(*good, fine, mode::NonConverging);
+    RunTroubleshoot(*good, fine, RunMode::FindNonConverging);
     EXPECT_EQ(fine.Texts(), std::vector<std::string>{"There are NO major convergence problems"});
     EXPECT_TRUE(fine.Said("There are NO major convergence problems"));
     EXPECT_TRUE(fine.Texts("Ask").empty());
-    EXPECT_EQ(good->SimFail, 0);
+    EXPECT_EQ(good->SimFail, RunResult::Good);
 }
 
 TEST(Troubleshoot, ReseedGivesEveryAirwayButFixedFlowsOneWholeValue) {

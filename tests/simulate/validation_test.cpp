@@ -104,7 +104,7 @@ void OracleConnections(Model& model) {
         } else {
             run.ExitNodeNo[i] = 0;
             OracleMark(model, i, "No exit from branch", "No Exit");
-            model.SimFail = 1;
+            model.SimFail = RunResult::Failed;
         }
     }
     for (std::int32_t i = 1; i <= n; ++i) {
@@ -113,7 +113,7 @@ void OracleConnections(Model& model) {
         for (std::int32_t j = 1; j <= n; ++j) any = any || r[j].ExitKey == r[i].EntryKey;
         if (!any) {
             OracleMark(model, i, "No entry into branch", "No Entry");
-            model.SimFail = 1;
+            model.SimFail = RunResult::Failed;
         }
     }
     for (int end = 1; end <= 2; ++end) {
@@ -127,7 +127,7 @@ void OracleConnections(Model& model) {
                 if ((r[j].X1 == x && r[j].Y1 == y && r[j].Z1 == z) || (r[j].X2 == x && r[j].Y2 == y && r[j].Z2 == z)) {
                     if (end == 1) OracleMark(model, i, "Airway into surface entry", "Bad Entry");
                     else OracleMark(model, i, "Airway into surface exit", "Bad Exit");
-                    model.SimFail = 1;
+                    model.SimFail = RunResult::Failed;
                     break;
                 }
             }
@@ -137,7 +137,7 @@ void OracleConnections(Model& model) {
         if (std::abs(r[i].Quantity) > 9994) r[i].Quantity = 0;
         if (i > 1 && r[i].EntryKey == r[i - 1].EntryKey && r[i].ExitKey == r[i - 1].ExitKey) {
             OracleMark(model, i, "Duplicate branch", "Error-Duplicate");
-            model.SimFail = 1;
+            model.SimFail = RunResult::Failed;
         }
     }
 }
@@ -217,7 +217,7 @@ TEST(ValidationOracleTest, StageAgreesWithRowByRowChecksOnGeneratedNetworks) {
         *fast = Model{};
         PrepareModel(*fast);
         GenerateNetwork(*fast, random);
-        fast->SimMode = round % 10 == 9 ? 4 : 0;
+        fast->SimMode = round % 10 == 9 ? RunMode::FindDuplicates : RunMode::Normal;
         ui::ScriptedUserInterface fastUi, slowUi;
         const Answer first = round % 3 == 0 ? Answer::Yes : Answer::No;
         const Answer second = round % 4 == 0 ? Answer::Yes : Answer::No;
@@ -233,7 +233,7 @@ TEST(ValidationOracleTest, StageAgreesWithRowByRowChecksOnGeneratedNetworks) {
         OracleConnections(*slow);
 
         ASSERT_EQ(CheckText(*fast, fastUi), CheckText(*slow, slowUi)) << "round " << round;
-        EXPECT_EQ(passed, static_cast<int>(slow->SimFail) != 1);
+        EXPECT_EQ(passed, slow->SimFail != RunResult::Failed);
     }
 }
 
@@ -256,7 +256,7 @@ protected:
     void Loop() {
         model.AirwayCount = 0;
         model.ErrorList.clear();
-        model.SimFail = 0;
+        model.SimFail = RunResult::Good;
         ui.Transcript.clear();
         Add(0, 0, 1000, 0, 0, 400);
         Add(0, 0, 400, 100, 0, 400);
@@ -321,9 +321,9 @@ TEST_F(ValidationTest, ChecksAsRecorded) {
     Loop();
     Add(0, 0, 400, 100, 0, 400);
     Add(0, 100, 400, 0, 100, 400);
-    model.SimMode = 4;
+    model.SimMode = RunMode::FindDuplicates;
     Check("the duplicate search asks nothing");
-    model.SimMode = 0;
+    model.SimMode = RunMode::Normal;
 
     Loop();
     model.Airways[1].Quantity = 9994.0f;
