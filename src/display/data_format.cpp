@@ -6,6 +6,7 @@
 
 #include "contaminant/colours.h"
 #include "engineering/resistance.h"
+#include "model/data_type.h"
 #include "model/number_format.h"
 #include "model/units.h"
 #include "simulate/energy.h"
@@ -73,7 +74,11 @@ std::string FormatValue(const Model& model, double value, int unitClass, bool wi
     return text;
 }
 
-bool IsNodeDataType(int dataType) { return dataType == 26 || dataType == 27 || dataType == 28 || dataType == 37; }
+bool IsNodeDataType(int dataType) {
+    const auto type = static_cast<DataType>(dataType);
+    return type == DataType::NodeRelative || type == DataType::NodeAbsolute || type == DataType::NodeBarometric ||
+           type == DataType::Coordinates;
+}
 
 double AirwayArea(const Airway& a) {
     if (a.Has(bc::AreaEntry)) return a.Width;
@@ -96,23 +101,23 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
     const FanRecord* fan = FanOfAirway(model, a);
     std::string& text = out.Text;
 
-    switch (dataType) {
-    case 12:
+    switch (static_cast<DataType>(dataType)) {
+    case DataType::Quantity:
         text = value(q, uc::Flow);
         if (a.Has(bc::InView) && a.ResType != 0 && (ds.View.DisplayOptions & opt::ShowResistance) != 0) {
             out.ExtraLine = ResPresetName(model, a.ResType);
         }
         break;
-    case 13: {
+    case DataType::Velocity: {
         const double parallel = a.NoAirways;
         text = value(q / AirwayArea(a) / parallel, uc::Velocity);
         break;
     }
-    case 22:
+    case DataType::TotalLoss:
         text = value(fanOrFixedPressure ? q * q * r : static_cast<double>(a.FromNodeP) - a.ToNodeP, uc::Pressure);
         break;
-    case 23: text = value(q * q * FrictionResistance(model, row), uc::Pressure); break;
-    case 24:
+    case DataType::FrictionLoss: text = value(q * q * FrictionResistance(model, row), uc::Pressure); break;
+    case DataType::Boost:
         if (!fanOrFixedPressure && !a.Has(bc::FixedFlow)) break;
         text = value(a.Pressure, uc::Pressure);
         if (fan && a.Pressure == StalledFanPressure) {
@@ -121,7 +126,7 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
             out.ExtraLine = "Negate @" + value(FanPointPressure(a, *fan, 10), uc::Pressure);
         }
         break;
-    case 25: {
+    case DataType::RegulatorLoad: {
         double load;
         if (!fanOrFixedPressure && !a.Has(bc::FixedFlow)) {
             load = std::fabs((static_cast<double>(a.FromNodeP) - a.ToNodeP) - q * q * FrictionResistance(model, row));
@@ -135,13 +140,13 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
         }
         break;
     }
-    case 32:
+    case DataType::Resistance:
         text = value(r, uc::Resistance);
         if (a.ResType != 0) out.ExtraLine = ResPresetName(model, a.ResType);
         break;
-    case 33: text = value(a.ShockFactor, uc::Length); break;
-    case 34: text = value(a.WallFactor, uc::Friction); break;
-    case 35:
+    case DataType::ShockLength: text = value(a.ShockFactor, uc::Length); break;
+    case DataType::FrictionFactor: text = value(a.WallFactor, uc::Friction); break;
+    case DataType::Dimensions:
         if (a.Has(bc::AreaEntry)) {
             text = "Area " + value(a.Width, uc::Area) + "  P " + value(a.Height, uc::Length);
         } else if (a.Has(bc::Rectangular)) {
@@ -150,20 +155,20 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
             text = "Diam " + value(a.Width, uc::Length);
         }
         break;
-    case 36: text = value(a.Length, uc::LongLength); break;
-    case 42: text = value(simulate::AirPower(model, row), uc::Power); break;
-    case 44:
+    case DataType::AirwayLength: text = value(a.Length, uc::LongLength); break;
+    case DataType::FrictionPower: text = value(simulate::AirPower(model, row), uc::Power); break;
+    case DataType::FrictionCost:
         if (const auto cost = simulate::AirCost(model, row)) text = value(Currency(*cost), uc::Currency);
         break;
-    case 43:
+    case DataType::FanFixPower:
         if (const auto power = simulate::InputPower(model, row)) text = value(*power, uc::Power);
         break;
-    case 45:
+    case DataType::FanFixCost:
         if (const auto cost = simulate::InputCost(model, row)) text = value(Currency(*cost), uc::Currency);
         break;
-    case 52: text = Whole(a.AirwayNo); break;
-    case 53: text = Whole(a.PrimaryLayer) + "," + Whole(a.SecondLayer); break;
-    case 54: {
+    case DataType::AirwayNumber: text = Whole(a.AirwayNo); break;
+    case DataType::LayerNumber: text = Whole(a.PrimaryLayer) + "," + Whole(a.SecondLayer); break;
+    case DataType::LayerName: {
         auto name = [](const std::vector<LayerRecord>& list, std::int16_t k) -> std::string {
             if (k < 1 || static_cast<std::size_t>(k) >= list.size()) return {};
             return list[static_cast<std::size_t>(k)].Name;
@@ -171,14 +176,14 @@ AirwayValueText FormatAirwayValue(const Model& model, const DisplayState& ds, in
         text = name(model.PrimaryLayers, a.PrimaryLayer) + "," + name(model.SecondaryLayers, a.SecondLayer);
         break;
     }
-    case 55:
+    case DataType::Contaminant:
         if (model.GasActive == GasDisplay::Spread && a.Gas2 != 0) {
             text = FormatNumber(a.Gas2 + 0.2, "0", sep);
         } else if (a.Contaminant != 0) {
             text = FormatNumber(static_cast<double>(a.Contaminant) + 0.2, "0", sep);
         }
         break;
-    case 56: {
+    case DataType::SpreadTime: {
         const auto& times = model.Smoke.SpreadTime;
         const float t =
             static_cast<std::size_t>(row) < times.size() ? times[static_cast<std::size_t>(row)] : NeverReached;
@@ -200,15 +205,17 @@ std::string FormatNodeValue(const Model& model, const DisplayState& ds, int data
     const double p = to ? a.ToNodeP : a.FromNodeP;
     const std::int32_t x = to ? a.X2 : a.X1, y = to ? a.Y2 : a.Y1, z = to ? a.Z2 : a.Z1;
     const char sep = ds.DecimalSeparator;
-    if (dataType == 37) {
+    const auto type = static_cast<DataType>(dataType);
+    if (type == DataType::Coordinates) {
         return FormatValue(model, x, uc::LongLength, false, false, sep) + "," +
                FormatValue(model, y, uc::LongLength, false, false, sep) + "," +
                FormatValue(model, z, uc::LongLength, withUnit, false, sep);
     }
     if (static_cast<float>(p) == NodeNotReached) return {};
-    switch (dataType) {
-    case 26: return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
-    case 27: return FormatValue(model, simulate::NodeAbsPressure(model, p), uc::AbsPressure, withUnit, false, sep);
+    switch (type) {
+    case DataType::NodeRelative: return FormatValue(model, p, uc::Pressure, withUnit, false, sep);
+    case DataType::NodeAbsolute:
+        return FormatValue(model, simulate::NodeAbsPressure(model, p), uc::AbsPressure, withUnit, false, sep);
     default: return FormatValue(model, simulate::NodeBarPressure(model, p, z), uc::AbsPressure, withUnit, false, sep);
     }
 }

@@ -5,6 +5,7 @@
 #include <cctype>
 
 #include "display/data_format.h"
+#include "model/data_type.h"
 #include "model/units.h"
 
 namespace karvane::display {
@@ -12,7 +13,7 @@ namespace karvane::display {
 namespace {
 
 struct DataTypeEntry {
-    int Type;
+    DataType Type;
     const char* Value;
     const char* Menu;
 };
@@ -21,35 +22,35 @@ constexpr std::array<const char*, DataGroupCount + 1> kGroups{"",       "Airflow
                                                               "Energy", "Other"};
 
 constexpr std::array<DataTypeEntry, 24> kTypes{{
-    {12, "Quantity", "Quantity m3/s"},
-    {13, "Velocity", "Velocity m/s"},
-    {22, "Total Loss", "Loss  Pa"},
-    {23, "Friction Loss", ""},
-    {24, "Boost", "Boost Pa"},
-    {25, "Regulator Load", "Load  kg"},
-    {26, "Relative", "Node relative Pa"},
-    {27, "Absolute", "Node atmos kPa"},
-    {28, "Barometric", "Node barometric kPa"},
-    {32, "Resistance", "Resistance"},
-    {33, "Shock Length", "Shock Length"},
-    {34, "Friction Factor", "Friction Factor"},
-    {35, "Dimensions", "Dimensions"},
-    {36, "Airway Length", "Airway Length"},
-    {37, "Coordinates", "Coordinates"},
-    {42, "Friction Power", "Friction Power"},
-    {43, "Fan/Fix Power", "Fan/Fix Power"},
-    {44, "Friction Cost", "Friction cost"},
-    {45, "Fan/Fix Cost", "Fan/Fix cost"},
-    {52, "Airway Number", "Airway Number"},
-    {53, "Layer Number", "Layer Number"},
-    {54, "Layer Name", "Layer Name"},
-    {55, "Contaminant", "Contaminant"},
-    {56, "Spread Time", "Spread Time"},
+    {DataType::Quantity, "Quantity", "Quantity m3/s"},
+    {DataType::Velocity, "Velocity", "Velocity m/s"},
+    {DataType::TotalLoss, "Total Loss", "Loss  Pa"},
+    {DataType::FrictionLoss, "Friction Loss", ""},
+    {DataType::Boost, "Boost", "Boost Pa"},
+    {DataType::RegulatorLoad, "Regulator Load", "Load  kg"},
+    {DataType::NodeRelative, "Relative", "Node relative Pa"},
+    {DataType::NodeAbsolute, "Absolute", "Node atmos kPa"},
+    {DataType::NodeBarometric, "Barometric", "Node barometric kPa"},
+    {DataType::Resistance, "Resistance", "Resistance"},
+    {DataType::ShockLength, "Shock Length", "Shock Length"},
+    {DataType::FrictionFactor, "Friction Factor", "Friction Factor"},
+    {DataType::Dimensions, "Dimensions", "Dimensions"},
+    {DataType::AirwayLength, "Airway Length", "Airway Length"},
+    {DataType::Coordinates, "Coordinates", "Coordinates"},
+    {DataType::FrictionPower, "Friction Power", "Friction Power"},
+    {DataType::FanFixPower, "Fan/Fix Power", "Fan/Fix Power"},
+    {DataType::FrictionCost, "Friction Cost", "Friction cost"},
+    {DataType::FanFixCost, "Fan/Fix Cost", "Fan/Fix cost"},
+    {DataType::AirwayNumber, "Airway Number", "Airway Number"},
+    {DataType::LayerNumber, "Layer Number", "Layer Number"},
+    {DataType::LayerName, "Layer Name", "Layer Name"},
+    {DataType::Contaminant, "Contaminant", "Contaminant"},
+    {DataType::SpreadTime, "Spread Time", "Spread Time"},
 }};
 
 const DataTypeEntry* Find(int dataType) {
     for (const DataTypeEntry& e : kTypes) {
-        if (e.Type == dataType) return &e;
+        if (DataTypeNumber(e.Type) == dataType) return &e;
     }
     return nullptr;
 }
@@ -76,7 +77,7 @@ std::string_view DataGroupName(int group) {
 std::vector<std::string> DataValueNames(int group) {
     std::vector<std::string> names;
     for (const DataTypeEntry& e : kTypes) {
-        if (DataGroupOf(e.Type) == group) names.emplace_back(e.Value);
+        if (DataGroupOf(DataTypeNumber(e.Type)) == group) names.emplace_back(e.Value);
     }
     return names;
 }
@@ -93,14 +94,14 @@ std::string_view DataMenuCaption(int dataType) {
 
 int DataTypeByName(std::string_view name) {
     for (const DataTypeEntry& e : kTypes) {
-        if (SameText(name, e.Value) || (e.Menu[0] != '\0' && SameText(name, e.Menu))) return e.Type;
+        if (SameText(name, e.Value) || (e.Menu[0] != '\0' && SameText(name, e.Menu))) return DataTypeNumber(e.Type);
     }
     return 0;
 }
 
 std::string DataUnitLabel(const Model& model, int dataType) {
     // Airway lengths are shown in the long length class, labelled as plain lengths.
-    const int unitClass = dataType == 36 ? uc::Length : DataUnit(dataType);
+    const int unitClass = dataType == DataTypeNumber(DataType::AirwayLength) ? uc::Length : DataUnit(dataType);
     return unitClass == 0 ? std::string() : UnitLabel(model, unitClass);
 }
 
@@ -132,19 +133,19 @@ std::string ViewWindowCaption(const Model& model, const DisplayState& ds, int wi
 }
 
 std::string InfoPopupText(const Model& model, const DisplayState& ds, std::int32_t row) {
-    static constexpr std::array<std::pair<const char*, int>, 10> lines{{{"Q = ", 12},
-                                                                        {"Vel = ", 13},
-                                                                        {"Res = ", 32},
-                                                                        {"kFac = ", 34},
-                                                                        {"PLoss = ", 22},
-                                                                        {"Shock = ", 33},
-                                                                        {"Size = ", 35},
-                                                                        {"Cost = ", 44},
-                                                                        {"Power = ", 42},
-                                                                        {"Layers = ", 54}}};
+    static constexpr std::array<std::pair<const char*, DataType>, 10> lines{{{"Q = ", DataType::Quantity},
+                                                                             {"Vel = ", DataType::Velocity},
+                                                                             {"Res = ", DataType::Resistance},
+                                                                             {"kFac = ", DataType::FrictionFactor},
+                                                                             {"PLoss = ", DataType::TotalLoss},
+                                                                             {"Shock = ", DataType::ShockLength},
+                                                                             {"Size = ", DataType::Dimensions},
+                                                                             {"Cost = ", DataType::FrictionCost},
+                                                                             {"Power = ", DataType::FrictionPower},
+                                                                             {"Layers = ", DataType::LayerName}}};
     std::string text = "     AIRWAY " + std::to_string(row) + "\n\n";
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        text += lines[i].first + FormatAirwayValue(model, ds, lines[i].second, row, true).Text;
+        text += lines[i].first + FormatAirwayValue(model, ds, DataTypeNumber(lines[i].second), row, true).Text;
         if (i + 1 < lines.size()) text += "\n";
     }
     return text;

@@ -14,6 +14,7 @@
 #include "display/view_title.h"
 #include "display/view_transform.h"
 #include "files/number_text.h"
+#include "model/data_type.h"
 #include "model/number_format.h"
 #include "model/units.h"
 #include "simulate/energy.h"
@@ -101,16 +102,17 @@ int SpreadBand(const Model& model, const Airway& a) {
 // Node values on paper: fixed forms without units.
 std::string NodeText(const Model& model, const DisplayState& ds, const Airway& a, bool toEnd) {
     const char sep = ds.DecimalSeparator;
-    const int type = ds.View.DataType;
+    const auto type = static_cast<DataType>(ds.View.DataType);
     const double p = toEnd ? a.ToNodeP : a.FromNodeP;
     const std::int32_t x = toEnd ? a.X2 : a.X1, y = toEnd ? a.Y2 : a.Y1, z = toEnd ? a.Z2 : a.Z1;
-    if (type == 37) {
+    if (type == DataType::Coordinates) {
         auto whole = [&](std::int32_t c) { return FormatNumber(ToDisplay(model, c, uc::LongLength), "0", sep); };
         return whole(x) + "," + whole(y) + "," + whole(z);
     }
     if (static_cast<float>(p) == NodeNotReached) return {};
-    if (type == 26) return FormatNumber(ToDisplay(model, p, uc::Pressure), "0", sep);
-    const double abs = type == 27 ? simulate::NodeAbsPressure(model, p) : simulate::NodeBarPressure(model, p, z);
+    if (type == DataType::NodeRelative) return FormatNumber(ToDisplay(model, p, uc::Pressure), "0", sep);
+    const double abs =
+        type == DataType::NodeAbsolute ? simulate::NodeAbsPressure(model, p) : simulate::NodeBarPressure(model, p, z);
     return FormatNumber(ToDisplay(model, abs, uc::AbsPressure), "0.000", sep);
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "model/data_type.h"
 #include "model/model.h"
 #include "model/number_format.h"
 
@@ -67,27 +68,27 @@ void SetBuiltInUnits(UnitTable& units) {
 }
 
 int DataUnit(int dataType) {
-    switch (dataType) {
-    case 12: return uc::Flow;
-    case 13: return uc::Velocity;
-    case 22:
-    case 23:
-    case 24:
-    case 26: return uc::Pressure;
-    case 25: return uc::Mass;
-    case 27:
-    case 28: return uc::AbsPressure;
-    case 32: return uc::Resistance;
-    case 33:
-    case 35:
-    case 36: return uc::Length;
-    case 34: return uc::Friction;
-    case 37: return uc::LongLength;
-    case 42:
-    case 43: return uc::Power;
-    case 44:
-    case 45: return uc::Currency;
-    case 56: return uc::Time;
+    switch (static_cast<DataType>(dataType)) {
+    case DataType::Quantity: return uc::Flow;
+    case DataType::Velocity: return uc::Velocity;
+    case DataType::TotalLoss:
+    case DataType::FrictionLoss:
+    case DataType::Boost:
+    case DataType::NodeRelative: return uc::Pressure;
+    case DataType::RegulatorLoad: return uc::Mass;
+    case DataType::NodeAbsolute:
+    case DataType::NodeBarometric: return uc::AbsPressure;
+    case DataType::Resistance: return uc::Resistance;
+    case DataType::ShockLength:
+    case DataType::Dimensions:
+    case DataType::AirwayLength: return uc::Length;
+    case DataType::FrictionFactor: return uc::Friction;
+    case DataType::Coordinates: return uc::LongLength;
+    case DataType::FrictionPower:
+    case DataType::FanFixPower: return uc::Power;
+    case DataType::FrictionCost:
+    case DataType::FanFixCost: return uc::Currency;
+    case DataType::SpreadTime: return uc::Time;
     default: return 0;
     }
 }

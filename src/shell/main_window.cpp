@@ -31,6 +31,7 @@
 #include "files/defaults_file.h"
 #include "files/fan_file.h"
 #include "files/number_text.h"
+#include "model/data_type.h"
 #include "model/network_rows.h"
 #include "model/units.h"
 #include "qt/icons.h"
@@ -46,11 +47,12 @@ public:
     explicit Hooks(MainWindow& w) : UndoLogHooks(w.undo_, w.ui_), w_(w) {}
     void Redraw() override { w_.RedrawWindow(); }
     void RememberDataTypes() override {
-        if (display::DataGroupOf(w_.ds_->View.DataType) != 5 || w_.ds_->View.DataType < 55)
+        if (display::DataGroupOf(w_.ds_->View.DataType) != 5 ||
+            w_.ds_->View.DataType < DataTypeNumber(DataType::Contaminant))
             w_.rememberedDataType_ = w_.ds_->View.DataType;
     }
     void ShowContaminantDataTypes() override {
-        display::ChooseDataType(*w_.model_, *w_.ds_, 55);
+        display::ChooseDataType(*w_.model_, *w_.ds_, DataTypeNumber(DataType::Contaminant));
         w_.lists_->ShowDataType();
     }
     void RestoreDataTypes() override {
