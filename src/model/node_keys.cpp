@@ -27,7 +27,7 @@ std::int32_t CheckedAirwayCount(const Model& model) {
 }
 
 std::int32_t* ClearRowMarks(Model& model, std::int32_t n) {
-    std::int32_t* marks = model.Run.ScratchB.data();
+    std::int32_t* marks = model.Run.RowMarks();
     std::fill_n(marks, n + 1, 0);
     return marks;
 }
@@ -139,8 +139,8 @@ void SortAirwayRows(Model& model) {
     // would want a buffer of its own). Entry keys are copied beside the order, so that most
     // comparisons stay out of the table; exit keys are read only where entries tie.
     RunState& run = model.Run;
-    std::int32_t* order = run.ScratchA.data();
-    Fixed4* entry = run.ScratchQueue.data();
+    std::int32_t* order = run.KeyOrder();
+    Fixed4* entry = run.KeyCopy();
     for (std::int32_t row = 1; row <= n; ++row) {
         order[row - 1] = row;
         entry[row] = rows[row].EntryKey;

@@ -67,8 +67,8 @@ struct RunState {
     // Per airway, rows 1..MaxAirways ([0] unused).
     std::vector<std::int16_t> EntryNodeNo; // node of the From end; negative for a chord
     std::vector<std::int16_t> ExitNodeNo;  // node of the To end; negative for a fixed chord
-    std::vector<float> FanLink;            // working curve slot, -1, 0; the operating pressure after balancing
-    std::vector<float> Work;               // mesh weight; chord flows and closing pressures while balancing
+    std::vector<float> FanLink;            // FanSlot, then SourcePressure (below)
+    std::vector<float> Work;               // MeshWeight, ClosingResistance, ChordPressure, PressureDrop
     std::vector<std::int16_t> SortOrder;   // positions 1..N: rows by descending weight
 
     // Per node, 1..NumNodes ([0] unused).
@@ -103,9 +103,51 @@ struct RunState {
     std::string ErrorListCaption;
 
     // Scratch arrays of the engine's own methods, sized with the rest so that no stage
-    // allocates: set links and labels of the forest, mesh marks, row orders and a queue.
+    // allocates; the stages reach them by the names below.
     std::vector<std::int32_t> ScratchA, ScratchB, ScratchC, ScratchD;
     std::vector<std::int64_t> ScratchQueue;
+
+    // What each stage keeps in the shared columns, under a name of its own. Stages that never
+    // hold their values at the same time share one storage, so that a run allocates nothing.
+    // FanLink: from the working curves to the end of balancing, each airway's working curve
+    // slot (FixedPressureSlot for a fixed pressure, 0 for none); once the balance closes, what
+    // its pressure source delivered at the final flows.
+    float* FanSlot() { return FanLink.data(); }
+    const float* FanSlot() const { return FanLink.data(); }
+    float* SourcePressure() { return FanLink.data(); }
+    const float* SourcePressure() const { return FanLink.data(); }
+    // Work: meshing's weight of each airway (its resistance, or FullWeight); while the balance
+    // closes, the resistances of the fixed meshes' sums, then the pressure each fixed chord
+    // supplies to hold its flow; while node pressures resolve, each airway's pressure drop.
+    float* MeshWeight() { return Work.data(); }
+    const float* MeshWeight() const { return Work.data(); }
+    float* ClosingResistance() { return Work.data(); }
+    float* ChordPressure() { return Work.data(); }
+    float* PressureDrop() { return Work.data(); }
+    // The checking stage: the row marks of the duplicate and zero-length checks; the sort of
+    // the rows (their order, and each row's EntryKey beside it); the connection checks (an
+    // inflow mark per node, the rows ordered by their From and by their To points).
+    std::int32_t* RowMarks() { return ScratchB.data(); }
+    std::int32_t* KeyOrder() { return ScratchA.data(); }
+    Fixed4* KeyCopy() { return ScratchQueue.data(); }
+    std::int32_t* NodeInflow() { return ScratchB.data(); }
+    std::int32_t* RowsByFrom() { return ScratchC.data(); }
+    std::int32_t* RowsByTo() { return ScratchD.data(); }
+    // Meshing: the rows by weight; the disjoint sets of the forest (link, label and size per
+    // node); per airway the mesh that last wrote it and where, and the path of a mesh.
+    std::int32_t* WeightOrder() { return ScratchA.data(); }
+    std::int32_t* ForestLink() { return ScratchA.data(); }
+    std::int32_t* ForestLabel() { return ScratchB.data(); }
+    std::int32_t* ForestSize() { return ScratchC.data(); }
+    std::int32_t* MarkMesh() { return ScratchA.data(); }
+    std::int32_t* MarkPos() { return ScratchB.data(); }
+    std::int32_t* MeshPath() { return ScratchD.data(); }
+    // Node pressures: the node blocks done, and the queue of rows to visit.
+    std::int32_t* BlockDone() { return ScratchA.data(); }
+    std::int64_t* PressureQueue() { return ScratchQueue.data(); }
+    // Neighbour lists: the rows ordered by EntryKey and by ExitKey.
+    std::int32_t* RowsByEntry() { return ScratchA.data(); }
+    std::int32_t* RowsByExit() { return ScratchB.data(); }
 
     // The Newton balancing's own store; empty until a run balances by Newton's method. Copies
     // of a model share it: the solver checks on every run that it fits the present network.

@@ -141,7 +141,7 @@ void BalanceFlows(Model& model, ui::UserInterface& ui) {
     RunState& run = model.Run;
     BeginBalance(model, ui);
 
-    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
+    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanSlot()};
     const float* resistance = run.FlatR.data();
     const std::int16_t* list = run.MeshList.data();
     const std::int32_t meshes = run.NumMeshes;
@@ -193,11 +193,12 @@ void CloseBalance(Model& model) {
     RunState& run = model.Run;
     const std::int32_t n = model.AirwayCount;
     CopyColumnsIn(model);
-    for (std::int32_t i = 1; i <= n; ++i) run.Work[i] = model.Airways[i].Resistance;
+    float* resistance = run.ClosingResistance();
+    for (std::int32_t i = 1; i <= n; ++i) resistance[i] = model.Airways[i].Resistance;
 
     // The pressure each fixed chord must supply to hold its flow. A chord belongs to its own
     // mesh alone, so the values stored on the way never enter another mesh's sum.
-    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanLink.data()};
+    const Columns cols{run.FlatQ.data(), run.FlatP.data(), run.FanSlot()};
     const std::int16_t* list = run.MeshList.data();
     float* closing = run.FlatR.data(); // free in this step: holds each fixed chord's value
     for (std::int32_t i = 1; i <= n; ++i) closing[i] = 0.0f;
@@ -205,19 +206,23 @@ void CloseBalance(Model& model) {
         if (model.StopFlag == StopRequest::Stop) return;
         const std::int32_t first = run.MeshStart[m], last = run.MeshStart[m + 1];
         if (list[first] >= 0) continue;
-        const MeshSums sums = SumMesh(model, list, first, last, cols, run.Work.data());
+        const MeshSums sums = SumMesh(model, list, first, last, cols, resistance);
         closing[std::abs(static_cast<std::int32_t>(list[first]))] = sums.H;
     }
-    for (std::int32_t i = 1; i <= n; ++i) run.Work[i] = closing[i];
+    float* chord = run.ChordPressure();
+    for (std::int32_t i = 1; i <= n; ++i) chord[i] = closing[i];
 
+    // Each working curve slot becomes what its source delivers at the final flow.
+    const float* slot = run.FanSlot();
+    float* source = run.SourcePressure();
     for (std::int32_t i = 1; i <= n; ++i) {
-        if (run.FanLink[i] == 0.0f) continue;
+        if (slot[i] == 0.0f) continue;
         const Airway& a = model.Airways[i];
-        const FanReading f = ReadFanCurve(model, static_cast<std::int32_t>(run.FanLink[i]), a.Quantity, i, a.Pressure);
-        run.FanLink[i] = f.FanRange == FanOnCurve ? f.FanPressure : 9999.0f * f.FanRange;
+        const FanReading f = ReadFanCurve(model, static_cast<std::int32_t>(slot[i]), a.Quantity, i, a.Pressure);
+        source[i] = f.FanRange == FanOnCurve ? f.FanPressure : 9999.0f * f.FanRange;
     }
     for (std::int32_t i = 1; i <= n; ++i)
-        if (run.Work[i] != 0.0f) run.FanLink[i] = run.Work[i];
+        if (chord[i] != 0.0f) source[i] = chord[i];
 }
 
 } // namespace karvane::simulate

@@ -102,7 +102,7 @@ bool BuildWorkingCurves(Model& model, ui::UserInterface& ui) {
     for (std::int32_t i = 1; i <= model.AirwayCount; ++i) {
         const Airway& a = model.Airways[i];
         if (a.FanNumber <= 0) {
-            run.FanLink[i] = a.FanNumber < 0 ? static_cast<float>(FixedPressureSlot) : 0.0f;
+            run.FanSlot()[i] = a.FanNumber < 0 ? static_cast<float>(FixedPressureSlot) : 0.0f;
             continue;
         }
         const std::int32_t code = FanCode(a);
@@ -139,7 +139,7 @@ bool BuildWorkingCurves(Model& model, ui::UserInterface& ui) {
                 tailFans[outsideCount++] = static_cast<std::int16_t>(slot);
             }
         }
-        run.FanLink[i] = static_cast<float>(slot);
+        run.FanSlot()[i] = static_cast<float>(slot);
     }
 
     // Parallel fans stretch the curve along the flow axis, series fans along the pressure axis.

@@ -63,7 +63,7 @@ struct Forest {
 void TreeChecks(Model& model, std::int32_t a) {
     Airway& w = model.Airways[a];
     const bool fixedFlow = w.Has(bc::FixedFlow);
-    if (!fixedFlow && !(model.Run.Work[a] >= RestrictionWeight)) return;
+    if (!fixedFlow && !(model.Run.MeshWeight()[a] >= RestrictionWeight)) return;
     if (fixedFlow) {
         // A fixed flow that no loop can carry, in every mode. Listed and noted, but not marked
         // as an error of the drawing: the airway keeps its own look.
@@ -95,23 +95,23 @@ void MeshStoreFull(Model& model, ui::UserInterface& ui) {
 void PrepareMeshOrder(Model& model) {
     RunState& run = model.Run;
     const std::int32_t n = model.AirwayCount;
+    float* weight = run.MeshWeight();
     for (std::int32_t i = 1; i <= n; ++i) {
         Airway& a = model.Airways[i];
-        run.Work[i] = a.Resistance;
+        weight[i] = a.Resistance;
         if (Blocked(model, a)) {
-            run.Work[i] = FullWeight;
+            weight[i] = FullWeight;
             a.Quantity = 0.0f;
         }
-        if (a.Has(bc::FixedFlow)) run.Work[i] = FullWeight;
-        if (a.FanNumber != 0) run.Work[i] = FullWeight;
+        if (a.Has(bc::FixedFlow)) weight[i] = FullWeight;
+        if (a.FanNumber != 0) weight[i] = FullWeight;
     }
     // Ascending weight, lower row first among equals; SortOrder holds the reverse, so that
     // its last position is the lightest airway.
-    std::int32_t* order = run.ScratchA.data();
+    std::int32_t* order = run.WeightOrder();
     for (std::int32_t i = 0; i < n; ++i) order[i] = i + 1;
-    const float* work = run.Work.data();
-    std::sort(order, order + n, [work](std::int32_t p, std::int32_t q) {
-        const float kp = OrderKey(work[p]), kq = OrderKey(work[q]);
+    std::sort(order, order + n, [weight](std::int32_t p, std::int32_t q) {
+        const float kp = OrderKey(weight[p]), kq = OrderKey(weight[q]);
         return kp < kq || (kp == kq && p < q);
     });
     for (std::int32_t i = 0; i < n; ++i) run.SortOrder[n - i] = static_cast<std::int16_t>(order[i]);
@@ -124,9 +124,9 @@ void BuildForest(Model& model) {
     for (std::int32_t k = 0; k <= nodes; ++k) {
         run.NodeComp[k] = 0;
         run.NodeParent[k] = 0;
-        run.ScratchA[k] = 0;
+        run.ForestLink()[k] = 0;
     }
-    Forest forest{run.ScratchA.data(), run.ScratchB.data(), run.ScratchC.data()};
+    Forest forest{run.ForestLink(), run.ForestLabel(), run.ForestSize()};
     if (n < 1) return;
     std::int32_t trees = 1;
     forest.Start(run.EntryNodeNo[1], 1);
@@ -183,9 +183,9 @@ bool BuildMeshLists(Model& model, ui::UserInterface& ui) {
     RunState& run = model.Run;
     const std::int32_t n = model.AirwayCount;
     // Marks: the mesh that last wrote an airway, and where.
-    std::int32_t* markMesh = run.ScratchA.data();
-    std::int32_t* markPos = run.ScratchB.data();
-    std::int32_t* path = run.ScratchD.data();
+    std::int32_t* markMesh = run.MarkMesh();
+    std::int32_t* markPos = run.MarkPos();
+    std::int32_t* path = run.MeshPath();
     std::fill(markMesh, markMesh + n + 1, 0);
 
     std::int16_t* list = run.MeshList.data();

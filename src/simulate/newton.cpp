@@ -260,7 +260,7 @@ void Newton::Analyse() {
 void Newton::Evaluate() {
     const float* R = Run.FlatR.data();
     const float* P = Run.FlatP.data();
-    const float* link = Run.FanLink.data();
+    const float* link = Run.FanSlot();
     const double floorFlow = FloorFlowShare * static_cast<double>(M.Set.AllowErr);
     double smallest = INFINITY;
     for (std::int32_t a = 1; a <= N; ++a) {
@@ -349,7 +349,7 @@ void Newton::MeshSteps() {
 double Newton::LineSearch() {
     const float* R = Run.FlatR.data();
     const float* P = Run.FlatP.data();
-    const float* link = Run.FanLink.data();
+    const float* link = Run.FanSlot();
     double slope = 0; // dF/dalpha at 0
     for (std::int32_t a = 1; a <= N; ++a) slope += W.H[a] * W.Step[a];
     if (!(slope < 0)) return 1.0;

@@ -41,7 +41,7 @@ void StoreAirwayPressures(Model& model) {
     const RunState& run = model.Run;
     for (std::int32_t i = 1; i <= model.AirwayCount; ++i) {
         Airway& a = model.Airways[i];
-        const float link = run.FanLink[i];
+        const float link = run.SourcePressure()[i];
         if (a.FanNumber == 0)
             a.Pressure = static_cast<float>(-(static_cast<double>(a.Quantity) * a.Quantity) * a.Resistance);
         if (a.FanNumber > 0) a.Pressure = link;
@@ -70,9 +70,9 @@ float RowDrop(const Model& model, std::int32_t row) {
 void FloodNodePressures(Model& model, const float* drop) {
     RunState& run = model.Run;
     const std::int32_t n = model.AirwayCount;
-    std::int32_t* blockDone = run.ScratchA.data(); // by the first row of a node's block
+    std::int32_t* blockDone = run.BlockDone(); // by the first row of a node's block
     std::fill(blockDone, blockDone + n + 2, 0);
-    std::int64_t* heap = run.ScratchQueue.data();
+    std::int64_t* heap = run.PressureQueue();
     std::int64_t size = 0;
     const std::int64_t stride = n + 1;
     const auto later = std::greater<std::int64_t>();
@@ -108,7 +108,7 @@ void FloodNodePressures(Model& model, const float* drop) {
 void ResolveNodePressures(Model& model, ui::UserInterface& ui, const std::function<void(int)>& show) {
     files::SortAirways(model, ui);
     const std::int32_t n = model.AirwayCount;
-    float* drop = model.Run.Work.data();
+    float* drop = model.Run.PressureDrop();
     bool anySurface = false;
     for (std::int32_t i = 1; i <= n; ++i) {
         Airway& a = model.Airways[i];

@@ -245,8 +245,8 @@ void BuildNeighbourLists(Model& model) {
     const Airway* rows = model.Airways.data();
     auto entryKey = [rows](std::int32_t r) { return rows[r].EntryKey; };
     auto exitKey = [rows](std::int32_t r) { return rows[r].ExitKey; };
-    std::int32_t* byEntry = run.ScratchA.data();
-    std::int32_t* byExit = run.ScratchB.data();
+    std::int32_t* byEntry = run.RowsByEntry();
+    std::int32_t* byExit = run.RowsByExit();
     OrderRows(byEntry, n, entryKey);
     OrderRows(byExit, n, exitKey);
 

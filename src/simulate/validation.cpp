@@ -39,8 +39,8 @@ public:
     EndPoints(Model& model, std::int32_t n)
         : rows_(model.Airways),
           n_(n),
-          byFrom_(model.Run.ScratchC.data()),
-          byTo_(model.Run.ScratchD.data()) {
+          byFrom_(model.Run.RowsByFrom()),
+          byTo_(model.Run.RowsByTo()) {
         for (std::int32_t row = 1; row <= n; ++row) byFrom_[row - 1] = byTo_[row - 1] = row;
         std::sort(byFrom_, byFrom_ + n, [this](std::int32_t a, std::int32_t b) { return From(a) < From(b); });
         std::sort(byTo_, byTo_ + n, [this](std::int32_t a, std::int32_t b) { return To(a) < To(b); });
@@ -104,7 +104,7 @@ void CheckConnections(Model& model) {
 
     // Exits: every airway must lead to a node that some airway leaves. A node reached this
     // way has an inflow; any row found gives the same node number.
-    std::int32_t* inflow = run.ScratchB.data();
+    std::int32_t* inflow = run.NodeInflow();
     std::fill_n(inflow, run.NumNodes + 1, 0);
     for (std::int32_t row = 1; row <= n; ++row) {
         const Fixed4 key = rows[row].ExitKey;
@@ -150,7 +150,7 @@ void CheckConnections(Model& model) {
     std::fill_n(run.NodeParent.begin(), nodeSlots, std::int16_t{0});
     std::fill_n(run.NodeComp.begin(), std::min(run.NodeComp.size(), nodeSlots), std::int16_t{0});
     for (std::int32_t row = 1; row <= n; ++row) {
-        run.Work[row] = 0;
+        run.MeshWeight()[row] = 0;
         run.SortOrder[row] = 0;
         Airway& a = rows[row];
         if (std::fabs(a.Quantity) > NoFlowQuantity) a.Quantity = 0;
